@@ -1,0 +1,13 @@
+// One export, from the artifact that the user ran the agent on to the written files.
+#pragma once
+
+#include "host/element.h"
+
+namespace mdktoidl {
+
+/// Runs one export and reports through the host's message output. Does nothing without an artifact
+/// or a model access object. Nothing is thrown, whatever the model or the host does, and nothing is
+/// kept between runs but the settings. Runs must not overlap: they share the process's globals.
+void RunExport(mdk::IMdeEntity* artifact) noexcept;
+
+}  // namespace mdktoidl

@@ -1,0 +1,14 @@
+// Comments of model elements as line comments of IDL.
+#pragma once
+
+#include <fstream>
+
+#include "host/element.h"
+
+namespace mdktoidl {
+
+/// Writes every comment of the element, each of its lines on a line of its own. Nothing, not even
+/// a line end, for an element without comments.
+void WriteComments(mdk::IMdeEntity* element, std::ofstream& out);
+
+}  // namespace mdktoidl

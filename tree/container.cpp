@@ -1,0 +1,43 @@
+#include "tree/container.h"
+
+#include <algorithm>
+
+#include "tree/node_registry.h"
+
+namespace mdktoidl {
+
+void Container::Adopt(std::unique_ptr<Node> child) {
+  child->lastSerial = nodeRegistry.LastSerial();
+  child->position = static_cast<std::uint32_t>(children.size());
+  children.push_back(std::move(child));
+}
+
+Node* Container::ChildEnclosing(const Node& node) const {
+  const auto startsBehind = [](std::uint32_t serial, const std::unique_ptr<Node>& child) {
+    return serial < child->Serial();
+  };
+  const auto behind =
+      std::upper_bound(children.begin(), children.end(), node.Serial(), startsBehind);
+  if (behind == children.begin()) return nullptr;
+  Node* child = std::prev(behind)->get();
+  return node.Serial() <= child->LastSerial() ? child : nullptr;
+}
+
+void Container::ObserveReferences(const Node&, const NodeList&) {}
+
+// Each child has a list of its own: what one leaves over can't become a dependency of the next, and
+// is not sorted again for each of its siblings.
+void Container::EvaluateChildren(NodeList& outside) {
+  NodeList collected;
+  for (const auto& child : children) {
+    NodeList deps;
+    child->EvaluateTypes(deps);
+    ObserveReferences(*child, deps);
+    child->MoveLocalDeclarations(*this, deps);
+    JoinList(deps, collected);
+  }
+  SortByCreation(collected);
+  JoinList(collected, outside);
+}
+
+}  // namespace mdktoidl

@@ -1,0 +1,38 @@
+// A declaration that owns the declarations inside it.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "tree/node.h"
+
+namespace mdktoidl {
+
+class Container : public Node {
+ public:
+  using Children = std::vector<std::unique_ptr<Node>>;
+
+  /// The nested declarations, in the order of creation.
+  const Children& Nested() const { return children; }
+
+  /// The child that is or encloses `node`; null when `node` is not inside this container.
+  Node* ChildEnclosing(const Node& node) const;
+
+ protected:
+  using Node::Node;
+
+  /// Takes over a child that is complete: everything inside it has been built.
+  void Adopt(std::unique_ptr<Node> child);
+
+  /// Evaluates every child and gives it its dependencies among its siblings; appends to `outside`
+  /// what the children refer to outside this container.
+  void EvaluateChildren(NodeList& outside);
+
+  /// Called for each child with all that it refers to outside itself, before its dependencies are
+  /// taken out of that.
+  virtual void ObserveReferences(const Node& child, const NodeList& references);
+
+  Children children;
+};
+
+}  // namespace mdktoidl

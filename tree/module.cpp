@@ -1,0 +1,201 @@
+#include "tree/module.h"
+
+#include <algorithm>
+#include <unordered_set>
+
+#include "agent/diagnostics.h"
+#include "options/options.h"
+#include "output/file.h"
+#include "output/layout.h"
+#include "tree/artifact.h"
+#include "tree/classification.h"
+#include "tree/constant.h"
+#include "tree/enumeration.h"
+#include "tree/exception.h"
+#include "tree/interface.h"
+#include "tree/root.h"
+#include "tree/struct.h"
+#include "types/elements.h"
+#include "types/markings.h"
+
+namespace mdktoidl {
+
+namespace {
+
+const Classification moduleMembers = {
+    {"Attribute", {{isPublicConstant, Make<Constant>}}},
+    {"Class",
+     {{Carries<markings::corbaInterface>, Make<Interface>},
+      {Carries<markings::corbaStruct>, Make<Struct>},
+      {Carries<markings::corbaException>, Make<Exception>},
+      {Carries<markings::corbaArtifact>, Make<Artifact>}}},
+    {"DataType", {{Carries<markings::corbaEnum>, Make<Enumeration>}}},
+    {"Interface", {{Carries<markings::corbaInterface>, Make<Interface>}}},
+    {"Package", {{Carries<markings::corbaModule>, Make<Module>}}},
+    {"Artifact", {{Carries<markings::corbaArtifact>, Make<Artifact>}}},
+};
+
+/// Whether an element is the one of a declaration or of something around it.
+bool isAround(const mdk::IMdeEntity* element, const Definition* declaration) {
+  for (; declaration != nullptr; declaration = declaration->Scope()) {
+    if (declaration->Entity() == element) return true;
+  }
+  return false;
+}
+
+void WriteInclude(const std::string& fileName, std::ofstream& out) {
+  newline(out);
+  out << "#include \"" << fileName << '"';
+}
+
+std::string FileName(const Node* fileNode) {
+  if (fileNode->isModule()) return static_cast<const Module*>(fileNode)->ScopedFileName();
+  return File::CreateFileName(options.FileName());
+}
+
+/// Writes include lines, none twice.
+class IncludeLines {
+ public:
+  IncludeLines(const std::string& ownFile, std::ofstream& out) : written_{ownFile}, out_(out) {}
+
+  void Write(const std::string& fileName) {
+    if (written_.insert(fileName).second) WriteInclude(fileName, out_);
+  }
+
+ private:
+  std::unordered_set<std::string> written_;
+  std::ofstream& out_;
+};
+
+}  // namespace
+
+Module::Module(mdk::IMdeEntity* element, Container* parent) : OrderedScope(element, parent) {
+  CreateNodeRef();
+  Init(element);
+  if (children.empty()) Report(Message::moduleIsEmpty, {ScopedName("::")});
+}
+
+void Module::Init(mdk::IMdeEntity* element) {
+  for (mdk::IMdeEntity* member : Elements(element, "OwnedMember")) {
+    if (isAround(member, this)) continue;  // a package can't contain itself; a bad model may say so
+    if (auto node = Classify(moduleMembers, member, this)) Adopt(std::move(node));
+  }
+}
+
+void Module::EvaluateTypes(NodeList& deps) {
+  NodeList outside;
+  EvaluateChildren(outside);
+  for (const auto& child : children) onlyModules = onlyModules && child->isModule();
+  JoinList(outside, deps);
+  external = std::move(outside);
+  NameFile();
+  Sort();
+}
+
+void Module::ObserveReferences(const Node& child, const NodeList& references) {
+  if (options.Mapping() == ONE_FILE || child.isModule()) return;
+  for (Node* reference : references) {
+    if (ChildEnclosing(*reference) != nullptr && GetFileNode(reference) != this) {
+      nested.push_back(reference);
+    }
+  }
+}
+
+void Module::NameFile() {
+  if (options.Mapping() == MODULE_FLAT) {
+    fileName = File::CreateFileName(ScopedName("_"));
+  } else if (options.Mapping() == MODULE_STRUCTURED) {
+    const std::string path = ScopedName("/");
+    std::string directory = options.RootDir() + "/" + path;
+    File::CreateDir(directory);
+    fileName = path + "/" + File::CreateFileName(Name());
+  }
+}
+
+const Node* Module::GetFileNode(const Node* node) {
+  for (const Definition* each = node->Scope(); each != nullptr; each = each->Scope()) {
+    const Node* enclosing = static_cast<const Node*>(each);
+    if (enclosing->isModule()) return enclosing;
+  }
+  return root;
+}
+
+void Module::Unparse(std::ofstream& out) {
+  const bool oneFile = options.Mapping() == ONE_FILE;
+  if (oneFile) {
+    UnparseBlock(out);
+    return;
+  }
+  File::Close(out);
+  if (!File::Open(ScopedFileName(), out)) return;
+  UnparsePackageRelationships(out);
+  if (!onlyModules) {
+    UnparseModuleScope(out);
+    UnparseBlock(out);
+    UnparseModuleScopeEnd(out);
+  }
+  for (Node* child : sorted) {
+    if (child->isModule()) child->Unparse(out);
+  }
+}
+
+void Module::UnparseBlock(std::ofstream& out) {
+  const bool oneFile = options.Mapping() == ONE_FILE;
+  newline(out);
+  UnparseComment(Entity(), out);
+  newline(out);
+  out << "module " << Name() << " {";
+  indent(out);
+  UnparseForwards(out);
+  for (Node* child : sorted) {
+    if (oneFile || !child->isModule()) child->Unparse(out);
+  }
+  redent(out);
+  newline(out);
+  out << "};";
+}
+
+// The innermost enclosing module is opened first, so three levels come out in the wrong order; that
+// is deliberate, files in use are written so.
+void Module::UnparseModuleScope(std::ofstream& out) const {
+  newline(out);
+  for (const Definition* each = Scope(); each != nullptr; each = each->Scope()) {
+    newline(out);
+    out << "module " << each->Name() << " {";
+    indent(out);
+  }
+}
+
+void Module::UnparseModuleScopeEnd(std::ofstream& out) const {
+  for (const Definition* each = Scope(); each != nullptr; each = each->Scope()) {
+    redent(out);
+    newline(out);
+    out << "};";
+  }
+}
+
+void Module::UnparsePackageRelationships(std::ofstream& out) const {
+  NodeList used = external;
+  JoinList(nested, used);
+  SortByCreation(used);
+  std::vector<const Node*> files;
+  for (const Node* node : used) files.push_back(GetFileNode(node));
+  const auto earlier = [](const Node* left, const Node* right) {
+    return left->Serial() < right->Serial();
+  };
+  std::sort(files.begin(), files.end(), earlier);
+
+  IncludeLines lines(ScopedFileName(), out);
+  for (const Node* file : files) lines.Write(FileName(file));
+  for (mdk::IMdeEntity* dependency : Elements(Entity(), "ClientDependency")) {
+    if (!dependency->HasStereotype("access", 0) && !dependency->HasStereotype("import", 0))
+      continue;
+    mdk::IMdeEntity* supplier = dependency->GetEntity("Supplier", 0);
+    if (supplier == nullptr || !supplier->HasStereotype("CORBA", 0)) continue;
+    const Node* node = GetNodeRef(supplier);
+    if (node == nullptr) continue;  // not part of this export, so it has no file to include
+    lines.Write(FileName(node->isModule() ? node : GetFileNode(node)));
+  }
+}
+
+}  // namespace mdktoidl

@@ -1,0 +1,114 @@
+#include "tree/node.h"
+
+#include <algorithm>
+
+#include "agent/diagnostics.h"
+#include "output/comment.h"
+#include "tree/container.h"
+#include "tree/declaration_user.h"
+#include "tree/node_registry.h"
+#include "tree/node_tag.h"
+
+namespace mdktoidl {
+
+Node::Node(mdk::IMdeEntity* element, Container* parent)
+    : Definition(element), serial(nodeRegistry.NextSerial()), lastSerial(serial) {
+  scope = parent;
+}
+
+void Node::CreateNodeRef() {
+  nodeRegistry.Register(entity, this);
+  WriteNodeTag(entity, reinterpret_cast<std::intptr_t>(this));
+}
+
+Node* Node::GetNodeRef(mdk::IMdeEntity* element) {
+  if (element == nullptr) return nullptr;
+  const long address = ReadNodeTag(element);
+  return address == 0 ? nullptr : nodeRegistry.Find(element, address);
+}
+
+void Node::JoinList(const NodeList& from, NodeList& to) {
+  to.insert(to.end(), from.begin(), from.end());
+}
+
+// A subtree is built without a break, so its serials are an interval: whether a container encloses
+// a node, and which of its children does, needs no walk through the tree.
+void Node::MoveLocalDeclarations(const Container& locals, NodeList& deps, NodeList& out) const {
+  SortByCreation(deps);
+  NodeList left;
+  const Node* moved = nullptr;
+  for (Node* dependency : deps) {
+    Node* child = locals.ChildEnclosing(*dependency);
+    if (child == nullptr) {
+      left.push_back(dependency);
+    } else if (child != moved && (child != this || dependency == this)) {
+      out.push_back(child);
+      moved = child;
+    }
+  }
+  deps = std::move(left);
+}
+
+void Node::MoveLocalDeclarations(const Container& locals, NodeList& deps) {
+  MoveLocalDeclarations(locals, deps, dependencies);
+}
+
+void Node::UnparseForward(std::ofstream&) const {}
+
+void Node::UnparseComment(mdk::IMdeEntity* element, std::ofstream& out) const {
+  WriteComments(element, out);
+}
+
+std::string Node::NameHere(const Node& other) const {
+  return InCurrentScope(&other) ? other.Name() : other.ScopedName("::");
+}
+
+void Node::ResolveType(mdk::IMdeEntity* typed, const TypeComplaints& complaints, NodeList& deps) {
+  TypeReference reference;
+  GetType(typed, DeclarationUser(*this, complaints.word), reference);
+  typeKind = reference.kind;
+  typeName = reference.text;
+  elementKind = reference.elementKind;
+  elementName = reference.declaratorSuffix;
+  ResolveBounds(reference, complaints.boundUnknown, deps);
+  if (typeKind == unknownType) {
+    Report(complaints.typeUnknown, {ScopedName("::")});
+    return;
+  }
+  if (reference.isAnonymous) Report(complaints.typeAnonymous, {ScopedName("::")});
+  ResolveDefinitions(reference, complaints.typeNotExported, deps);
+}
+
+void Node::ResolveBounds(const TypeReference& reference, std::optional<Message> unknown,
+                         NodeList& deps) {
+  for (mdk::IMdeEntity* bound : reference.bounds) {
+    Node* node = GetNodeRef(bound);
+    if (node != nullptr && node->declaresConstant()) {
+      deps.push_back(node);
+    } else if (unknown) {
+      Report(*unknown, {ScopedName("::")});
+    }
+  }
+}
+
+void Node::ResolveDefinitions(const TypeReference& reference, Message notExported, NodeList& deps) {
+  for (mdk::IMdeEntity* named : reference.definitions) {
+    type = GetNodeRef(named);
+    if (type == nullptr) {
+      Report(notExported, {ScopedName("::")});
+      continue;
+    }
+    deps.push_back(type);
+    if (!reference.isAnonymous && !InCurrentScope(type)) auxText = type->ScopedName("::");
+  }
+}
+
+void SortByCreation(NodeList& nodes) {
+  const auto earlier = [](const Node* left, const Node* right) {
+    return left->Serial() < right->Serial();
+  };
+  std::sort(nodes.begin(), nodes.end(), earlier);
+  nodes.erase(std::unique(nodes.begin(), nodes.end()), nodes.end());
+}
+
+}  // namespace mdktoidl

@@ -1,0 +1,127 @@
+// One IDL declaration: what every construct has in common.
+//
+// A node is built from a model element, together with all nodes inside it; then its types are
+// evaluated, once for the whole tree; then it is written. Constructs differ by what they override.
+#pragma once
+
+#include <cstdint>
+#include <fstream>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "agent/messages.h"
+#include "tree/definition.h"
+#include "types/type_kind.h"
+#include "types/type_reference.h"
+
+namespace mdktoidl {
+
+class Container;
+class Enumeration;
+class Node;
+
+/// Borrowed nodes. Kept sorted by creation where a list serves as a set.
+using NodeList = std::vector<Node*>;
+
+/// What a construct says about its type, by what is wrong with it.
+struct TypeComplaints {
+  std::string_view word;                ///< the construct word
+  std::optional<Message> boundUnknown;  ///< nothing when another construct says so
+  Message typeUnknown;
+  Message typeAnonymous;
+  Message typeNotExported;
+};
+
+class Node : public Definition {
+ public:
+  ~Node() override = default;
+
+  /// Resolves the types that this declaration uses, checks its rules, and appends to `deps` every
+  /// node outside it that it refers to.
+  virtual void EvaluateTypes(NodeList& deps) = 0;
+
+  /// Writes the declaration.
+  virtual void Unparse(std::ofstream& out) = 0;
+
+  /// Appends `from` to `to`.
+  static void JoinList(const NodeList& from, NodeList& to);
+
+  /// Takes out of `deps` what is declared inside `locals`, at any depth, and appends to `out` the
+  /// children of `locals` that are or enclose it, each once, in their order. `deps` is left sorted
+  /// by creation and without duplicates. A child that encloses this node and what it refers to is
+  /// not its own dependency. Costs what sorting `deps` costs, however many children there are.
+  void MoveLocalDeclarations(const Container& locals, NodeList& deps, NodeList& out) const;
+
+  /// The same with this node's own dependencies as `out`.
+  void MoveLocalDeclarations(const Container& locals, NodeList& deps);
+
+  /// Whether IDL has a forward declaration for this construct.
+  virtual bool hasForward() const { return false; }
+  /// Writes the forward declaration; nothing for a construct that has none.
+  virtual void UnparseForward(std::ofstream& out) const;
+
+  /// Whether this is a constant, which may bound a sequence.
+  virtual bool declaresConstant() const { return false; }
+  /// The enumeration that this is, or is another name of; null for anything else.
+  virtual const Enumeration* AsEnumeration() const { return nullptr; }
+  /// Whether this is a module; it may have a file of its own.
+  virtual bool isModule() const { return false; }
+
+  /// The node that was built in this run for `element`; null when there is none, and for null.
+  static Node* GetNodeRef(mdk::IMdeEntity* element);
+
+  /// The name of a declaration as it is written here: simple in scope, else the "::" name.
+  std::string NameHere(const Node& other) const;
+
+  /// The siblings that must be declared before this one. Filled by its container.
+  const NodeList& Dependencies() const { return dependencies; }
+  /// The place in the order of creation. A container's nodes have places behind its own, up to its
+  /// `LastSerial`.
+  std::uint32_t Serial() const { return serial; }
+  std::uint32_t LastSerial() const { return lastSerial; }
+  /// The place among its siblings, from 0.
+  std::uint32_t Position() const { return position; }
+
+ protected:
+  /// A node inside `parent`, or at the top of the tree when that is null.
+  Node(mdk::IMdeEntity* element, Container* parent);
+
+  /// Leaves a tag on the element by which `GetNodeRef` finds this node.
+  void CreateNodeRef();
+
+  /// Resolves the type of `typed` as the type of this declaration.
+  void ResolveType(mdk::IMdeEntity* typed, const TypeComplaints& complaints, NodeList& deps);
+
+  /// The type as it is written here.
+  const std::string& TypeText() const { return auxText.empty() ? typeName : auxText; }
+  /// What is written behind the declared name; "[2][3]" for an array.
+  const std::string& DeclaratorSuffix() const { return elementName; }
+
+  void UnparseComment(mdk::IMdeEntity* element, std::ofstream& out) const;
+
+  TypeKind typeKind = unknownType;
+  std::string typeName;  // the type's text, simple names for plain definitions
+  Node* type = nullptr;  // the declaration that the type names, the last one inside a template
+  TypeKind elementKind = unknownType;
+  std::string elementName;  // the declarator suffix
+  std::string auxText;      // the "::" name of a type outside the current scope
+  NodeList dependencies;
+
+ private:
+  friend class Container;
+
+  void ResolveBounds(const TypeReference& reference, std::optional<Message> unknown,
+                     NodeList& deps);
+  void ResolveDefinitions(const TypeReference& reference, Message notExported, NodeList& deps);
+
+  std::uint32_t serial;
+  std::uint32_t lastSerial;
+  std::uint32_t position = 0;
+};
+
+/// Sorts by creation and removes duplicates.
+void SortByCreation(NodeList& nodes);
+
+}  // namespace mdktoidl

@@ -1,0 +1,38 @@
+// An IDL operation: plain, oneway, a factory or a finder. A UML signal becomes a oneway operation.
+#pragma once
+
+#include "tree/container.h"
+
+namespace mdktoidl {
+
+/// Its children are the parameters, the return parameter included.
+class Operation : public Container {
+ public:
+  Operation(mdk::IMdeEntity* element, Container* parent);
+
+  void EvaluateTypes(NodeList& deps) override;
+  void Unparse(std::ofstream& out) override;
+
+  bool isFactory() const { return factory; }
+  bool isFinder() const { return finder; }
+  bool isSignal() const;
+  /// Whether the rules of oneway operations hold: only in-parameters and no exceptions. Finders and
+  /// factories count, although they are not written with "oneway".
+  bool isOneway() const;
+
+ private:
+  void CheckOwner() const;
+  void EvaluateReturnType(NodeList& deps);
+  void EvaluateRaises(NodeList& deps);
+  void UnparsePrefix(std::ofstream& out) const;
+  void UnparseParameters(std::ofstream& out) const;
+  void UnparseRaises(std::ofstream& out) const;
+  void UnparseContext(std::ofstream& out) const;
+
+  Node* returnParameter = nullptr;  // one of the children; null for none
+  NodeList raises;
+  bool finder;
+  bool factory;
+};
+
+}  // namespace mdktoidl

@@ -1,0 +1,29 @@
+#include "tree/ordered_scope.h"
+
+#include "agent/diagnostics.h"
+#include "output/ordering.h"
+
+namespace mdktoidl {
+
+void OrderedScope::Sort() {
+  DependencyGraph graph;
+  for (const auto& child : children) {
+    graph.AddNode();
+    for (const Node* dependency : child->Dependencies()) {
+      graph.AddDependency(dependency->Position());
+    }
+  }
+  const Ordering ordering = OrderByDependencies(graph);
+  for (std::size_t position : ordering.order) sorted.push_back(children[position].get());
+  for (std::size_t position : ordering.cyclic) {
+    Node* node = children[position].get();
+    forwards.push_back(node);
+    if (!node->hasForward()) Report(Message::cannotBeForward, {node->ScopedName("::")});
+  }
+}
+
+void OrderedScope::UnparseForwards(std::ofstream& out) const {
+  for (const Node* node : forwards) node->UnparseForward(out);
+}
+
+}  // namespace mdktoidl

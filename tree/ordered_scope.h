@@ -1,0 +1,24 @@
+// A container that writes its declarations in the order in which they use each other.
+#pragma once
+
+#include "tree/container.h"
+
+namespace mdktoidl {
+
+class OrderedScope : public Container {
+ protected:
+  using Container::Container;
+
+  /// Orders the children, once their dependencies are known, and finds those that need a forward
+  /// declaration. Part of evaluation, so that the warning about a child that can't have one is
+  /// raised, once, before the messages are printed.
+  void Sort();
+
+  /// Writes the forward declarations.
+  void UnparseForwards(std::ofstream& out) const;
+
+  NodeList forwards;  // children on a cycle of dependencies, by creation
+  NodeList sorted;    // all children in output order
+};
+
+}  // namespace mdktoidl

@@ -1,0 +1,39 @@
+#include "tree/struct.h"
+
+#include "agent/diagnostics.h"
+#include "output/layout.h"
+#include "tree/field.h"
+#include "types/elements.h"
+#include "types/marking.h"
+
+namespace mdktoidl {
+
+Struct::Struct(mdk::IMdeEntity* element, Container* parent) : Container(element, parent) {
+  CreateNodeRef();
+  const std::list<mdk::IMdeEntity*> members = Elements(element, "OwnedMember");
+  if (members.empty()) Report(Message::structHasNoMembers, {ScopedName("::")});
+  for (mdk::IMdeEntity* member : members) {
+    if (!member->IsKindOf("Attribute") || !isPublic(member)) continue;
+    if (isConstant(member)) Report(Message::structHasConstant, {ScopedName("::")});
+    Adopt(std::make_unique<Field>(member, this));
+  }
+}
+
+void Struct::Unparse(std::ofstream& out) {
+  newline(out);
+  UnparseComment(Entity(), out);
+  newline(out);
+  out << "struct " << Name() << " {";
+  indent(out);
+  for (const auto& child : children) child->Unparse(out);
+  redent(out);
+  newline(out);
+  out << "};";
+}
+
+void Struct::UnparseForward(std::ofstream& out) const {
+  newline(out);
+  out << "struct " << Name() << ';';
+}
+
+}  // namespace mdktoidl

@@ -1,0 +1,25 @@
+#include "types/marking.h"
+
+namespace mdktoidl {
+
+bool isMarked(mdk::IMdeEntity* element, const Marking& marking) {
+  return element->EvalExpression(marking.Expression(), 0) != nullptr;
+}
+
+bool isPublic(mdk::IMdeEntity* element) {
+  const std::string visibility = element->GetValue("Visibility", 0);
+  return visibility == "VkPublic" || visibility == "VkNoVisibility";
+}
+
+bool isConstant(mdk::IMdeEntity* element) {
+  static const std::string expression = "CORBAAttribute (. isConstant .)";
+  return TaggedLiteral(element, expression, "false") != "false";
+}
+
+std::string TaggedLiteral(mdk::IMdeEntity* element, const std::string& expression,
+                          const std::string& absent) {
+  mdk::IMdeEntity* value = element->EvalExpression(expression, 0);
+  return value == nullptr ? absent : value->GetValue("Name", 0);
+}
+
+}  // namespace mdktoidl

@@ -1,0 +1,174 @@
+#include "types/template_type.h"
+
+#include <list>
+#include <optional>
+#include <unordered_set>
+
+#include "agent/idl_exception.h"
+#include "types/constant_value.h"
+#include "types/text.h"
+
+namespace mdktoidl {
+
+namespace {
+
+/// Appends "," and a bound, if there is one, and the closing bracket.
+void CloseBracket(std::string& text, const std::string& bound) {
+  if (!bound.empty()) text.append(", ").append(bound);
+  if (text.ends_with('>')) text += ' ';
+  text += '>';
+}
+
+/// One template instantiation, its parameters not yet looked at.
+struct Instantiation {
+  std::string name;
+  std::vector<mdk::IMdeEntity*> parameters;
+
+  explicit Instantiation(mdk::IMdeEntity* element) {
+    mdk::IMdeEntity* instantiated = element->GetEntity("InstanceOf", 0);
+    if (instantiated != nullptr) name = instantiated->GetValue("Name", 0);
+    std::list<mdk::IMdeEntity*> actuals;
+    element->GetEntities("ActualTemplateParameter", actuals);
+    parameters.assign(actuals.begin(), actuals.end());
+  }
+
+  bool hasElement() const { return name == "sequence" || name == "array"; }
+
+  bool isKnown() const {
+    return hasElement() || name == "string" || name == "wstring" || name == "fixed";
+  }
+
+  [[noreturn]] void Refuse() const {
+    throw IDLException("A parameter of " + name + " template has incorrect type");
+  }
+
+  void RequireCount(std::size_t least, std::size_t most) const {
+    if (parameters.size() < least || parameters.size() > most) Refuse();
+  }
+
+  /// The text of a numeric parameter. A constant is written as its number: where a name would be
+  /// visible depends on the file, the number doesn't.
+  std::string Number(std::size_t index, long least) const {
+    mdk::IMdeEntity* parameter = parameters[index];
+    if (parameter == nullptr) Refuse();
+    if (parameter->IsKindOf("Ident")) return std::to_string(Constant(parameter, least));
+    const std::string text = parameter->GetValue("ValueString", 0);
+    const auto value = IntegerLiteral(text);
+    if (!parameter->IsKindOf("IntegerValue") || !value || *value < least) Refuse();
+    return text;
+  }
+
+ private:
+  long Constant(mdk::IMdeEntity* identifier, long least) const {
+    mdk::IMdeEntity* constant = identifier->GetEntity("Definition", 0);
+    if (constant == nullptr) throw IDLException("Failed to interpret ident correctly");
+    VisitedConstants visited;
+    const ConstantValue value = EvaluateConstant(constant, visited);
+    if (value.state == ConstantState::circular) {
+      throw IDLException("Circular references between constant values are not allowed");
+    }
+    if (value.state != ConstantState::integer || value.value < least) Refuse();
+    return value.value;
+  }
+};
+
+/// Templates from the outside in: arrays, then sequences, then what they are made of. Walked with a
+/// list, not recursively, because a model's references may nest them to any depth.
+class TemplateChain {
+ public:
+  explicit TemplateChain(const TypeUser& user) : user_(user) {}
+
+  void Build(mdk::IMdeEntity* outermost, TypeReference& result) {
+    mdk::IMdeEntity* element = outermost;
+    while (element != nullptr && element->GetMetaclass() == "TemplateInstantiation") {
+      element = Enter(element);
+    }
+    if (levels_.front().isKnown()) Write(element, result);
+  }
+
+ private:
+  /// Takes up one instantiation; returns its element type, null when it has none.
+  mdk::IMdeEntity* Enter(mdk::IMdeEntity* element) {
+    const bool isNew = entered_.insert(element).second;
+    Instantiation level(element);
+    if (!levels_.empty()) {
+      const bool fits = isNew && level.isKnown();
+      const bool arrayInSequence = level.name == "array" && levels_.back().name == "sequence";
+      if (!fits || arrayInSequence) levels_.back().Refuse();
+    }
+    levels_.push_back(std::move(level));
+    const Instantiation& entered = levels_.back();
+    if (!entered.hasElement()) return nullptr;
+    if (entered.parameters.empty() || entered.parameters.front() == nullptr) entered.Refuse();
+    return entered.parameters.front();
+  }
+
+  void Write(mdk::IMdeEntity* element, TypeReference& result) {
+    TypeReference innermost;
+    const std::string core = Core(element, innermost);
+    for (const Instantiation& level : levels_) Open(level, result);
+    result.text += core;
+    for (auto level = levels_.rbegin(); level != levels_.rend(); ++level) Close(*level, result);
+    result.kind = templateType;
+    result.elementKind = levels_.size() > 1 ? templateType : innermost.kind;
+    result.definitions = innermost.definitions;
+    result.isAnonymous = true;
+  }
+
+  /// The text inside all sequences and arrays.
+  std::string Core(mdk::IMdeEntity* element, TypeReference& innermost) {
+    const Instantiation& level = levels_.back();
+    if (element == nullptr) {
+      innermost.kind = primitiveType;
+      return Bounded(level);
+    }
+    if (element->IsKindOf("IntegerValue")) level.Refuse();
+    mdk::IMdeEntity* found = EvaluateBaseType2(element, user_, innermost);
+    if (found->IsKindOf("Attribute")) level.Refuse();
+    return innermost.kind == primitiveType ? innermost.text : user_.Spell(found);
+  }
+
+  static std::string Bounded(const Instantiation& level) {
+    if (level.name == "fixed") {
+      level.RequireCount(2, 2);
+      return "fixed<" + level.Number(0, 1) + ", " + level.Number(1, 0) + ">";
+    }
+    level.RequireCount(1, 1);
+    return level.name + "<" + level.Number(0, 1) + ">";
+  }
+
+  static void Open(const Instantiation& level, TypeReference& result) {
+    if (level.name == "sequence") {
+      level.RequireCount(1, 2);
+      result.text += "sequence<";
+    } else if (level.name == "array") {
+      level.RequireCount(2, level.parameters.size());
+      for (std::size_t index = 1; index < level.parameters.size(); ++index) {
+        result.declaratorSuffix += "[" + level.Number(index, 1) + "]";
+      }
+    }
+  }
+
+  static void Close(const Instantiation& level, TypeReference& result) {
+    if (level.name != "sequence") return;
+    CloseBracket(result.text, level.parameters.size() > 1 ? level.Number(1, 1) : "");
+  }
+
+  const TypeUser& user_;
+  std::vector<Instantiation> levels_;
+  std::unordered_set<mdk::IMdeEntity*> entered_;
+};
+
+}  // namespace
+
+std::string SequenceText(const std::string& arguments) {
+  std::string text = "sequence<" + arguments;
+  CloseBracket(text, "");
+  return text;
+}
+
+void RetrieveTemplate(mdk::IMdeEntity* instantiation, const TypeUser& user, TypeReference& result) {
+  TemplateChain(user).Build(instantiation, result);
+}
+
+}  // namespace mdktoidl

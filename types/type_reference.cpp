@@ -1,0 +1,87 @@
+#include "types/type_reference.h"
+
+#include "agent/diagnostics.h"
+#include "agent/idl_exception.h"
+#include "types/multiplicity.h"
+#include "types/predefined_type.h"
+#include "types/template_type.h"
+
+namespace mdktoidl {
+
+namespace {
+
+void SetDefinition(mdk::IMdeEntity* definitionElement, TypeKind kind, const std::string& name,
+                   TypeReference& result) {
+  result.kind = result.elementKind = kind;
+  result.text = name;
+  if (definitionElement != nullptr) result.definitions.push_back(definitionElement);
+}
+
+/// The definition that a typed element's identifier names.
+mdk::IMdeEntity* EvaluateIdentifier(mdk::IMdeEntity* element, TypeReference& result) {
+  mdk::IMdeEntity* found = element->GetEntity("Type", 0);
+  if (found == nullptr) return nullptr;
+  const std::string predefined = PrimitiveToString(found);
+  if (!predefined.empty()) {
+    SetDefinition(nullptr, primitiveType, predefined, result);
+  } else {
+    SetDefinition(found, definition, found->GetValue("Name", 0), result);
+  }
+  return found;
+}
+
+/// Wraps the type in a sequence. The kind stays: what a multiplicity does to a constant or a
+/// typedef is for those to say.
+void WrapInSequence(const std::string& multiplicity, bool bounded, const TypeUser& user,
+                    TypeReference& result) {
+  if (!result.declaratorSuffix.empty()) {
+    Report(Message::multiplicityOfArray, {user.Describe()});
+    return;
+  }
+  const bool isName = !result.isAnonymous && !result.definitions.empty();
+  std::string element = isName ? user.Spell(result.definitions.front()) : result.text;
+  if (bounded) element += ", " + multiplicity;
+  result.text = SequenceText(element);
+  result.isAnonymous = true;
+}
+
+}  // namespace
+
+mdk::IMdeEntity* GetType(mdk::IMdeEntity* element, const TypeUser& user, TypeReference& result) {
+  bool bounded = false;
+  const std::string multiplicity = GetMultiplicity(element, user, bounded, result.bounds);
+  mdk::IMdeEntity* target = element->GetTarget("Type", 0);
+  if (target == nullptr) return nullptr;
+  mdk::IMdeEntity* found = target->GetMetaclass() == "Ident"
+                               ? EvaluateIdentifier(element, result)
+                               : EvaluateBaseType2(target, user, result);
+  if (found != nullptr && !multiplicity.empty()) {
+    WrapInSequence(multiplicity, bounded, user, result);
+  }
+  return found;
+}
+
+mdk::IMdeEntity* EvaluateBaseType2(mdk::IMdeEntity* expression, const TypeUser& user,
+                                   TypeReference& result) {
+  const std::string metaclass = expression->GetMetaclass();
+  if (metaclass == "TemplateInstantiation") {
+    RetrieveTemplate(expression, user, result);
+    return expression;
+  }
+  const std::string predefined = PrimitiveToString(expression);
+  if (!predefined.empty()) {
+    SetDefinition(nullptr, primitiveType, predefined, result);
+    return expression;
+  }
+  const std::string name = expression->GetValue("Name", 0);
+  if (metaclass != "Ident") {
+    SetDefinition(expression, definition, name, result);
+    return expression;
+  }
+  mdk::IMdeEntity* found = expression->GetEntity("Definition", 0);
+  if (found == nullptr) throw IDLException("Failed to interpret ident correctly");
+  SetDefinition(found, identifiedDefinition, name, result);
+  return found;
+}
+
+}  // namespace mdktoidl
