@@ -3,6 +3,7 @@
 #include "agent/diagnostics.h"
 #include "agent/idl_exception.h"
 #include "output/layout.h"
+#include "tree/alias.h"
 #include "tree/declaration_user.h"
 #include "tree/enumeration.h"
 #include "types/constant_value.h"
@@ -72,7 +73,9 @@ void Constant::EvaluateIdentifier(mdk::IMdeEntity* identifier, NodeList& deps) {
   valueText = identifier->GetValue("Name", 0);
   mdk::IMdeEntity* named = identifier->GetEntity("Definition", 0);
   if (named == nullptr) throw IDLException("Failed to interpret ident correctly");
-  const Enumeration* enumeration = type == nullptr ? nullptr : type->AsEnumeration();
+  const Alias base = type == nullptr ? Alias() : Unaliased(*type);
+  const Enumeration* enumeration =
+      base.declaration == nullptr ? nullptr : base.declaration->AsEnumeration();
   if (enumeration != nullptr && enumeration->hasLiteral(named)) {
     // An enumerator has no node of its own: it is declared by its enumeration, in whose scope its
     // name lies.
@@ -93,9 +96,9 @@ void Constant::EvaluateIdentifier(mdk::IMdeEntity* identifier, NodeList& deps) {
 
 std::string Constant::QualifiedValue() const {
   if (valueNode == nullptr || InCurrentScope(valueNode)) return valueText;
-  if (valueNode->AsEnumeration() == nullptr) return valueNode->ScopedName("::");
-  const std::string scopeName = valueNode->ScopeAsString();
-  return scopeName.empty() ? valueText : scopeName + "::" + valueText;
+  const Enumeration* enumeration = valueNode->AsEnumeration();
+  return enumeration != nullptr ? enumeration->LiteralFor(*this, valueText)
+                                : valueNode->ScopedName("::");
 }
 
 void Constant::Unparse(std::ofstream& out) {

@@ -2,7 +2,10 @@
 
 #include <algorithm>
 
+#include "output/layout.h"
+#include "tree/classification.h"
 #include "tree/node_registry.h"
+#include "types/elements.h"
 
 namespace mdktoidl {
 
@@ -10,6 +13,12 @@ void Container::Adopt(std::unique_ptr<Node> child) {
   child->lastSerial = nodeRegistry.LastSerial();
   child->position = static_cast<std::uint32_t>(children.size());
   children.push_back(std::move(child));
+}
+
+void Container::AdoptMembers(const Classification& table) {
+  for (mdk::IMdeEntity* member : Elements(Entity(), "OwnedMember")) {
+    if (auto node = Classify(table, member, this)) Adopt(std::move(node));
+  }
 }
 
 Node* Container::ChildEnclosing(const Node& node) const {
@@ -38,6 +47,15 @@ void Container::EvaluateChildren(NodeList& outside) {
   }
   SortByCreation(collected);
   JoinList(collected, outside);
+}
+
+void Container::UnparseBody(std::ofstream& out) const {
+  out << " {";
+  indent(out);
+  for (const auto& child : children) child->Unparse(out);
+  redent(out);
+  newline(out);
+  out << "};";
 }
 
 }  // namespace mdktoidl

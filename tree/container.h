@@ -8,6 +8,8 @@
 
 namespace mdktoidl {
 
+struct ClassificationRow;
+
 class Container : public Node {
  public:
   using Children = std::vector<std::unique_ptr<Node>>;
@@ -24,6 +26,9 @@ class Container : public Node {
   /// Takes over a child that is complete: everything inside it has been built.
   void Adopt(std::unique_ptr<Node> child);
 
+  /// Builds and takes over a child for every owned member that a table (classification.h) knows.
+  void AdoptMembers(const std::vector<ClassificationRow>& table);
+
   /// Evaluates every child and gives it its dependencies among its siblings; appends to `outside`
   /// what the children refer to outside this container.
   void EvaluateChildren(NodeList& outside);
@@ -31,6 +36,9 @@ class Container : public Node {
   /// Called for each child with all that it refers to outside itself, before its dependencies are
   /// taken out of that.
   virtual void ObserveReferences(const Node& child, const NodeList& references);
+
+  /// Writes the children in braces.
+  void UnparseBody(std::ofstream& out) const;
 
   Children children;
 };

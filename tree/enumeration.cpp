@@ -14,15 +14,18 @@ void Enumeration::Literals(std::list<std::string>& names) const {
   for (mdk::IMdeEntity* literal : literals) names.push_back(literal->GetValue("Name", 0));
 }
 
+std::string Enumeration::LiteralFor(const Node& user, const std::string& name) const {
+  const std::string scopeName = ScopeAsString();
+  return scopeName.empty() || user.InCurrentScope(this) ? name : scopeName + "::" + name;
+}
+
 bool Enumeration::hasLiteral(mdk::IMdeEntity* element) const {
   if (literalSet.empty()) literalSet.insert(literals.begin(), literals.end());
   return literalSet.contains(element);
 }
 
 void Enumeration::Unparse(std::ofstream& out) {
-  newline(out);
-  UnparseComment(Entity(), out);
-  newline(out);
+  UnparseHeading(out);
   out << "enum " << Name() << " {";
   indent(out);
   newline(out);

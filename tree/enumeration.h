@@ -20,6 +20,10 @@ class Enumeration : public Node {
   /// Appends the names of the enumerators, in order.
   void Literals(std::list<std::string>& names) const;
 
+  /// The name of one of the enumerators as `user` has to write it. Enumerators are declared in the
+  /// scope around their enumeration.
+  std::string LiteralFor(const Node& user, const std::string& name) const;
+
   /// Whether an element is one of the enumerators.
   bool hasLiteral(mdk::IMdeEntity* element) const;
 

@@ -1,6 +1,5 @@
 #include "tree/exception.h"
 
-#include "output/layout.h"
 #include "tree/field.h"
 #include "types/elements.h"
 #include "types/marking.h"
@@ -16,15 +15,9 @@ Exception::Exception(mdk::IMdeEntity* element, Container* parent) : Container(el
 }
 
 void Exception::Unparse(std::ofstream& out) {
-  newline(out);
-  UnparseComment(Entity(), out);
-  newline(out);
-  out << "exception " << Name() << " {";
-  indent(out);
-  for (const auto& child : children) child->Unparse(out);
-  redent(out);
-  newline(out);
-  out << "};";
+  UnparseHeading(out);
+  out << "exception " << Name();
+  UnparseBody(out);
 }
 
 }  // namespace mdktoidl

@@ -5,33 +5,15 @@
 #include "agent/diagnostics.h"
 #include "output/layout.h"
 #include "output/separated.h"
-#include "tree/attribute.h"
-#include "tree/constant.h"
 #include "tree/interface_members.h"
 #include "types/elements.h"
 #include "types/marking.h"
 
 namespace mdktoidl {
 
-namespace {
-
-const Classification& InterfaceMembers() {
-  static const Classification table = WithNestedDeclarations(
-      {"Attribute", {{isPublicConstant, Make<Constant>}, {isPublic, Make<Attribute>}}});
-  return table;
-}
-
-}  // namespace
-
 Interface::Interface(mdk::IMdeEntity* element, Container* parent) : OrderedScope(element, parent) {
   CreateNodeRef();
-  Init(element);
-}
-
-void Interface::Init(mdk::IMdeEntity* element) {
-  for (mdk::IMdeEntity* member : Elements(element, "OwnedMember")) {
-    if (auto node = Classify(InterfaceMembers(), member, this)) Adopt(std::move(node));
-  }
+  AdoptMembers(InterfaceMembers());
 }
 
 bool Interface::isAbstract() const { return Entity()->GetValue("IsAbstract", 0) == "true"; }
@@ -73,21 +55,13 @@ void Interface::UnparseKind(std::ofstream& out) const {
 }
 
 void Interface::Unparse(std::ofstream& out) {
-  newline(out);
-  UnparseComment(Entity(), out);
-  newline(out);
+  UnparseHeading(out);
   UnparseKind(out);
   if (!parentNames.empty()) {
     out << " : ";
     WriteSeparated(parentNames, out);
   }
-  out << " {";
-  indent(out);
-  UnparseForwards(out);
-  for (Node* member : sorted) member->Unparse(out);
-  redent(out);
-  newline(out);
-  out << "};";
+  UnparseBody(out);
 }
 
 void Interface::UnparseForward(std::ofstream& out) const {

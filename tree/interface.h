@@ -23,7 +23,6 @@ class Interface : public OrderedScope {
   bool isLocal() const;
 
  private:
-  void Init(mdk::IMdeEntity* element);
   /// Appends the nodes of the direct supertypes, each once; reports those that have none.
   void CollectGeneralizations(NodeList& result) const;
   void UnparseKind(std::ofstream& out) const;

@@ -1,4 +1,4 @@
-// What the members of interfaces and value types have in common.
+// The members of interfaces, homes and value types.
 #pragma once
 
 #include "tree/classification.h"
@@ -8,5 +8,8 @@ namespace mdktoidl {
 /// The rows for nested types, operations and signals, which are the same for all that nest them;
 /// attributes differ.
 Classification WithNestedDeclarations(ClassificationRow attributes);
+
+/// The members of interfaces and homes.
+const Classification& InterfaceMembers();
 
 }  // namespace mdktoidl

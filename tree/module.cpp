@@ -8,13 +8,22 @@
 #include "output/file.h"
 #include "output/layout.h"
 #include "tree/artifact.h"
+#include "tree/boxed_value.h"
 #include "tree/classification.h"
+#include "tree/component.h"
+#include "tree/component_impl.h"
 #include "tree/constant.h"
 #include "tree/enumeration.h"
 #include "tree/exception.h"
+#include "tree/home.h"
 #include "tree/interface.h"
 #include "tree/root.h"
+#include "tree/segment.h"
+#include "tree/sequence.h"
 #include "tree/struct.h"
+#include "tree/typedef.h"
+#include "tree/union.h"
+#include "tree/value.h"
 #include "types/elements.h"
 #include "types/markings.h"
 
@@ -27,11 +36,29 @@ const Classification moduleMembers = {
     {"Class",
      {{Carries<markings::corbaInterface>, Make<Interface>},
       {Carries<markings::corbaStruct>, Make<Struct>},
+      {Carries<markings::corbaUnion>, Make<Union>},
       {Carries<markings::corbaException>, Make<Exception>},
+      {Carries<markings::corbaTypedef>, Make<Typedef>},
+      {Carries<markings::corbaBoxedValue>, Make<BoxedValue>},
+      {Carries<markings::corbaSequence>, Make<Sequence>},
+      {Carries<markings::corbaComponent>, Make<Component>},
+      {Carries<markings::corbaComponentImpl>, Make<ComponentImpl>},
+      {Carries<markings::corbaSegment>, Make<Segment>},
       {Carries<markings::corbaArtifact>, Make<Artifact>}}},
-    {"DataType", {{Carries<markings::corbaEnum>, Make<Enumeration>}}},
-    {"Interface", {{Carries<markings::corbaInterface>, Make<Interface>}}},
+    {"DataType",
+     {{Carries<markings::corbaEnum>, Make<Enumeration>},
+      {Carries<markings::corbaTypedef>, Make<Typedef>}}},
+    {"Interface",
+     {{Carries<markings::corbaInterface>, Make<Interface>},
+      {Carries<markings::corbaHome>, Make<Home>},
+      {Carries<markings::corbaEvent>, Make<Value>},
+      {Carries<markings::corbaValue>, Make<Value>},
+      {Carries<markings::corbaTypedef>, Make<Typedef>}}},
     {"Package", {{Carries<markings::corbaModule>, Make<Module>}}},
+    {"Syntype",
+     {{Carries<markings::corbaTypedef>, Make<Typedef>},
+      {Carries<markings::corbaBoxedValue>, Make<BoxedValue>}}},
+    {"Signal", {}},
     {"Artifact", {{Carries<markings::corbaArtifact>, Make<Artifact>}}},
 };
 

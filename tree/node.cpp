@@ -4,6 +4,7 @@
 
 #include "agent/diagnostics.h"
 #include "output/comment.h"
+#include "output/layout.h"
 #include "tree/container.h"
 #include "tree/declaration_user.h"
 #include "tree/node_registry.h"
@@ -59,6 +60,12 @@ void Node::UnparseComment(mdk::IMdeEntity* element, std::ofstream& out) const {
   WriteComments(element, out);
 }
 
+void Node::UnparseHeading(std::ofstream& out) const {
+  newline(out);
+  UnparseComment(Entity(), out);
+  newline(out);
+}
+
 std::string Node::NameHere(const Node& other) const {
   return InCurrentScope(&other) ? other.Name() : other.ScopedName("::");
 }
@@ -66,6 +73,11 @@ std::string Node::NameHere(const Node& other) const {
 void Node::ResolveType(mdk::IMdeEntity* typed, const TypeComplaints& complaints, NodeList& deps) {
   TypeReference reference;
   GetType(typed, DeclarationUser(*this, complaints.word), reference);
+  UseType(reference, complaints, deps);
+}
+
+void Node::UseType(const TypeReference& reference, const TypeComplaints& complaints,
+                   NodeList& deps) {
   typeKind = reference.kind;
   typeName = reference.text;
   elementKind = reference.elementKind;
@@ -75,7 +87,9 @@ void Node::ResolveType(mdk::IMdeEntity* typed, const TypeComplaints& complaints,
     Report(complaints.typeUnknown, {ScopedName("::")});
     return;
   }
-  if (reference.isAnonymous) Report(complaints.typeAnonymous, {ScopedName("::")});
+  if (reference.isAnonymous && complaints.typeAnonymous) {
+    Report(*complaints.typeAnonymous, {ScopedName("::")});
+  }
   ResolveDefinitions(reference, complaints.typeNotExported, deps);
 }
 

@@ -30,8 +30,14 @@ struct TypeComplaints {
   std::string_view word;                ///< the construct word
   std::optional<Message> boundUnknown;  ///< nothing when another construct says so
   Message typeUnknown;
-  Message typeAnonymous;
+  std::optional<Message> typeAnonymous;  ///< nothing where templates are welcome
   Message typeNotExported;
+};
+
+/// What a declaration is merely another name of.
+struct Alias {
+  const Node* declaration = nullptr;  ///< null for a predefined type, and for a template
+  std::string primitive;              ///< the predefined type; empty for anything else
 };
 
 class Node : public Definition {
@@ -64,7 +70,10 @@ class Node : public Definition {
 
   /// Whether this is a constant, which may bound a sequence.
   virtual bool declaresConstant() const { return false; }
-  /// The enumeration that this is, or is another name of; null for anything else.
+  /// What this is another name of; nothing for all but type definitions. Read from the model, so
+  /// it may be asked before types are evaluated.
+  virtual std::optional<Alias> AliasOf() const { return std::nullopt; }
+  /// The enumeration that this is; null for anything else.
   virtual const Enumeration* AsEnumeration() const { return nullptr; }
   /// Whether this is a module; it may have a file of its own.
   virtual bool isModule() const { return false; }
@@ -93,6 +102,8 @@ class Node : public Definition {
 
   /// Resolves the type of `typed` as the type of this declaration.
   void ResolveType(mdk::IMdeEntity* typed, const TypeComplaints& complaints, NodeList& deps);
+  /// Makes a type that has been looked up the type of this declaration.
+  void UseType(const TypeReference& reference, const TypeComplaints& complaints, NodeList& deps);
 
   /// The type as it is written here.
   const std::string& TypeText() const { return auxText.empty() ? typeName : auxText; }
@@ -100,6 +111,9 @@ class Node : public Definition {
   const std::string& DeclaratorSuffix() const { return elementName; }
 
   void UnparseComment(mdk::IMdeEntity* element, std::ofstream& out) const;
+  /// What comes before a declaration with a body: an empty line and the comment; the declaration's
+  /// own line is begun.
+  void UnparseHeading(std::ofstream& out) const;
 
   TypeKind typeKind = unknownType;
   std::string typeName;  // the type's text, simple names for plain definitions

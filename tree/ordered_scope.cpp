@@ -1,6 +1,7 @@
 #include "tree/ordered_scope.h"
 
 #include "agent/diagnostics.h"
+#include "output/layout.h"
 #include "output/ordering.h"
 
 namespace mdktoidl {
@@ -24,6 +25,16 @@ void OrderedScope::Sort() {
 
 void OrderedScope::UnparseForwards(std::ofstream& out) const {
   for (const Node* node : forwards) node->UnparseForward(out);
+}
+
+void OrderedScope::UnparseBody(std::ofstream& out) const {
+  out << " {";
+  indent(out);
+  UnparseForwards(out);
+  for (Node* child : sorted) child->Unparse(out);
+  redent(out);
+  newline(out);
+  out << "};";
 }
 
 }  // namespace mdktoidl

@@ -20,15 +20,9 @@ Struct::Struct(mdk::IMdeEntity* element, Container* parent) : Container(element,
 }
 
 void Struct::Unparse(std::ofstream& out) {
-  newline(out);
-  UnparseComment(Entity(), out);
-  newline(out);
-  out << "struct " << Name() << " {";
-  indent(out);
-  for (const auto& child : children) child->Unparse(out);
-  redent(out);
-  newline(out);
-  out << "};";
+  UnparseHeading(out);
+  out << "struct " << Name();
+  UnparseBody(out);
 }
 
 void Struct::UnparseForward(std::ofstream& out) const {

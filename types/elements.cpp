@@ -9,4 +9,15 @@ std::list<mdk::IMdeEntity*> Elements(mdk::IMdeEntity* element, const std::string
   return elements;
 }
 
+std::list<mdk::IMdeEntity*> Suppliers(mdk::IMdeEntity* element, const std::string& stereotype) {
+  std::list<mdk::IMdeEntity*> suppliers;
+  for (mdk::IMdeEntity* dependency : Elements(element, "ClientDependency")) {
+    if (dependency->HasStereotype(stereotype, 0)) {
+      suppliers.push_back(dependency->GetEntity("Supplier", 0));
+    }
+  }
+  suppliers.remove(nullptr);
+  return suppliers;
+}
+
 }  // namespace mdktoidl

@@ -1,0 +1,28 @@
+// The home executor of a composition: which home it implements and which component it manages.
+#pragma once
+
+#include <span>
+
+#include "tree/container.h"
+
+namespace mdktoidl {
+
+class Segment;
+
+class HomeImpl : public Container {
+ public:
+  HomeImpl(mdk::IMdeEntity* element, Container* parent) : Container(element, parent) { CreateNodeRef(); }
+
+  void EvaluateTypes(NodeList& deps) override;
+  /// Nothing: a home executor is written by its composition, which knows the segments.
+  void Unparse(std::ofstream&) override {}
+  void UnparseExecutor(std::span<const Segment* const> segments, std::ofstream& out) const;
+
+ private:
+  void UnparseManaged(std::span<const Segment* const> segments, std::ofstream& out) const;
+
+  Node* home = nullptr;     // null when it is not part of the export
+  Node* managed = nullptr;  // the component implementation, mostly the enclosing one
+};
+
+}  // namespace mdktoidl

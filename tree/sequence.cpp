@@ -1,0 +1,42 @@
+#include "tree/sequence.h"
+
+#include "agent/diagnostics.h"
+#include "output/layout.h"
+#include "tree/base_attribute.h"
+#include "types/template_type.h"
+
+namespace mdktoidl {
+
+Sequence::Sequence(mdk::IMdeEntity* element, Container* parent) : Node(element, parent) {
+  CreateNodeRef();
+  const std::list<mdk::IMdeEntity*> attributes = OwnedAttributes(element);
+  if (attributes.empty()) {
+    Report(Message::sequenceLacksAttribute, {ScopedName("::")});
+    return;
+  }
+  attribute = attributes.front();
+  if (attributes.size() > 1) Report(Message::sequenceHasMoreAttributes, {ScopedName("::")});
+}
+
+void Sequence::EvaluateTypes(NodeList& deps) {
+  static constexpr TypeComplaints complaints = {"sequence ", std::nullopt,
+                                                Message::sequenceTypeUnknown, std::nullopt,
+                                                Message::sequenceTypeNotExported};
+  if (attribute == nullptr) return;
+  if (hasMultiplicity(attribute)) Report(Message::sequenceHasMultiplicity, {ScopedName("::")});
+  ResolveType(attribute, complaints, deps);
+  if (typeKind != templateType) return;
+  if (DeclaratorSuffix().empty()) {
+    Report(Message::sequenceTypeAnonymous, {ScopedName("::")});
+  } else {
+    Report(Message::sequenceTypeIsArray, {ScopedName("::")});
+  }
+}
+
+void Sequence::Unparse(std::ofstream& out) {
+  UnparseComment(Entity(), out);
+  newline(out);
+  out << "typedef " << SequenceText(TypeText()) << ' ' << Name() << ';';
+}
+
+}  // namespace mdktoidl
