@@ -12,4 +12,6 @@ add_library(idlexport_core STATIC ${agent_sources})
 add_library(idlexport_agent SHARED agent/entry.cpp)
 set_target_properties(idlexport_agent PROPERTIES OUTPUT_NAME idlexport)
 target_link_libraries(idlexport_agent PRIVATE idlexport_core)
-target_link_options(idlexport_agent PRIVATE -Wl,--exclude-libs,ALL)
+target_link_options(idlexport_agent
+  PRIVATE -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/agent.map)
+set_target_properties(idlexport_agent PROPERTIES LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/agent.map)

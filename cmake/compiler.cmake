@@ -13,6 +13,10 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 add_compile_options(-Wall -Wextra -Werror)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+  # Before version 13 the compiler takes "literal" + string() for an overlapping copy.
+  add_compile_options(-Wno-restrict)
+endif()
 include_directories(${PROJECT_SOURCE_DIR})
 
 option(IDLEXPORT_SANITIZE "Build with the address, undefined behaviour and leak sanitizers" OFF)

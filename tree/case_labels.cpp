@@ -11,11 +11,13 @@ namespace mdktoidl {
 
 namespace {
 
-/// A character as its literal; other texts stay, be they literals already or constants' names.
-std::string CharacterLabel(const std::string& given, const std::string& prefix) {
-  if (given.size() != 1) return given;
+/// A character or an escape sequence as its literal; other texts stay, be they literals already or
+/// constants' names.
+std::string CharacterLabel(const std::string& given) {
+  const bool isEscape = given.starts_with('\\') && given.size() > 1;
+  if (given.size() != 1 && !isEscape) return given;
   const bool isSpecial = given == "'" || given == "\\";
-  return prefix + "'" + (isSpecial ? "\\" : "") + given + "'";
+  return std::string(isSpecial ? "'\\" : "'") + given + "'";
 }
 
 std::string BooleanLabel(std::string given) {
@@ -34,11 +36,7 @@ CaseLabels::CaseLabels(const Node& place, const Alias& discriminatorType, bool i
                        ? nullptr
                        : discriminatorType.declaration->AsEnumeration()),
       primitive_(discriminatorType.primitive),
-      isSimpleUnion_(isSimpleUnion) {
-  if (enumeration_ == nullptr) return;
-  enumeration_->Literals(unused_);
-  enumerators_.insert(unused_.begin(), unused_.end());
-}
+      isSimpleUnion_(isSimpleUnion) {}
 
 void CaseLabels::Label(Case& next) {
   const std::list<std::string> given = next.GivenLabels();
@@ -57,16 +55,13 @@ void CaseLabels::Label(Case& next) {
 }
 
 std::list<std::string> CaseLabels::TakeEnumerator() {
-  if (unused_.empty()) return {};
-  const std::string name = unused_.front();
-  unused_.pop_front();
-  return {enumeration_->LiteralFor(place_, name)};
+  if (enumeration_ == nullptr || taken_ == enumeration_->Literals().size()) return {};
+  return {enumeration_->LiteralFor(place_, enumeration_->Literals()[taken_++])};
 }
 
 std::string CaseLabels::Spell(const std::string& given, const Case& labelled) const {
   if (enumeration_ != nullptr) return SpellEnumerator(given, labelled);
-  if (primitive_ == "char") return CharacterLabel(given, "");
-  if (primitive_ == "wchar") return CharacterLabel(given, "L");
+  if (primitive_ == "char") return CharacterLabel(given);
   if (primitive_ == "boolean") return BooleanLabel(given);
   return given;
 }
@@ -74,7 +69,7 @@ std::string CaseLabels::Spell(const std::string& given, const Case& labelled) co
 std::string CaseLabels::SpellEnumerator(const std::string& given, const Case& labelled) const {
   const std::size_t separator = given.rfind("::");
   const std::string name = separator == std::string::npos ? given : given.substr(separator + 2);
-  if (enumerators_.contains(name)) return enumeration_->LiteralFor(place_, name);
+  if (enumeration_->hasLiteralNamed(name)) return enumeration_->LiteralFor(place_, name);
   Report(Message::caseLabelUnknown, {labelled.ScopedName("::"), given});
   return given;
 }

@@ -1,9 +1,9 @@
 // Labels of union cases as IDL writes them for a discriminator.
 #pragma once
 
+#include <cstddef>
 #include <list>
 #include <string>
-#include <unordered_set>
 
 #include "tree/node.h"
 
@@ -29,8 +29,7 @@ class CaseLabels {
   const Enumeration* enumeration_;  // null for a discriminator of another type
   const std::string& primitive_;
   bool isSimpleUnion_;
-  std::list<std::string> unused_;  // enumerators that no case of a simple union has taken
-  std::unordered_set<std::string> enumerators_;
+  std::size_t taken_ = 0;  // how many enumerators the cases of a simple union have taken
 };
 
 }  // namespace mdktoidl

@@ -49,6 +49,9 @@ std::string ComponentImpl::CompositionName() const {
 
 void ComponentImpl::EvaluateTypes(NodeList& deps) {
   EvaluateChildren(deps);
+  if (homeExecutor != nullptr && !homeExecutor->isComplete()) {
+    Report(Message::compositionLacksHomeExecutor, {ScopedName("::")});
+  }
   Node* component = SingleSupplier(*this, "CORBAImplements", Message::compositionImplementsMore);
   if (component != nullptr) deps.push_back(component);
   const std::string category = Category();

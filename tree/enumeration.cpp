@@ -10,8 +10,17 @@ Enumeration::Enumeration(mdk::IMdeEntity* element, Container* parent) : Node(ele
   literals = Elements(element, "Literal");
 }
 
-void Enumeration::Literals(std::list<std::string>& names) const {
-  for (mdk::IMdeEntity* literal : literals) names.push_back(literal->GetValue("Name", 0));
+const std::vector<std::string>& Enumeration::Literals() const {
+  if (names.size() != literals.size()) {
+    for (mdk::IMdeEntity* literal : literals) names.push_back(literal->GetValue("Name", 0));
+    nameSet.insert(names.begin(), names.end());
+  }
+  return names;
+}
+
+bool Enumeration::hasLiteralNamed(const std::string& name) const {
+  Literals();
+  return nameSet.contains(name);
 }
 
 std::string Enumeration::LiteralFor(const Node& user, const std::string& name) const {
@@ -29,10 +38,8 @@ void Enumeration::Unparse(std::ofstream& out) {
   out << "enum " << Name() << " {";
   indent(out);
   newline(out);
-  std::list<std::string> names;
-  Literals(names);
   const char* separator = "";
-  for (const std::string& name : names) {
+  for (const std::string& name : Literals()) {
     out << separator;
     if (*separator != '\0') newline(out);
     out << name;

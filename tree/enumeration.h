@@ -3,7 +3,9 @@
 
 #include <list>
 #include <string>
+#include <string_view>
 #include <unordered_set>
+#include <vector>
 
 #include "tree/container.h"
 
@@ -17,8 +19,10 @@ class Enumeration : public Node {
   void Unparse(std::ofstream& out) override;
   const Enumeration* AsEnumeration() const override { return this; }
 
-  /// Appends the names of the enumerators, in order.
-  void Literals(std::list<std::string>& names) const;
+  /// The names of the enumerators, in order; read from the model at the first question, because
+  /// many unions may ask for the names of one large enumeration.
+  const std::vector<std::string>& Literals() const;
+  bool hasLiteralNamed(const std::string& name) const;
 
   /// The name of one of the enumerators as `user` has to write it. Enumerators are declared in the
   /// scope around their enumeration.
@@ -29,7 +33,10 @@ class Enumeration : public Node {
 
  private:
   std::list<mdk::IMdeEntity*> literals;
-  mutable std::unordered_set<mdk::IMdeEntity*> literalSet;  // filled at the first question
+  // Filled at the first question.
+  mutable std::unordered_set<mdk::IMdeEntity*> literalSet;
+  mutable std::vector<std::string> names;
+  mutable std::unordered_set<std::string_view> nameSet;
 };
 
 }  // namespace mdktoidl

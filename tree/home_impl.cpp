@@ -19,11 +19,9 @@ void HomeImpl::UnparseExecutor(std::span<const Segment* const> segments, std::of
   newline(out);
   out << "home executor " << Name() << " {";
   indent(out);
-  if (home != nullptr) {
-    newline(out);
-    out << "implements " << NameHere(*home) << ';';
-  }
-  if (managed != nullptr) UnparseManaged(segments, out);
+  newline(out);
+  out << "implements " << NameHere(*home) << ';';
+  UnparseManaged(segments, out);
   redent(out);
   newline(out);
   out << "};";

@@ -11,9 +11,14 @@ class Segment;
 
 class HomeImpl : public Container {
  public:
-  HomeImpl(mdk::IMdeEntity* element, Container* parent) : Container(element, parent) { CreateNodeRef(); }
+  HomeImpl(mdk::IMdeEntity* element, Container* parent) : Container(element, parent) {
+    CreateNodeRef();
+  }
 
   void EvaluateTypes(NodeList& deps) override;
+  /// Whether the home that it implements and the implementation that it manages are part of the
+  /// export. Without both it can't be written.
+  bool isComplete() const { return home != nullptr && managed != nullptr; }
   /// Nothing: a home executor is written by its composition, which knows the segments.
   void Unparse(std::ofstream&) override {}
   void UnparseExecutor(std::span<const Segment* const> segments, std::ofstream& out) const;

@@ -18,14 +18,12 @@ Node::Node(mdk::IMdeEntity* element, Container* parent)
 }
 
 void Node::CreateNodeRef() {
-  nodeRegistry.Register(entity, this);
-  WriteNodeTag(entity, reinterpret_cast<std::intptr_t>(this));
+  nodeRegistry.Register(this);
+  WriteNodeTag(entity, serial);
 }
 
 Node* Node::GetNodeRef(mdk::IMdeEntity* element) {
-  if (element == nullptr) return nullptr;
-  const long address = ReadNodeTag(element);
-  return address == 0 ? nullptr : nodeRegistry.Find(element, address);
+  return element == nullptr ? nullptr : nodeRegistry.Find(element, ReadNodeTag(element));
 }
 
 void Node::JoinList(const NodeList& from, NodeList& to) {

@@ -1,18 +1,24 @@
 #include "tree/node_registry.h"
 
+#include "tree/node.h"
+
 namespace mdktoidl {
 
 NodeRegistry nodeRegistry;
 
-Node* NodeRegistry::Find(mdk::IMdeEntity* element, long address) const {
-  const auto entry = nodes_.find(element);
-  if (entry == nodes_.end()) return nullptr;
-  return reinterpret_cast<std::intptr_t>(entry->second) == address ? entry->second : nullptr;
+std::uint32_t NodeRegistry::NextSerial() {
+  nodes_.push_back(nullptr);
+  return LastSerial();
 }
 
-void NodeRegistry::Clear() {
-  nodes_.clear();
-  lastSerial_ = 0;
+void NodeRegistry::Register(Node* node) { nodes_[node->Serial() - 1] = node; }
+
+Node* NodeRegistry::Find(const mdk::IMdeEntity* element, long serial) const {
+  if (serial < 1 || serial > static_cast<long>(nodes_.size())) return nullptr;
+  Node* node = nodes_[static_cast<std::size_t>(serial - 1)];
+  return node != nullptr && node->Entity() == element ? node : nullptr;
 }
+
+void NodeRegistry::Clear() { std::vector<Node*>().swap(nodes_); }
 
 }  // namespace mdktoidl

@@ -1,13 +1,16 @@
-// The nodes of the current run, by the model element that each was built for.
+// The nodes of the current run, by number.
 //
-// The tag that a node leaves on its element is an address in decimal. A tag may outlive its run, or
-// be written by somebody else, so an address is followed only when the registry knows it.
+// The tag that a node leaves on its element is the node's number. A tag may outlive its run, or be
+// written by somebody else, so a number is followed only to a node of this run that was built for
+// the very element that carries the tag.
 #pragma once
 
 #include <cstdint>
-#include <unordered_map>
+#include <vector>
 
-#include "host/element.h"
+namespace mdk {
+class IMdeEntity;
+}
 
 namespace mdktoidl {
 
@@ -15,22 +18,21 @@ class Node;
 
 class NodeRegistry {
  public:
-  /// The next place in the order of creation, from 1.
-  std::uint32_t NextSerial() { return ++lastSerial_; }
-  std::uint32_t LastSerial() const { return lastSerial_; }
+  /// The next number, from 1, in the order of creation.
+  std::uint32_t NextSerial();
+  std::uint32_t LastSerial() const { return static_cast<std::uint32_t>(nodes_.size()); }
 
-  /// Makes `node` the one of its element; a later node of the same element takes its place.
-  void Register(mdk::IMdeEntity* element, Node* node) { nodes_[element] = node; }
+  /// Lets a node be found by its number.
+  void Register(Node* node);
 
-  /// The node of an element, if its address is `address`; null otherwise.
-  Node* Find(mdk::IMdeEntity* element, long address) const;
+  /// The node with a number, if it was built for `element`; null otherwise.
+  Node* Find(const mdk::IMdeEntity* element, long serial) const;
 
   /// Forgets all nodes; for the beginning and the end of a run.
   void Clear();
 
  private:
-  std::unordered_map<mdk::IMdeEntity*, Node*> nodes_;
-  std::uint32_t lastSerial_ = 0;
+  std::vector<Node*> nodes_;  // by number; null for one that can't be found
 };
 
 extern NodeRegistry nodeRegistry;

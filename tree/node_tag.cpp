@@ -27,11 +27,11 @@ mdk::IMdeEntity* TagStereotype(mdk::IMdeEntity* element) {
 
 }  // namespace
 
-void WriteNodeTag(mdk::IMdeEntity* element, long address) {
+void WriteNodeTag(mdk::IMdeEntity* element, long serial) {
   mdk::IMdeEntity* stereotype = TagStereotype(element);
   if (stereotype == nullptr) return;
   element->AddEntity(application, stereotype->GetDefinitionRef(), 0, mdkdll::defaultChanger);
-  element->SetExpression(tagExpression, std::to_string(address), 1, mdkdll::defaultChanger);
+  element->SetExpression(tagExpression, std::to_string(serial), 1, mdkdll::defaultChanger);
 }
 
 long ReadNodeTag(mdk::IMdeEntity* element) {

@@ -5,11 +5,11 @@
 
 namespace mdktoidl {
 
-/// Writes `address` as the tag of an element. Does nothing when the host's model lacks the
+/// Writes a node's number as the tag of an element. Does nothing when the host's model lacks the
 /// stereotype that carries tags.
-void WriteNodeTag(mdk::IMdeEntity* element, long address);
+void WriteNodeTag(mdk::IMdeEntity* element, long serial);
 
-/// The address on an element, whoever left it; 0 when there is none.
+/// The number on an element, whoever left it; 0 when there is none.
 long ReadNodeTag(mdk::IMdeEntity* element);
 
 /// Removes all tags from the model that `element` belongs to.

@@ -10,6 +10,7 @@
 #include "tree/case_labels.h"
 #include "tree/declaration_user.h"
 #include "types/markings.h"
+#include "types/predefined_type.h"
 
 namespace mdktoidl {
 
@@ -19,7 +20,7 @@ namespace {
 bool isDiscriminating(const Alias& type) {
   constexpr std::array primitives = {"short",          "long",          "long long",
                                      "unsigned short", "unsigned long", "unsigned long long",
-                                     "char",           "wchar",         "boolean"};
+                                     "char",           "boolean"};
   if (type.declaration != nullptr) return type.declaration->AsEnumeration() != nullptr;
   for (const char* primitive : primitives) {
     if (type.primitive == primitive) return true;
@@ -62,7 +63,7 @@ void Union::EvaluateDiscriminator(NodeList& deps) {
     Report(Message::discriminatorHasMultiplicity, {ScopedName("::")});
   }
   TypeReference reference;
-  GetType(discriminator, DeclarationUser(*this, "union "), reference);
+  mdk::IMdeEntity* found = GetType(discriminator, DeclarationUser(*this, "union "), reference);
   typeKind = reference.kind;
   typeName = reference.text;
   switch (typeKind) {
@@ -73,7 +74,7 @@ void Union::EvaluateDiscriminator(NodeList& deps) {
       Report(Message::discriminatorIsTemplate, {ScopedName("::")});
       return;
     case primitiveType:
-      discriminatorType.primitive = typeName;
+      discriminatorType.primitive = PrimitiveToString(found);
       break;
     case definition:
     case identifiedDefinition:

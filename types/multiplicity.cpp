@@ -68,14 +68,14 @@ class MultiplicityReader {
   std::string ReadNumber(const std::string& text, long excess) {
     const long number = GetLong(text);
     if (text == unlimited || number == -1) return unlimited;
-    return Limit(number - excess);
+    return Limit(number, excess);
   }
 
-  std::string Limit(long number) {
-    if (number < 1) return Fail(Message::multiplicityNotUnderstood);
-    if (number == 1) return single;
+  std::string Limit(long number, long excess) {
+    if (number <= excess) return Fail(Message::multiplicityNotUnderstood);
+    if (number - excess == 1) return single;
     bounded_ = true;
-    return std::to_string(number);
+    return std::to_string(number - excess);
   }
 
   std::string ReadConstant(mdk::IMdeEntity* identifier, long excess) {
@@ -86,10 +86,10 @@ class MultiplicityReader {
     VisitedConstants visited;
     const ConstantValue value = EvaluateConstant(constant, visited);
     if (value.state == ConstantState::circular) return Fail(Message::multiplicityIsCircular);
-    if (value.state != ConstantState::integer || value.value - excess < 1) {
+    if (value.state != ConstantState::integer || value.value <= excess) {
       return Fail(Message::multiplicityNotUnderstood);
     }
-    return excess == 0 ? user_.Spell(constant) : Limit(value.value - excess);
+    return excess == 0 ? user_.Spell(constant) : Limit(value.value, excess);
   }
 
   const TypeUser& user_;

@@ -1,0 +1,147 @@
+#include "model/element.h"
+
+#include <algorithm>
+#include <limits>
+#include <new>
+#include <type_traits>
+
+#include "model/api_error.h"
+#include "model/names.h"
+#include "model/slot.h"
+#include "model/storage.h"
+
+namespace model {
+
+static_assert(sizeof(Element) == 32 && std::is_trivially_destructible_v<Element>);
+
+Element::Slot* Element::Find(Symbol property) const {
+  static_assert(sizeof(Slot) == 16 && alignof(Slot) == 8);
+  for (Slot* slot = slots_; slot != slots_ + slotCount_; ++slot) {
+    if (slot->property == property.Id()) return slot;
+  }
+  return nullptr;
+}
+
+Element::Slot& Element::Make(Symbol property) {
+  Slot* slot = Find(property);
+  if (slot == nullptr) {
+    if (slotCount_ == Slot::SlotCapacity(slotCount_)) GrowSlots();
+    slot = new (slots_ + slotCount_) Slot(property);
+    ++slotCount_;
+  }
+  return *slot;
+}
+
+void Element::GrowSlots() {
+  const std::size_t bytes = slotCount_ * sizeof(Slot);
+  const std::size_t newBytes = Slot::SlotCapacity(slotCount_ + 1) * sizeof(Slot);
+  auto* slots = static_cast<Slot*>(model_->impl_->arrays.Allocate(newBytes));
+  std::uninitialized_copy_n(slots_, slotCount_, slots);
+  model_->impl_->arrays.Release(slots_, bytes);
+  slots_ = slots;
+}
+
+void Element::Unset(Slot& slot) {
+  if (slot.kind == Slot::list) ReleaseList(slot);
+  slot.kind = Slot::unset;
+  slot.size = 0;
+}
+
+void Element::ReleaseList(Slot& slot) const {
+  const std::size_t bytes = Slot::ListCapacity(slot.size) * sizeof(Element*);
+  model_->impl_->arrays.Release(slot.content.list, bytes);
+  slot.content.list = nullptr;
+}
+
+/// Leaves deleted elements out of a list, once and for all.
+void Element::Purge(Slot& slot) const {
+  const auto list = slot.List();
+  const auto kept =
+      std::remove_if(list.begin(), list.end(), [](Element* e) { return e->deleted_; });
+  if (kept == list.begin() && !list.empty()) ReleaseList(slot);
+  slot.size = static_cast<std::uint32_t>(kept - list.begin());
+}
+
+void Element::SetText(Symbol property, std::string_view text) {
+  SetTextView(property, model_->Store(text));
+}
+
+void Element::SetTextView(Symbol property, std::string_view text) {
+  if (text.size() > std::numeric_limits<std::uint32_t>::max()) Fail("a text is too long");
+  if (text.empty()) return SetEntity(property, nullptr);
+  Slot& slot = Make(property);
+  Unset(slot);
+  slot.kind = Slot::text;
+  slot.size = static_cast<std::uint32_t>(text.size());
+  slot.content.text = text.data();
+  model_->impl_->Changed(property);
+}
+
+void Element::SetEntity(Symbol property, Element* target) {
+  if (target == nullptr && Find(property) == nullptr) return;
+  Slot& slot = Make(property);
+  Unset(slot);
+  slot.kind = target == nullptr ? Slot::unset : Slot::entity;
+  slot.content.entity = target;
+  model_->impl_->Changed(property);
+}
+
+void Element::SetEntities(Symbol property, std::span<Element* const> targets) {
+  if (targets.empty()) return SetEntity(property, nullptr);
+  const std::size_t bytes = Slot::ListCapacity(targets.size()) * sizeof(Element*);
+  auto** list = static_cast<Element**>(model_->impl_->arrays.Allocate(bytes));
+  std::copy(targets.begin(), targets.end(), list);
+  Slot& slot = Make(property);
+  Unset(slot);  // not before: the targets may be a part of the old list
+  slot.kind = Slot::list;
+  slot.size = static_cast<std::uint32_t>(targets.size());
+  slot.content.list = list;
+  model_->impl_->Changed(property);
+}
+
+void Element::AddEntity(Symbol property, Element& target) {
+  Slot& slot = Make(property);
+  if (slot.kind != Slot::list) {
+    Unset(slot);
+    slot.kind = Slot::list;
+    slot.content.list = nullptr;
+  }
+  if (slot.size == Slot::ListCapacity(slot.size)) GrowList(slot);
+  slot.content.list[slot.size++] = &target;
+  model_->impl_->Changed(property);
+}
+
+void Element::GrowList(Slot& slot) const {
+  const std::size_t bytes = Slot::ListCapacity(slot.size + 1) * sizeof(Element*);
+  auto** list = static_cast<Element**>(model_->impl_->arrays.Allocate(bytes));
+  std::copy_n(slot.content.list, slot.size, list);
+  ReleaseList(slot);
+  slot.content.list = list;
+}
+
+std::string_view Element::Text(Symbol property) const {
+  const Slot* slot = Find(property);
+  return slot != nullptr && slot->kind == Slot::text ? slot->Text() : std::string_view();
+}
+
+Element* Element::Entity(Symbol property) const {
+  const Slot* slot = Find(property);
+  if (slot == nullptr || slot->kind != Slot::entity) return nullptr;
+  return slot->content.entity->deleted_ ? nullptr : slot->content.entity;
+}
+
+std::span<Element* const> Element::Entities(Symbol property) const {
+  Slot* slot = Find(property);
+  if (slot == nullptr || slot->kind != Slot::list) return {};
+  if (model_->impl_->hasDeleted) Purge(*slot);
+  return slot->List();
+}
+
+bool Element::HasKeyword(Symbol keyword) const {
+  const auto keywords = Entities(names::keyword);
+  if (keywords.empty()) return false;
+  return std::find(keywords.begin(), keywords.end(), model_->impl_->KeywordOf(keyword)) !=
+         keywords.end();
+}
+
+}  // namespace model

@@ -1,0 +1,172 @@
+#include "model/model.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "model/names.h"
+#include "model/storage.h"
+
+namespace model {
+
+namespace {
+
+std::vector<Element*> MembersOf(const std::vector<Element*>& owners) {
+  std::vector<Element*> members;
+  for (const Element* owner : owners) {
+    const auto owned = owner->Entities(names::ownedMember);
+    members.insert(members.end(), owned.begin(), owned.end());
+  }
+  return members;
+}
+
+/// The first element that the path leads to from one of the candidates. Names need not be unique,
+/// so all elements of a name are followed. An empty name leads nowhere.
+Element* Walk(std::vector<Element*> candidates, std::string_view path) {
+  while (path.starts_with('@')) {
+    path.remove_prefix(1);
+    const std::string_view name = path.substr(0, path.find('@'));
+    path.remove_prefix(name.size());
+    std::erase_if(candidates, [&](const Element* candidate) {
+      return name.empty() || candidate->Text(names::name) != name;
+    });
+    if (path.empty()) return candidates.empty() ? nullptr : candidates.front();
+    candidates = MembersOf(candidates);
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+Model::Model() : impl_(std::make_unique<Impl>()) {
+  impl_->session = &Create(names::session);
+  impl_->profile = &Create(names::package);
+  impl_->profile->SetText(names::name, names::corba.Text());
+  Stereotype(names::corba.Text());
+  Stereotype(names::node.Text());
+}
+
+Model::~Model() = default;
+
+Element& Model::Create(Symbol metaclass) {
+  return *new (impl_->elements.Place()) Element(*this, metaclass);
+}
+
+void Model::AddRoot(Element& root) { impl_->roots.push_back(&root); }
+
+std::span<Element* const> Model::Roots() const {
+  if (impl_->hasDeleted) {
+    std::erase_if(impl_->roots, [](const Element* root) { return root->deleted_ != 0; });
+  }
+  return impl_->roots;
+}
+
+Element& Model::Session() { return *impl_->session; }
+
+Element& Model::Stereotype(std::string_view name) {
+  const Symbol symbol(name);
+  if (Element* known = impl_->StereotypeOf(symbol)) return *known;
+  Element& made = Create(names::stereotype);
+  made.SetTextView(names::name, symbol.Text());
+  made.AddEntity(names::answersFor, made);
+  impl_->profile->AddEntity(names::ownedMember, made);
+  impl_->Make(symbol).stereotype = &made;
+  return made;
+}
+
+/// Every stereotype that answers for `special` answers for all that `general` answers for, too.
+void Model::Specialise(Element& special, Element& general) {
+  const auto inherited = general.Entities(names::answersFor);
+  const std::vector<Element*> generals(inherited.begin(), inherited.end());
+  for (Element* stereotype : impl_->profile->Entities(names::ownedMember)) {
+    const auto answers = stereotype->Entities(names::answersFor);
+    std::vector<Element*> extended(answers.begin(), answers.end());
+    if (std::find(extended.begin(), extended.end(), &special) == extended.end()) continue;
+    for (Element* candidate : generals) {
+      const bool known = std::find(extended.begin(), extended.end(), candidate) != extended.end();
+      if (!known) extended.push_back(candidate);
+    }
+    stereotype->SetEntities(names::answersFor, extended);
+  }
+}
+
+void Model::SetTagDefault(Element& stereotype, Symbol tag, std::string_view value) {
+  Element* defaults = stereotype.Entity(names::tagDefaults);
+  if (defaults == nullptr) {
+    defaults = &Create(names::tagDefaults);
+    stereotype.SetEntity(names::tagDefaults, defaults);
+  }
+  SetTag(*defaults, tag, value);
+}
+
+Element& Model::Apply(Element& subject, Element& stereotype) {
+  Element& application = Create(names::stereotypeInstance);
+  application.SetEntity(names::instanceOf, &stereotype);
+  subject.AddEntity(names::stereotypeInstance, application);
+  stereotype.AddEntity(names::instance, application);
+  return application;
+}
+
+void Model::SetTag(Element& application, Symbol tag, std::string_view value) {
+  if (tag == names::instanceOf) return;
+  Element* tagged = application.Entity(tag);
+  if (tagged == nullptr || tagged->Metaclass() != names::taggedValue) {
+    tagged = &Create(names::taggedValue);
+    application.SetEntity(tag, tagged);
+  }
+  const std::string_view text = Store(value);
+  tagged->SetTextView(names::name, text);
+  tagged->SetTextView(names::valueString, text);
+}
+
+void Model::SetListTag(Element& application, Symbol tag, std::span<const std::string_view> values) {
+  if (tag == names::instanceOf) return;
+  Element& list = Create(names::listExpr);
+  for (const std::string_view value : values) {
+    const std::string_view text = Store(value);
+    Element& item = Create(names::taggedValue);
+    for (const Symbol property : {names::value, names::name, names::valueString}) {
+      item.SetTextView(property, text);
+    }
+    list.AddEntity(names::expression, item);
+  }
+  application.SetEntity(tag, &list);
+}
+
+void Model::AddKeyword(Element& subject, std::string_view keyword) {
+  const Symbol symbol(keyword);
+  if (subject.HasKeyword(symbol)) return;
+  Element* element = impl_->KeywordOf(symbol);
+  if (element == nullptr) {
+    element = &Create(names::keyword);
+    element->SetTextView(names::name, symbol.Text());
+    impl_->Make(symbol).keyword = element;
+  }
+  subject.AddEntity(names::keyword, *element);
+}
+
+void Model::SetDefaultText(Symbol property, std::string_view text) {
+  auto& defaults = impl_->defaultTexts;
+  if (property.Id() >= defaults.size()) defaults.resize(property.Id() + 1);
+  defaults[property.Id()] = Store(text);
+}
+
+std::string_view Model::Store(std::string_view text) { return impl_->texts.Copy(text); }
+
+void Model::Keep(std::shared_ptr<const void> texts) { impl_->kept.push_back(std::move(texts)); }
+
+/// Stereotypes are looked up by name, since the agent asks for one with every node that it makes.
+mdk::IMdeEntity* Model::FindEntity(const std::string& qualifiedName) {
+  constexpr std::string_view profile = "@CORBA@";
+  if (qualifiedName.starts_with(profile)) {
+    const auto name = Symbol::Find(std::string_view(qualifiedName).substr(profile.size()));
+    Element* stereotype = name ? impl_->StereotypeOf(*name) : nullptr;
+    if (stereotype != nullptr) return stereotype;
+  }
+  const auto roots = Roots();
+  std::vector<Element*> tops(roots.begin(), roots.end());
+  tops.push_back(impl_->profile);
+  return Walk(std::move(tops), qualifiedName);
+}
+
+}  // namespace model

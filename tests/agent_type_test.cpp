@@ -1,0 +1,341 @@
+// Types as IDL text: predefined types, multiplicities, templates, and names by their scope.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+
+#include "model/model.h"
+#include "tests/support/export.h"
+
+namespace {
+
+using model::Element;
+using model::Symbol;
+using support::ExpectOutcomes;
+using support::ExportBench;
+using support::Operand;
+using support::OutcomeCase;
+
+/// The member "x" of a struct, in a module with constants: what the struct's line says, or the
+/// errors, or the reason of an abort.
+class MemberTest : public testing::Test {
+ protected:
+  MemberTest() {
+    for (const auto& [name, value] : {std::pair("One", 1), {"Ten", 10}, {"Zero", 0}}) {
+      bench_.Constant(module_, name, "long", value);
+    }
+    bench_.Default(bench_.Constant(module_, "Real", "double", 0), "RealValue", "2.5");
+    auto& circle = bench_.Constant(bench_.Package("Elsewhere"), "Circle", "long", 0);
+    bench_.Default(circle, circle);
+    elsewhere_ = &circle;
+    bench_.Constant(bench_.Interface(module_, "I"), "Inner", "long", 3);
+    member_ = &bench_.Attribute(bench_.Struct(module_, "S"), "x", "long");
+  }
+
+  Element& Constant(const char* name) {
+    for (Element* owner : {&module_, Member(module_, "I")}) {
+      if (Element* constant = Member(*owner, name)) return *constant;
+    }
+    return *elsewhere_;
+  }
+
+  Element& Literal(std::string_view metaclass, std::string_view text) {
+    return bench_.Set(bench_.Model().Create(Symbol(metaclass)), "ValueString", text);
+  }
+
+  Element& Ident(Element* definition) {
+    Element& ident = bench_.Set(bench_.Model().Create(Symbol("Ident")), "Name", "ident");
+    ident.SetEntity(Symbol("Definition"), definition);
+    return ident;
+  }
+
+  std::string Line() {
+    const support::Exported run = bench_.Export({&module_});
+    const std::string internal = "Internal error in IDL exporter agent: ";
+    const std::string messages = run.Messages();
+    if (const auto at = messages.find(internal); at != messages.npos) {
+      const auto begin = at + internal.size();
+      return messages.substr(begin, messages.find('\n', begin) - begin);
+    }
+    const std::string diagnostics = run.Diagnostics();
+    if (const auto at = diagnostics.find("Error - "); at != diagnostics.npos) {
+      return diagnostics.substr(at);
+    }
+    const std::string text = run.Inside();
+    const auto begin = text.find("struct S {\n    ") + std::string_view("struct S {\n    ").size();
+    return text.substr(begin, text.find('\n', begin) - begin);
+  }
+
+  ExportBench bench_;
+  Element& module_ = bench_.Module("M");
+  Element* member_ = nullptr;
+
+ private:
+  static Element* Member(Element& owner, std::string_view name) {
+    for (Element* member : owner.Entities(Symbol("OwnedMember"))) {
+      if (member->Text(Symbol("Name")) == name) return member;
+    }
+    return nullptr;
+  }
+
+  Element* elsewhere_ = nullptr;
+};
+
+TEST_F(MemberTest, HasThePredefinedTypeThatItsNameMeans) {
+  const std::pair<const char*, const char*> types[] = {{"unsigned long long", "unsigned long long"},
+                                                       {"TypeCode", "CORBA::TypeCode"},
+                                                       {"Natural", "unsigned long"},
+                                                       {"Integer", "long"},
+                                                       {"Real", "double"},
+                                                       {"Character", "char"},
+                                                       {"Boolean", "boolean"},
+                                                       {"Charstring", "string"}};
+  for (const auto& [name, text] : types) {
+    bench_.SetType(*member_, name);
+    EXPECT_EQ(Line(), std::string(text) + " x;");
+  }
+}
+
+// --- Multiplicities ------------------------------------------------------------------------------
+
+TEST_F(MemberTest, WithARangeIsASequenceOfItsUpperBound) {
+  const std::string attribute = "Error - attribute M::S::x";
+  const std::string notUnderstood = attribute + ": Failed to correctly interpret multiplicity\n";
+  const std::pair<Operand, std::string> cases[] = {
+      {"*", "sequence<long> x;"},
+      {"-1", "sequence<long> x;"},
+      {1, "long x;"},
+      {2, "sequence<long, 2> x;"},
+      {"0", notUnderstood},
+      {"-7", notUnderstood},
+      {"many", notUnderstood},
+      {Constant("Ten"), "sequence<long, Ten> x;"},
+      {Constant("Inner"), "sequence<long, M::I::Inner> x;"},
+      {Constant("Zero"), notUnderstood},
+      {Constant("Real"), notUnderstood},
+      {Constant("Circle"),
+       attribute + " has a multiplicity constant that could not be identified\n" + attribute +
+           ": Circular references between constant values are not allowed\n"},
+      {Ident(nullptr), attribute + " has a multiplicity constant that could not be identified\n"},
+      {Literal("RealValue", "2.5"),
+       attribute +
+           ": Only integer literals and constants are allowed as multiplicitiy boundaries\n"},
+  };
+  for (const auto& [upper, line] : cases) {
+    member_->SetEntities(Symbol("Multiplicity"), {});
+    bench_.Range(*member_, 0, upper);
+    if (upper.element != nullptr && upper.element->Metaclass() != Symbol("Attribute")) {
+      member_->Entities(Symbol("Multiplicity"))[0]->SetEntity(Symbol("UpperBound"), upper.element);
+    }
+    EXPECT_EQ(Line(), line);
+  }
+}
+
+TEST_F(MemberTest, ReportsARangeThatLacksABound) {
+  const std::string attribute = "Error - attribute M::S::x: ";
+  auto& range = *bench_.Range(*member_, 0, 5).Entities(Symbol("Multiplicity"))[0];
+  range.SetEntity(Symbol("UpperBound"), nullptr);
+  EXPECT_EQ(Line(), attribute + "Failed to obtain upper bound of multiplicity\n");
+  range.SetEntity(Symbol("LowerBound"), &Literal("CharstringValue", "a"));
+  EXPECT_EQ(Line(), attribute +
+                        "Only integer literals and constants are allowed as "
+                        "multiplicitiy boundaries\n");
+  range.SetEntity(Symbol("LowerBound"), nullptr);
+  EXPECT_EQ(Line(), attribute + "Failed to obtain lower bound of multiplicity\n");
+  bench_.Range(*member_, 0, 1);
+  EXPECT_EQ(Line(), attribute + "Failed to correctly interpret multiplicity\n");
+}
+
+TEST_F(MemberTest, WithABoundaryIsASequenceOfWhatTheOperatorAllows) {
+  struct Case {
+    const char* relation;
+    Element* boundary;
+    std::string line;
+  };
+  Element& five = Literal("IntegerValue", "5");
+  Element& one = Literal("IntegerValue", "1");
+  Element& least = Literal("IntegerValue", "-9223372036854775808");
+  Element& ten = Ident(&Constant("Ten"));
+  const std::string attribute = "Error - attribute M::S::x: ";
+  const std::string notUnderstood = attribute + "Failed to correctly interpret multiplicity\n";
+  const std::string notAllowed =
+      attribute + "Only integer literals and constants are allowed as multiplicitiy boundaries\n";
+  const Case cases[] = {
+      {"<=", &five, "sequence<long, 5> x;"},
+      {"==", &five, "sequence<long, 5> x;"},
+      {"<", &five, "sequence<long, 4> x;"},
+      {">=", &five, "sequence<long> x;"},
+      {">", &five, "sequence<long> x;"},
+      {"!=", &five, "sequence<long> x;"},
+      {"==", &one, "long x;"},
+      {"<", &one, notUnderstood},
+      {"<=", &ten, "sequence<long, Ten> x;"},
+      {"<", &ten, "sequence<long, 9> x;"},
+      {"<", &least, notUnderstood},
+      {"", &five, notUnderstood},
+      {"<=", nullptr, notUnderstood},
+      {">=", &Literal("RealValue", "1.5"), notAllowed},
+  };
+  for (const Case& each : cases) {
+    SCOPED_TRACE(each.relation);
+    auto& multiplicity = bench_.Model().Create(Symbol("SimpleMultiplicity"));
+    multiplicity.SetEntity(Symbol("Boundary"), each.boundary);
+    bench_.Set(multiplicity, "Operator", each.relation);
+    Element* const list[] = {&multiplicity};
+    member_->SetEntities(Symbol("Multiplicity"), list);
+    EXPECT_EQ(Line(), each.line);
+  }
+}
+
+// --- Templates -----------------------------------------------------------------------------------
+
+TEST_F(MemberTest, WithATemplateHasItsText) {
+  ExportBench& b = bench_;
+  auto& bounded = b.Template("string", {10});
+  auto& color = b.Enum(module_, "Color", {"red"});
+  auto& shape = b.Enum(b.Interface(module_, "J"), "Shape", {"round"});
+  auto& longs = b.Template("sequence", {"long"});
+  const std::pair<Element&, std::string> cases[] = {
+      {longs, "sequence<long> x;"},
+      {b.Template("sequence", {"Natural", 5}), "sequence<unsigned long, 5> x;"},
+      {b.Template("sequence", {longs}), "sequence<sequence<long> > x;"},
+      {b.Template("sequence", {longs, 5}), "sequence<sequence<long>, 5> x;"},
+      {b.Template("sequence", {color}), "sequence<Color> x;"},
+      {b.Template("sequence", {shape, Constant("Ten")}), "sequence<M::J::Shape, 10> x;"},
+      {bounded, "string<10> x;"},
+      {b.Template("wstring", {Constant("Inner")}), "wstring<3> x;"},
+      {b.Template("sequence", {bounded}), "sequence<string<10> > x;"},
+      {b.Template("fixed", {10, 0}), "fixed<10, 0> x;"},
+      {b.Template("array", {"long", 2, Constant("Ten")}), "long x[2][10];"},
+      {b.Template("array", {b.Template("array", {shape, 3}), 2}), "M::J::Shape x[2][3];"},
+      {b.Template("array", {b.Template("sequence", {bounded}), 2}), "sequence<string<10> > x[2];"},
+  };
+  for (const auto& [type, line] : cases) {
+    b.SetType(*member_, type);
+    EXPECT_EQ(Line(), line);
+  }
+}
+
+TEST_F(MemberTest, WithATemplateAndAMultiplicityIsASequenceOfIt) {
+  bench_.SetType(*member_, bench_.Template("string", {10}));
+  bench_.Range(*member_, 0, "*");
+  EXPECT_EQ(Line(), "sequence<string<10> > x;");
+  bench_.SetType(*member_, bench_.Template("array", {"long", 2}));
+  EXPECT_EQ(Line(), "Error - attribute M::S::x cannot have a multiplicity on an array type\n");
+}
+
+TEST_F(MemberTest, WithAWrongTemplateParameterAbortsTheRun) {
+  ExportBench& b = bench_;
+  auto& longs = b.Template("sequence", {"long"});
+  auto& array = b.Template("array", {"long", 2});
+  const auto wrong = [](const char* name) {
+    return "A parameter of " + std::string(name) + " template has incorrect type";
+  };
+  auto& text = b.Template("string", {});
+  text.AddEntity(Symbol("ActualTemplateParameter"), Literal("CharstringValue", "10"));
+  auto& missing = b.Template("sequence", {"long"});
+  missing.AddEntity(Symbol("ActualTemplateParameter"), Ident(nullptr));
+  auto& itself = b.Template("sequence", {});
+  itself.AddEntity(Symbol("ActualTemplateParameter"), itself);
+  const std::pair<Element&, std::string> cases[] = {
+      {b.Template("sequence", {}), wrong("sequence")},
+      {b.Template("sequence", {10}), wrong("sequence")},
+      {b.Template("sequence", {"long", 0}), wrong("sequence")},
+      {b.Template("sequence", {"long", 1, 2}), wrong("sequence")},
+      {b.Template("sequence", {"long", Constant("Real")}), wrong("sequence")},
+      {b.Template("sequence", {Constant("Ten")}), wrong("sequence")},
+      {b.Template("sequence", {array}), wrong("sequence")},
+      {b.Template("sequence", {b.Template("map", {"long"})}), wrong("sequence")},
+      {itself, wrong("sequence")},
+      {b.Template("string", {}), wrong("string")},
+      {b.Template("string", {"long"}), wrong("string")},
+      {text, wrong("string")},
+      {b.Template("wstring", {longs}), wrong("wstring")},
+      {b.Template("fixed", {10}), wrong("fixed")},
+      {b.Template("fixed", {0, 0}), wrong("fixed")},
+      {b.Template("array", {"long"}), wrong("array")},
+      {b.Template("array", {"long", -2}), wrong("array")},
+      {b.Template("sequence", {"long", Constant("Circle")}),
+       "Circular references between constant values are not allowed"},
+      {missing, "Failed to interpret ident correctly"},
+      {b.Template("map", {"long"}),
+       "Error - attribute M::S::x has a type that could not be identified\n"},
+  };
+  for (const auto& [type, line] : cases) {
+    b.SetType(*member_, type);
+    EXPECT_EQ(Line(), line);
+  }
+}
+
+// --- Names by scope ------------------------------------------------------------------------------
+
+TEST(AgentScope, DecidesHowATypeIsNamed) {
+  const OutcomeCase cases[] = {
+      {"the deliberate comparison of texts: what stands in M::AB counts as inside M::A",
+       [](ExportBench& b, Element& m) {
+         auto& a = b.Struct(b.Module(m, "A"), "S");
+         auto& user = b.Struct(b.Module(m, "AB"), "T");
+         b.Attribute(user, "s", a);
+         b.Range(b.Attribute(user, "all", a), 0, "*");
+       },
+       R"(Warning - attribute M::AB::T::all has an anonymous template type; consider using a typedef instead
+Warning - struct M::A::S has no members
+
+module A {
+    
+    struct S {
+    };
+};
+
+module AB {
+    
+    struct T {
+        S s;
+        sequence<S> all;
+    };
+};)"},
+      {"enclosing scopes, and sequences of names outside",
+       [](ExportBench& b, Element& m) {
+         auto& n = b.Module(m, "N");
+         auto& inner = b.Enum(n, "Inner", {"A"});
+         b.Attribute(b.Struct(b.Module(n, "O"), "S"), "x", inner);
+         b.Range(b.Attribute(b.Struct(b.Module(m, "P"), "S"), "x", inner), 0, 5);
+       },
+       R"(Warning - attribute M::P::S::x has an anonymous template type; consider using a typedef instead
+
+module N {
+    
+    enum Inner {
+        A
+    };
+    
+    module O {
+        
+        struct S {
+            Inner x;
+        };
+    };
+};
+
+module P {
+    
+    struct S {
+        sequence<M::N::Inner, 5> x;
+    };
+};)"},
+  };
+  ExpectOutcomes(cases);
+}
+
+TEST(AgentScope, OfATopLevelDeclarationIsEmpty) {
+  ExportBench bench;
+  auto& top = bench.Interface(bench.Package("P"), "Top");
+  auto& module = bench.Module("M");
+  bench.Attribute(bench.Struct(module, "S"), "top", top);
+  bench.Attribute(top, "m", module);
+  EXPECT_EQ(bench.Export({&module, &top}).Body(),
+            "\n\ninterface Top;\n\ninterface Top {\n    attribute M m;\n};"
+            "\n\nmodule M {\n    \n    struct S {\n        Top top;\n    };\n};");
+}
+
+}  // namespace

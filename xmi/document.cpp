@@ -1,0 +1,128 @@
+#include "xmi/document.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+
+#include "xmi/encoding.h"
+
+namespace xmi {
+namespace {
+
+// Text that is white space alone is kept where it is all that an element holds: it may be a name or
+// a value. The text of an element lies in the element itself, which saves a node.
+constexpr unsigned kParseOptions =
+    pugi::parse_default | pugi::parse_ws_pcdata_single | pugi::parse_embed_pcdata;
+
+std::string Bytes(const std::string& path) {
+  std::error_code error;
+  if (std::filesystem::is_directory(path, error)) {
+    throw ReadError(path + ": is a directory");
+  }
+  std::ifstream file(path, std::ios::binary);
+  if (!file) throw ReadError(path + ": " + std::strerror(errno));
+  std::string bytes;
+  const auto size = std::filesystem::file_size(path, error);
+  if (!error) bytes.resize(size);
+  file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  bytes.resize(static_cast<std::size_t>(file.gcount()));
+  // What has no size of its own (a pipe) or has grown is read to its end.
+  for (char part[4096]; file.read(part, sizeof part), file.gcount() > 0;) {
+    bytes.append(part, static_cast<std::size_t>(file.gcount()));
+  }
+  if (file.bad()) throw ReadError(path + ": can't be read");
+  return bytes;
+}
+
+bool StartsAsHtml(std::string_view text) {
+  const std::size_t start = text.find_first_not_of(" \t\r\n");
+  if (start == std::string_view::npos) return false;
+  std::string head(text.substr(start, 14));
+  std::transform(head.begin(), head.end(), head.begin(),
+                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  return head == "<!doctype html" || head.substr(0, 5) == "<html";
+}
+
+std::string ProblemText(const pugi::xml_parse_result& result) {
+  switch (result.status) {
+    case pugi::status_no_document_element:
+      return "is no XML: there is no element in it";
+    case pugi::status_end_element_mismatch:
+      return "is no well-formed XML: an end tag doesn't match its start tag, or the text ends early";
+    default:
+      return std::string("is no well-formed XML: ") + result.description();
+  }
+}
+
+}  // namespace
+
+std::unique_ptr<Document> Document::Load(const std::string& path) {
+  return Parse(path, Bytes(path));
+}
+
+std::unique_ptr<Document> Document::Parse(const std::string& path, std::string text) {
+  std::unique_ptr<Document> document(new Document(path));
+  document->Fill(std::move(text));
+  return document;
+}
+
+void Document::Fill(std::string text) {
+  const EncodingProblem problem = ToUtf8(text);
+  text_ = std::make_shared<std::string>(std::move(text));
+  if (text_->size() >= kNowhere) throw ReadError(path_ + ": is too large");
+  IndexLines();
+  if (text_->find_first_not_of(" \t\r\n") == std::string::npos) {
+    throw ReadError(path_ + ": is empty");
+  }
+  if (StartsAsHtml(*text_)) Fail(0, "is an HTML page, no UML model");
+  if (!problem.text.empty()) Fail(problem.offset, problem.text);
+  tree_ = std::make_unique<pugi::xml_document>();
+  const pugi::xml_parse_result result = tree_->load_buffer_inplace(
+      text_->data(), text_->size(), kParseOptions, pugi::encoding_utf8);
+  if (!result) Fail(static_cast<std::size_t>(result.offset), ProblemText(result));
+}
+
+// The parser writes into the text, so the lines are counted before it runs.
+void Document::IndexLines() {
+  lineStarts_.push_back(0);
+  const char* const begin = text_->data();
+  const char* const end = begin + text_->size();
+  for (const char* at = begin; at != end;) {
+    at = static_cast<const char*>(std::memchr(at, '\n', static_cast<std::size_t>(end - at)));
+    if (at == nullptr) break;
+    ++at;
+    lineStarts_.push_back(static_cast<std::uint32_t>(at - begin));
+  }
+}
+
+Location Document::Locate(std::uint32_t offset) const {
+  if (offset == kNowhere) return {path_, 0, 0};
+  const auto next = std::upper_bound(lineStarts_.begin(), lineStarts_.end(), offset);
+  const auto line = static_cast<std::size_t>(next - lineStarts_.begin());
+  return {path_, line, std::max<std::size_t>(offset - lineStarts_[line - 1], 1)};
+}
+
+void Document::Fail(std::size_t offset, const std::string& text) const {
+  const Location place = Locate(static_cast<std::uint32_t>(offset));
+  throw ReadError(place.file + ":" + std::to_string(place.line) + ": " + text);
+}
+
+std::string UriOf(const std::string& path) {
+  return path.find('/') == std::string::npos ? "./" + path : path;
+}
+
+std::string_view TextOf(pugi::xml_node element, std::string& buffer) {
+  const std::string_view own = element.value();
+  if (!element.first_child()) return own;
+  buffer = own;
+  for (const pugi::xml_node child : element.children()) {
+    if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata) {
+      buffer += child.value();
+    }
+  }
+  return buffer;
+}
+
+}  // namespace xmi

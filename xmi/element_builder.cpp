@@ -1,0 +1,191 @@
+#include "xmi/element_builder.h"
+
+#include <array>
+#include <utility>
+
+#include "xmi/symbols.h"
+
+namespace xmi {
+namespace {
+
+using model::Symbol;
+
+Symbol MetaclassOf(Word type) {
+  if (IsPackage(type)) return symbols::package;
+  if (type >= Word::kClass && type <= Word::kFunctionBehavior) return symbols::classClass;
+  switch (type) {
+    case Word::kDataType:
+    case Word::kPrimitiveType:
+    case Word::kEnumeration:
+      return symbols::dataType;
+    case Word::kDeploymentSpecification:
+      return Symbol("Artifact");
+    case Word::kProperty:
+    case Word::kExtensionEnd:
+      return Symbol("Attribute");
+    default:
+      return Symbol(IsDependency(type) ? "Dependency" : TextOf(type));
+  }
+}
+
+const std::array<Symbol, static_cast<std::size_t>(Word::kCount)>& Metaclasses() {
+  static const auto kMetaclasses = [] {
+    std::array<Symbol, static_cast<std::size_t>(Word::kCount)> result;
+    for (std::size_t i = 0; i < result.size(); ++i) result[i] = MetaclassOf(static_cast<Word>(i));
+    return result;
+  }();
+  return kMetaclasses;
+}
+
+bool IsTrue(std::string_view text) { return text == "true" || text == "1"; }
+
+std::string_view Trimmed(std::string_view text) {
+  const std::size_t begin = text.find_first_not_of(" \t\r\n");
+  if (begin == std::string_view::npos) return {};
+  return text.substr(begin, text.find_last_not_of(" \t\r\n") - begin + 1);
+}
+
+}  // namespace
+
+Word DefaultType(Word feature) {
+  constexpr std::pair<Word, Word> kDefaults[] = {
+      {Word::kOwnedAttribute, Word::kProperty},
+      {Word::kOwnedPort, Word::kPort},
+      {Word::kOwnedOperation, Word::kOperation},
+      {Word::kOwnedReception, Word::kReception},
+      {Word::kOwnedParameter, Word::kParameter},
+      {Word::kOwnedLiteral, Word::kEnumerationLiteral},
+      {Word::kOwnedComment, Word::kComment},
+      {Word::kOwnedStereotype, Word::kStereotype},
+      {Word::kNestedPackage, Word::kPackage},
+      {Word::kNestedArtifact, Word::kArtifact},
+      {Word::kGeneralizationFeature, Word::kGeneralization},
+      {Word::kPackageImportFeature, Word::kPackageImport},
+      {Word::kInterfaceRealizationFeature, Word::kInterfaceRealization},
+      {Word::kRealizationFeature, Word::kComponentRealization},
+      {Word::kSubstitutionFeature, Word::kSubstitution},
+      {Word::kManifestationFeature, Word::kManifestation},
+      {Word::kDeploymentFeature, Word::kDeployment},
+  };
+  for (const auto& [known, type] : kDefaults) {
+    if (known == feature) return type;
+  }
+  return Word::kNone;
+}
+
+bool IsOwnedFeature(Word feature) {
+  return feature >= Word::kPackagedElement && feature <= Word::kDeploymentFeature;
+}
+
+bool IsReferenceFeature(Word feature) {
+  return feature >= Word::kType && feature <= Word::kSignalReference;
+}
+
+bool IsSimpleFeature(Word feature) { return feature >= Word::kName && feature <= Word::kBody; }
+
+ItemIndex ElementBuilder::Build(const StartTag& tag, Word type, ItemIndex owner, FileIndex file,
+                                std::uint32_t offset) {
+  const Symbol metaclass = type == Word::kNone ? Symbol(tag.typeName)
+                                               : Metaclasses()[static_cast<std::size_t>(type)];
+  const ItemIndex item = reading_.items.Add(
+      {&reading_.model.Create(metaclass), owner, offset, file, type, 0});
+  for (const StartTag::Feature& feature : tag.features) {
+    if (IsReferenceFeature(feature.word)) {
+      Refer(item, feature.word, feature.value, false);
+    } else {
+      SetSimple(item, feature.word, feature.value);
+    }
+  }
+  return item;
+}
+
+ItemIndex ElementBuilder::BuildPlace(const StartTag& tag, ItemIndex owner, FileIndex file,
+                                     std::uint32_t offset) {
+  const ItemIndex item = reading_.items.Add({nullptr, owner, offset, file, Word::kNone, 0});
+  Refer(item, tag.tag, tag.href, true);
+  return item;
+}
+
+bool ElementBuilder::SetSimple(ItemIndex item, Word feature, std::string_view text) {
+  Item& subject = reading_.items[item];
+  switch (feature) {
+    case Word::kName:
+      subject.element->SetTextView(symbols::name, text);
+      return true;
+    case Word::kVisibility:
+      SetVisibility(item, Trimmed(text));
+      return true;
+    case Word::kDirection:
+      SetDirection(item, Trimmed(text));
+      return true;
+    case Word::kIsReadOnly:
+      if (IsTrue(Trimmed(text))) subject.element->SetTextView(symbols::changeability, "CkFrozen");
+      return true;
+    case Word::kIsAbstract:
+      if (IsTrue(Trimmed(text))) {
+        subject.element->SetTextView(symbols::isAbstract, "true");
+        subject.element->SetTextView(symbols::isAbstractLower, "true");
+      }
+      return true;
+    case Word::kIsConjugated:
+      if (IsTrue(Trimmed(text))) subject.flags |= Item::kConjugated;
+      return true;
+    case Word::kBody:
+      if (subject.type == Word::kComment) {
+        subject.element->SetTextView(symbols::text, WithoutCarriageReturns(text));
+      }
+      return true;
+    default:
+      return false;
+  }
+}
+
+void ElementBuilder::SetVisibility(ItemIndex item, std::string_view text) {
+  constexpr std::pair<std::string_view, std::string_view> kValues[] = {{"public", "VkPublic"},
+                                                                       {"private", "VkPrivate"},
+                                                                       {"protected", "VkProtected"},
+                                                                       {"package", "VkPackage"}};
+  for (const auto& [theirs, ours] : kValues) {
+    if (theirs != text) continue;
+    reading_.items[item].element->SetTextView(symbols::visibility, ours);
+    return;
+  }
+  WarnOfValue(item, "visibility", text);
+}
+
+void ElementBuilder::SetDirection(ItemIndex item, std::string_view text) {
+  constexpr std::pair<std::string_view, std::string_view> kValues[] = {
+      {"in", "DkIn"}, {"inout", "DkInOut"}, {"out", "DkOut"}, {"return", "DkReturn"}};
+  if (reading_.items[item].type != Word::kParameter) return;
+  for (const auto& [theirs, ours] : kValues) {
+    if (theirs != text) continue;
+    if (ours != "DkIn") reading_.items[item].element->SetTextView(symbols::direction, ours);
+    return;
+  }
+  WarnOfValue(item, "direction", text);
+}
+
+void ElementBuilder::WarnOfValue(ItemIndex item, std::string_view feature, std::string_view text) {
+  reading_.Warn(item, std::string(feature) + " \"" + std::string(text) + "\" of " +
+                          reading_.Describe(item) + " is unknown and passed over");
+}
+
+// Text with line ends of another system, or with them written as character references.
+std::string_view ElementBuilder::WithoutCarriageReturns(std::string_view text) {
+  if (text.find('\r') == std::string_view::npos) return text;
+  std::string lines;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool first = text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n';
+    if (!first) lines += text[i] == '\r' ? '\n' : text[i];
+  }
+  return reading_.model.Store(lines);
+}
+
+void ElementBuilder::Refer(ItemIndex item, Word feature, std::string_view text, bool isHref) {
+  Item& subject = reading_.items[item];
+  if (feature == Word::kType) subject.flags |= Item::kTyped;
+  if (isHref) reading_.files.Follow(subject.file, text, subject.offset);
+  reading_.references.push_back({item, feature, isHref, text.data()});
+}
+
+}  // namespace xmi

@@ -1,0 +1,65 @@
+// The files of one reading: the model file and those that it refers to.
+//
+// An `href` becomes a file and an id in it. Files are opened when they are first referred to, each
+// once; only local files are ever opened. What can't be opened is a remark.
+#pragma once
+
+#include <memory>
+#include <pugixml.hpp>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "xmi/document.h"
+#include "xmi/items.h"
+#include "xmi/remarks.h"
+
+namespace xmi {
+
+/// Where an `href` leads.
+struct Target {
+  static constexpr FileIndex kNoFile = 0xFFFF;
+
+  FileIndex file = kNoFile;  ///< `kNoFile` when it leads to nothing that can be read.
+  std::string_view id;       ///< As it stands behind the "#".
+};
+
+class Files {
+ public:
+  explicit Files(Remarks& remarks) : remarks_(&remarks) {}
+
+  struct File {
+    std::unique_ptr<Document> document;
+    std::vector<pugi::xml_node> extensions;  ///< What was skipped as a tool's own.
+    bool isLibrary = false;                  ///< The built-in library of types.
+    std::unordered_map<std::string_view, Target> targets;  ///< The hrefs seen in it.
+  };
+
+  /// Opens the model file, the first one. Throws `ReadError`.
+  void Open(const std::string& path);
+  /// Follows an `href` of a file; `offset` is where it stands. The text is borrowed.
+  Target Follow(FileIndex from, std::string_view href, std::uint32_t offset);
+
+  std::size_t Size() const { return files_.size(); }
+  File& operator[](FileIndex index) { return *files_[index]; }
+  const File& operator[](FileIndex index) const { return *files_[index]; }
+  /// The paths of all files but the built-in one, in the order in which they were opened.
+  const std::vector<std::string>& Paths() const { return paths_; }
+
+ private:
+  Target Resolve(FileIndex from, std::string_view href, std::uint32_t offset);
+  Target InLibrary(std::string_view id);
+  FileIndex OpenReferred(FileIndex from, std::string_view address, std::uint32_t offset);
+  FileIndex OpenPath(const std::string& path, const Location& place);
+  FileIndex Add(std::unique_ptr<Document> document);
+
+  Remarks* remarks_;
+  std::vector<std::unique_ptr<File>> files_;
+  std::vector<std::string> paths_;
+  std::unordered_map<std::string, FileIndex> byPath_;     // by canonical path
+  std::unordered_map<std::string, FileIndex> byAddress_;  // addresses that are no local files
+  FileIndex library_ = Target::kNoFile;
+};
+
+}  // namespace xmi

@@ -1,0 +1,62 @@
+// The xmi:ids of all files, each with the element that has it.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "xmi/items.h"
+
+namespace xmi {
+
+/// What an id leads to.
+struct IdTarget {
+  ItemIndex item : 31;
+  /// The id is that of something inside the item, a template's signature for one.
+  ItemIndex inner : 1;
+};
+
+class Ids {
+ public:
+  /// Makes room for the ids of the next file, as many as a text of that size may have.
+  void AddFile(std::size_t bytes);
+
+  /// Enters an id; false when the file has it already, which then counts. The text is borrowed and
+  /// ends in a NUL. `hash` is its `HashOf`.
+  bool Add(FileIndex file, const char* id, std::uint32_t hash, IdTarget target);
+  /// What an id leads to; null when the file has no such id. Valid until the next `Add`.
+  const IdTarget* Find(FileIndex file, std::string_view id) const;
+
+  static std::uint32_t HashOf(std::string_view id) {
+    return static_cast<std::uint32_t>(std::hash<std::string_view>()(id));
+  }
+  /// Fetches what `Add` and `Find` will read of the table, which doesn't fit into caches.
+  void Prefetch(FileIndex file, std::uint32_t hash) const {
+    const Table& table = tables_[file];
+    __builtin_prefetch(&table.entries[hash & (table.entries.size() - 1)]);
+  }
+  /// The id of an item; empty when it has none. Goes through all ids when first called.
+  std::string_view IdOf(ItemIndex item) const;
+
+ private:
+  struct Entry {
+    const char* text = nullptr;  // null in a free place
+    std::uint32_t hash = 0;
+    IdTarget target{};
+  };
+  struct Table {
+    std::vector<Entry> entries;
+    std::size_t count = 0;
+  };
+
+  static std::size_t PlaceOf(const Table& table, std::string_view id, std::uint32_t hash);
+  static void Grow(Table& table, std::size_t size);
+
+  std::vector<Table> tables_;  // by file
+  mutable std::unordered_map<ItemIndex, std::string_view> byItem_;
+};
+
+}  // namespace xmi

@@ -1,0 +1,71 @@
+#include "xmi/items.h"
+
+#include <algorithm>
+#include <functional>
+
+#include "xmi/symbols.h"
+
+namespace xmi {
+
+ItemIndex Items::Add(const Item& item) {
+  items_.push_back(item);
+  return static_cast<ItemIndex>(items_.size() - 1);
+}
+
+std::string_view Items::NameOf(ItemIndex index) const {
+  const model::Element* element = items_[index].element;
+  return element == nullptr ? std::string_view() : element->Text(symbols::name);
+}
+
+ItemIndex Items::ScopeOf(ItemIndex index) const {
+  const ItemIndex owner = items_[index].owner;
+  if (owner == kNoItem || !items_[owner].Has(Item::kHolder)) return owner;
+  return items_[owner].owner;
+}
+
+std::string Items::QualifiedName(ItemIndex index) const {
+  std::vector<std::string_view> names;
+  for (ItemIndex scope = ScopeOf(index); scope != kNoItem; scope = ScopeOf(index)) {
+    names.push_back(NameOf(index));
+    index = scope;
+  }
+  std::string result;
+  for (auto name = names.rbegin(); name != names.rend(); ++name) {
+    if (!result.empty()) result += "::";
+    result += *name;
+  }
+  return result;
+}
+
+ItemIndex Items::Find(const model::Element& element) const {
+  const std::less<const model::Element*> before;
+  const auto address = [this](ItemIndex index) { return items_[index].element; };
+  if (sortedSize_ != items_.size()) {
+    sortedSize_ = items_.size();
+    byAddress_.clear();
+    for (std::size_t i = 0; i < items_.size(); ++i) {
+      if (!items_[i].Has(Item::kPlace)) byAddress_.push_back(static_cast<ItemIndex>(i));
+    }
+    std::sort(byAddress_.begin(), byAddress_.end(),
+              [&](ItemIndex a, ItemIndex b) { return before(address(a), address(b)); });
+  }
+  const auto found = std::lower_bound(
+      byAddress_.begin(), byAddress_.end(), &element,
+      [&](ItemIndex a, const model::Element* wanted) { return before(address(a), wanted); });
+  return found != byAddress_.end() && address(*found) == &element ? *found : kNoItem;
+}
+
+bool IsPackage(Word type) {
+  return type == Word::kPackage || type == Word::kModel || type == Word::kProfile;
+}
+
+bool IsClassifier(Word type) { return type >= Word::kClass && type <= Word::kDeploymentSpecification; }
+
+bool IsDependency(Word type) { return type >= Word::kDependency && type <= Word::kPackageImport; }
+
+bool IsTyped(Word type) {
+  return type == Word::kProperty || type == Word::kExtensionEnd || type == Word::kPort ||
+         type == Word::kParameter;
+}
+
+}  // namespace xmi

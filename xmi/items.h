@@ -1,0 +1,73 @@
+// What the reader knows of each element that it made: where it stands and who owns it.
+//
+// Items stand in the order in which their elements were read, owners before what they own, so loops
+// over them go through the model in document order, file after file.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "model/element.h"
+#include "xmi/words.h"
+
+namespace xmi {
+
+using ItemIndex = std::uint32_t;
+using FileIndex = std::uint16_t;
+
+inline constexpr ItemIndex kNoItem = 0x7FFFFFFF;
+
+struct Item {
+  enum Flag : std::uint8_t {
+    kConjugated = 1,  ///< `isConjugated` of a port
+    kTyped = 2,       ///< names a type, known or not
+    kTypedVoid = 4,   ///< names a type "void"
+    kHolder = 8,      ///< a class that holds the constants of its package
+    kMarked = 16,     ///< a stereotype of the CORBA profile is applied
+    kMember = 32,     ///< is one of its owner's members
+    kPlace = 64,      ///< is only the place of an element of another file
+    kOverridden = 128,  ///< a stereotype decided its metaclass
+  };
+
+  model::Element* element = nullptr;  ///< Null for the place of an element of another file.
+  ItemIndex owner = kNoItem;
+  std::uint32_t offset = 0;  ///< In the file's text.
+  FileIndex file = 0;
+  Word type = Word::kNone;  ///< The UML type; `kNone` for one without a word.
+  std::uint8_t flags = 0;
+
+  bool Has(Flag flag) const { return (flags & flag) != 0; }
+};
+
+class Items {
+ public:
+  ItemIndex Add(const Item& item);
+  std::size_t Size() const { return items_.size(); }
+  Item& operator[](ItemIndex index) { return items_[index]; }
+  const Item& operator[](ItemIndex index) const { return items_[index]; }
+
+  std::string_view NameOf(ItemIndex index) const;
+  /// The owner in which an element has its name: the package for the constants of a holder.
+  ItemIndex ScopeOf(ItemIndex index) const;
+  /// The "::"-qualified name below the root; empty for a root.
+  std::string QualifiedName(ItemIndex index) const;
+  /// The item of an element; `kNoItem` for one that stands in no file. Slow when first called.
+  ItemIndex Find(const model::Element& element) const;
+
+ private:
+  std::vector<Item> items_;
+  mutable std::vector<ItemIndex> byAddress_;
+  mutable std::size_t sortedSize_ = 0;
+};
+
+/// True for a type whose elements own members under their names.
+bool IsPackage(Word type);
+bool IsClassifier(Word type);
+bool IsDependency(Word type);
+/// A property or parameter.
+bool IsTyped(Word type);
+
+}  // namespace xmi

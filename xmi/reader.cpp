@@ -1,0 +1,164 @@
+#include "xmi/reader.h"
+
+#include "xmi/dependencies.h"
+#include "xmi/multiplicities.h"
+#include "xmi/ports.h"
+#include "xmi/reading.h"
+#include "xmi/relations.h"
+#include "xmi/resolver.h"
+#include "xmi/stereotypes.h"
+#include "xmi/symbols.h"
+#include "xmi/templates.h"
+#include "xmi/types.h"
+#include "xmi/values.h"
+#include "xmi/walker.h"
+
+namespace xmi {
+
+struct Reader::Impl {
+  explicit Impl(model::Model& model) : reading(model) {}
+
+  void SetDefaults(const std::string& path);
+  void Walk();
+  void Connect();
+  void Finish();
+
+  Reading reading;
+  std::map<std::string, std::size_t> passedOver;
+};
+
+void Reader::Impl::SetDefaults(const std::string& path) {
+  model::Model& model = reading.model;
+  model.SetDefaultText(symbols::uri, UriOf(path));
+  model.SetDefaultText(symbols::visibility, "VkNoVisibility");
+  model.SetDefaultText(symbols::changeability, "CkUnfrozen");
+  model.SetDefaultText(symbols::isAbstract, "false");
+  model.SetDefaultText(symbols::isAbstractLower, "false");
+  model.SetDefaultText(symbols::direction, "DkIn");
+}
+
+// Files are opened while others are walked; the loop gets to them all.
+void Reader::Impl::Walk() {
+  Walker walker(reading);
+  for (std::size_t file = 0; file < reading.files.Size(); ++file) {
+    walker.Walk(static_cast<FileIndex>(file));
+  }
+}
+
+// What later steps ask for, earlier steps have set: stereotypes decide what is a template and what
+// a constant, templates what a type answers.
+void Reader::Impl::Connect() {
+  Resolver resolver(reading);
+  Types types(reading);
+  Values values(reading, resolver);
+  Templates templates(reading, resolver);
+  Relations relations(reading, types);
+  Dependencies dependencies(reading);
+
+  resolver.FillPlaces();
+  Stereotypes(reading, resolver).Apply();
+  relations.NamePrimitives();
+  templates.Find();
+  resolver.ResolveReferences();
+  relations.SetLinks();
+  relations.SetMembers();
+  relations.SetComments();
+  dependencies.Set();
+  dependencies.SetGeneralizations();
+  templates.Fill(values, types);
+  Multiplicities(reading, values).Set();
+  Ports(reading).Set();
+}
+
+// From here on only the elements, their places and the texts that they point into are needed.
+void Reader::Impl::Finish() {
+  for (std::size_t file = 0; file < reading.files.Size(); ++file) {
+    Files::File& read = reading.files[static_cast<FileIndex>(file)];
+    reading.model.Keep(read.document->Text());
+    read.document->DropTree();
+    read.extensions = {};
+  }
+  reading.references = {};
+  reading.values = {};
+  reading.bindings = {};
+  reading.applications = {};
+  reading.links = {};
+  for (const auto& [kind, count] : reading.passedOver) passedOver[kind] = count;
+}
+
+Reader::Reader(model::Model& model) : impl_(std::make_unique<Impl>(model)) {}
+
+Reader::~Reader() = default;
+
+void Reader::Read(const std::string& path) {
+  impl_->SetDefaults(path);
+  impl_->reading.files.Open(path);
+  impl_->Walk();
+  impl_->Connect();
+  impl_->Finish();
+}
+
+const std::vector<Remark>& Reader::Remarks() const { return impl_->reading.remarks.All(); }
+
+const std::map<std::string, std::size_t>& Reader::PassedOver() const { return impl_->passedOver; }
+
+const std::vector<std::string>& Reader::Files() const { return impl_->reading.files.Paths(); }
+
+model::Element* Reader::FindById(std::string_view id) const {
+  const Reading& reading = impl_->reading;
+  for (std::size_t file = 0; file < reading.files.Size(); ++file) {
+    if (reading.files[static_cast<FileIndex>(file)].isLibrary) continue;
+    const IdTarget* entry = reading.ids.Find(static_cast<FileIndex>(file), id);
+    if (entry != nullptr && !entry->inner) return reading.items[entry->item].element;
+  }
+  return nullptr;
+}
+
+std::vector<model::Element*> Reader::FindByName(std::string_view qualifiedName) const {
+  std::vector<model::Element*> found;
+  const Items& items = impl_->reading.items;
+  const std::string_view last = qualifiedName.substr(
+      qualifiedName.rfind(':') == std::string_view::npos ? 0 : qualifiedName.rfind(':') + 1);
+  for (std::size_t i = 0; i < items.Size(); ++i) {
+    const auto index = static_cast<ItemIndex>(i);
+    const Item& item = items[index];
+    if (item.element == nullptr || item.Has(Item::kPlace) || items.NameOf(index) != last) continue;
+    if (impl_->reading.files[item.file].isLibrary) continue;
+    ItemIndex root = index;
+    while (items[root].owner != kNoItem) root = items[root].owner;
+    const std::string name = items.QualifiedName(index);
+    const std::string rootName(items.NameOf(root));
+    const std::string full = name.empty() ? rootName : rootName + "::" + name;
+    if (qualifiedName == name || qualifiedName == full) found.push_back(item.element);
+  }
+  return found;
+}
+
+std::vector<model::Element*> Reader::Artifacts() const {
+  std::vector<model::Element*> artifacts;
+  const Items& items = impl_->reading.items;
+  for (std::size_t i = 0; i < items.Size(); ++i) {
+    const Item& item = items[static_cast<ItemIndex>(i)];
+    const bool isArtifact =
+        item.type == Word::kArtifact || item.type == Word::kDeploymentSpecification;
+    if (isArtifact && !item.Has(Item::kPlace)) artifacts.push_back(item.element);
+  }
+  return artifacts;
+}
+
+std::string Reader::QualifiedName(const model::Element& element) const {
+  const ItemIndex item = impl_->reading.items.Find(element);
+  return item == kNoItem ? "" : impl_->reading.items.QualifiedName(item);
+}
+
+std::string Reader::IdOf(const model::Element& element) const {
+  const ItemIndex item = impl_->reading.items.Find(element);
+  return item == kNoItem ? "" : std::string(impl_->reading.ids.IdOf(item));
+}
+
+Location Reader::Locate(const model::Element& element) const {
+  const ItemIndex item = impl_->reading.items.Find(element);
+  return item == kNoItem ? Location() : impl_->reading.Locate(item);
+}
+
+}  // namespace xmi

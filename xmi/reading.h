@@ -1,0 +1,97 @@
+// The state of one reading, which its phases share.
+//
+// The first phase goes through the files, makes the elements and puts down what can't be decided
+// before everything is read; the later phases work that off, so references may lead anywhere.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <pugixml.hpp>
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "model/model.h"
+#include "xmi/files.h"
+#include "xmi/ids.h"
+#include "xmi/items.h"
+#include "xmi/remarks.h"
+#include "xmi/words.h"
+
+namespace xmi {
+
+/// A reference that an item makes, as the file has it.
+struct Reference {
+  ItemIndex from = kNoItem;
+  Word feature = Word::kNone;
+  bool isHref = false;
+  const char* text = nullptr;  ///< An href, or ids with blanks between them.
+};
+
+/// A reference of which the target is known; `kNoItem` where it leads to nothing of the model.
+struct Link {
+  ItemIndex from = kNoItem;
+  ItemIndex to = kNoItem;
+  Word feature = Word::kNone;
+};
+
+/// A bound, a default value or the value of an instance.
+struct ValueNode {
+  ItemIndex item = kNoItem;
+  Word feature = Word::kNone;
+  Word type = Word::kNone;
+  std::string_view value;  ///< The attribute "value"; empty without one.
+  bool hasValue = false;   ///< The attribute is there.
+  pugi::xml_node node;
+};
+
+struct TemplateBinding {
+  ItemIndex item = kNoItem;
+  pugi::xml_node node;
+};
+
+/// The application of a stereotype.
+struct Application {
+  FileIndex file = 0;
+  pugi::xml_node node;
+};
+
+struct Reading {
+  explicit Reading(model::Model& filled) : model(filled), files(remarks) {}
+
+  model::Model& model;
+  Remarks remarks;
+  Files files;
+  Items items;
+  Ids ids;
+
+  std::vector<Reference> references;
+  std::vector<ValueNode> values;
+  std::vector<TemplateBinding> bindings;
+  std::vector<Application> applications;
+  std::vector<Link> links;       ///< In the order of the items that they come from.
+  std::vector<ItemIndex> roots;  ///< Of all files.
+  std::unordered_map<std::string, std::size_t> passedOver;
+
+  Location Locate(ItemIndex item) const {
+    return files[items[item].file].document->Locate(items[item].offset);
+  }
+  Location LocateNode(FileIndex file, pugi::xml_node node) const {
+    const Document& document = *files[file].document;
+    return document.Locate(document.OffsetOf(node));
+  }
+  /// The links of an item, for loops over all items in order; `next` starts at 0.
+  std::span<const Link> LinksOf(ItemIndex item, std::size_t& next) const {
+    const std::size_t begin = next;
+    while (next < links.size() && links[next].from == item) ++next;
+    return {links.data() + begin, next - begin};
+  }
+  /// How a remark names an item: its kind and its qualified name, or else its id.
+  std::string Describe(ItemIndex item) const;
+  /// Adds a remark about an item.
+  void Warn(ItemIndex item, const std::string& text) { remarks.Add(Locate(item), text); }
+};
+
+}  // namespace xmi

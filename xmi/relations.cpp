@@ -1,0 +1,115 @@
+#include "xmi/relations.h"
+
+#include "xmi/libraries.h"
+#include "xmi/symbols.h"
+
+namespace xmi {
+
+void Relations::NamePrimitives() {
+  for (std::size_t i = 0; i < reading_.items.Size(); ++i) {
+    const Item& item = reading_.items[static_cast<ItemIndex>(i)];
+    if (item.type != Word::kPrimitiveType || item.Has(Item::kMarked)) continue;
+    const std::string_view name = item.element->Text(symbols::name);
+    const std::string_view known = PrimitiveName(name);
+    if (known != name) item.element->SetTextView(symbols::name, known);
+  }
+}
+
+void Relations::SetLinks() {
+  Lists exceptions;
+  for (const Link& link : reading_.links) {
+    if (link.to != kNoItem && reading_.items[link.to].element != nullptr) {
+      SetLink(link, exceptions);
+    }
+  }
+  exceptions.Store(reading_, symbols::raisedException);
+}
+
+void Relations::SetLink(const Link& link, Lists& exceptions) {
+  const Item& from = reading_.items[link.from];
+  model::Element* const target = reading_.items[link.to].element;
+  switch (link.feature) {
+    case Word::kType:
+      if (IsTyped(from.type) && from.element->Entity(symbols::targetType) == nullptr) {
+        types_.Set(link.from, link.to);
+      }
+      break;
+    case Word::kGeneral:
+      if (from.element->Entity(symbols::parent) == nullptr) {
+        from.element->SetEntity(symbols::parent, target);
+      }
+      break;
+    case Word::kRaisedException:
+      exceptions.Add(link.from, target);
+      break;
+    case Word::kSignalReference:
+      from.element->SetEntity(symbols::signal, target);
+      break;
+    default:
+      break;
+  }
+}
+
+// Tools write a return parameter without a type, or of a type "void", for an operation without a
+// result.
+bool Relations::IsParameter(const Item& item) const {
+  if (item.type != Word::kParameter) return false;
+  if (item.element->Text(symbols::direction) != "DkReturn") return true;
+  return item.Has(Item::kTyped) && !item.Has(Item::kTypedVoid);
+}
+
+void Relations::AddMember(ItemIndex index, Lists& members) {
+  const Item& item = reading_.items[index];
+  if (!item.Has(Item::kMember) || item.Has(Item::kHolder)) return;
+  model::Element* member = item.element;
+  if (item.type == Word::kReception) member = item.element->Entity(symbols::signal);
+  if (member != nullptr) members.Add(reading_.items.ScopeOf(index), member);
+}
+
+void Relations::SetMembers() {
+  Lists members;
+  Lists parameters;
+  Lists literals;
+  for (std::size_t i = 0; i < reading_.items.Size(); ++i) {
+    const auto index = static_cast<ItemIndex>(i);
+    const Item& item = reading_.items[index];
+    if (item.element == nullptr || item.owner == kNoItem) continue;
+    const Item& owner = reading_.items[item.owner];
+    AddMember(index, members);
+    const bool isSignals = owner.type == Word::kSignal && item.type == Word::kProperty;
+    if (isSignals || IsParameter(item)) parameters.Add(item.owner, item.element);
+    if (item.type == Word::kEnumerationLiteral) {
+      literals.Add(item.owner, item.element);
+      item.element->SetEntity(symbols::owner, owner.element);
+    }
+  }
+  members.Store(reading_, symbols::ownedMember);
+  parameters.Store(reading_, symbols::parameter);
+  literals.Store(reading_, symbols::literal);
+  for (const ItemIndex root : reading_.roots) {
+    const Item& item = reading_.items[root];
+    const bool isOwn = item.owner == kNoItem && !reading_.files[item.file].isLibrary;
+    if (isOwn) reading_.model.AddRoot(*item.element);
+  }
+}
+
+void Relations::SetComments() {
+  Lists comments;
+  std::size_t next = 0;
+  for (std::size_t i = 0; i < reading_.items.Size(); ++i) {
+    const auto index = static_cast<ItemIndex>(i);
+    const Item& item = reading_.items[index];
+    bool annotates = false;
+    for (const Link& link : reading_.LinksOf(index, next)) {
+      if (link.feature != Word::kAnnotatedElement) continue;
+      annotates = true;
+      const bool isKnown = link.to != kNoItem && reading_.items[link.to].element != nullptr;
+      if (isKnown && item.type == Word::kComment) comments.Add(link.to, item.element);
+    }
+    const bool isOwners = item.type == Word::kComment && !annotates && item.owner != kNoItem;
+    if (isOwners) comments.Add(item.owner, item.element);
+  }
+  comments.Store(reading_, symbols::comment);
+}
+
+}  // namespace xmi

@@ -1,0 +1,32 @@
+// Turns what was read into what elements answer about each other: members, parameters, parents,
+// comments.
+#pragma once
+
+#include "xmi/lists.h"
+#include "xmi/reading.h"
+#include "xmi/types.h"
+
+namespace xmi {
+
+class Relations {
+ public:
+  Relations(Reading& reading, Types& types) : reading_(reading), types_(types) {}
+
+  /// Gives the model's own primitive types the names that the agent knows.
+  void NamePrimitives();
+  /// Works off the links that answer by themselves: types, parents, exceptions and signals.
+  void SetLinks();
+  /// Roots, members, parameters and literals. After `SetLinks`.
+  void SetMembers();
+  void SetComments();
+
+ private:
+  void SetLink(const Link& link, Lists& exceptions);
+  void AddMember(ItemIndex index, Lists& members);
+  bool IsParameter(const Item& item) const;
+
+  Reading& reading_;
+  Types& types_;
+};
+
+}  // namespace xmi

@@ -1,0 +1,13 @@
+#include "xmi/remarks.h"
+
+#include <utility>
+
+namespace xmi {
+
+void Remarks::Add(Location location, std::string text) {
+  std::string key = location.file + ':' + std::to_string(location.line) + ':' + text;
+  if (!known_.insert(std::move(key)).second) return;
+  remarks_.push_back({std::move(location), std::move(text)});
+}
+
+}  // namespace xmi

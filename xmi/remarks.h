@@ -1,0 +1,25 @@
+// The warnings of one reading, each once.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
+#include "xmi/reader.h"
+
+namespace xmi {
+
+class Remarks {
+ public:
+  /// Adds a warning unless the same text was added for the same place before.
+  void Add(Location location, std::string text);
+
+  const std::vector<Remark>& All() const { return remarks_; }
+
+ private:
+  std::vector<Remark> remarks_;
+  std::unordered_set<std::string> known_;
+};
+
+}  // namespace xmi

@@ -1,0 +1,153 @@
+#include "xmi/resolver.h"
+
+#include <algorithm>
+
+#include "xmi/element_builder.h"
+#include "xmi/start_tag.h"
+#include "xmi/symbols.h"
+
+namespace xmi {
+namespace {
+
+bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+
+// The next word of a text, which is cut off it; empty at the end.
+std::string_view TakeWord(std::string_view& text) {
+  const char* begin = text.data();
+  const char* const textEnd = begin + text.size();
+  while (begin != textEnd && IsBlank(*begin)) ++begin;
+  const char* end = begin;
+  while (end != textEnd && !IsBlank(*end)) ++end;
+  text = {end, static_cast<std::size_t>(textEnd - end)};
+  return {begin, static_cast<std::size_t>(end - begin)};
+}
+
+// Reaches every element below a node without using the call stack for the depth.
+void ForEachBelow(pugi::xml_node top, const std::function<void(pugi::xml_node)>& visit) {
+  struct Visitor : pugi::xml_tree_walker {
+    explicit Visitor(const std::function<void(pugi::xml_node)>& called) : visit(called) {}
+    bool for_each(pugi::xml_node& node) override {
+      if (node.type() == pugi::node_element) visit(node);
+      return true;
+    }
+    const std::function<void(pugi::xml_node)>& visit;
+  } visitor(visit);
+  top.traverse(visitor);
+}
+
+}  // namespace
+
+void ForEachWord(std::string_view text, const std::function<void(std::string_view)>& visit) {
+  for (std::string_view word = TakeWord(text); !word.empty(); word = TakeWord(text)) visit(word);
+}
+
+const IdTarget* Resolver::FindEntry(FileIndex file, std::string_view text, bool isHref) {
+  if (!isHref) return reading_.ids.Find(file, text);
+  const Target target = reading_.files.Follow(file, text, Document::kNowhere);
+  return target.file == Target::kNoFile ? nullptr : reading_.ids.Find(target.file, target.id);
+}
+
+const IdTarget* Resolver::FindOrWarn(ItemIndex from, std::string_view feature,
+                                       std::string_view text, bool isHref) {
+  const FileIndex file = reading_.items[from].file;
+  if (const IdTarget* entry = FindEntry(file, text, isHref)) return entry;
+  std::string place = "the file";
+  if (isHref) {
+    const Target target = reading_.files.Follow(file, text, Document::kNowhere);
+    if (target.file == Target::kNoFile) return nullptr;
+    place = reading_.files[target.file].document->Path();
+    text = target.id;
+  } else if (feature == "type") {
+    if (const IdTarget* entry = FindInExtensions(file, text)) return entry;
+  }
+  reading_.Warn(from, "the " + std::string(feature) + " of " + reading_.Describe(from) +
+                          " is \"" + std::string(text) + "\", which is not in " + place);
+  return nullptr;
+}
+
+// Some tools put the types that a model uses into a block of their own.
+const IdTarget* Resolver::FindInExtensions(FileIndex file, std::string_view id) {
+  extensionsRead_.resize(reading_.files.Size());
+  if (extensionsRead_[file]) return nullptr;
+  extensionsRead_[file] = true;
+  for (const pugi::xml_node extension : reading_.files[file].extensions) {
+    ForEachBelow(extension, [&](pugi::xml_node node) {
+      const std::string_view nodeId = LocalAttribute(node, "id", true);
+      const std::string_view type = LocalAttribute(node, "type", true);
+      if (nodeId.empty() || TypeOf(SplitName(type).local) != Word::kPrimitiveType) return;
+      model::Element& element = reading_.model.Create(symbols::dataType);
+      element.SetTextView(symbols::name, LocalAttribute(node, "name", false));
+      const ItemIndex item =
+          reading_.items.Add({&element, kNoItem, reading_.files[file].document->OffsetOf(node),
+                              file, Word::kPrimitiveType, 0});
+      reading_.ids.Add(file, nodeId.data(), Ids::HashOf(nodeId), {item, false});
+    });
+  }
+  return reading_.ids.Find(file, id);
+}
+
+ItemIndex Resolver::Find(ItemIndex from, std::string_view feature, std::string_view text,
+                         bool isHref) {
+  if (!isHref) text = TakeWord(text);
+  const IdTarget* entry = FindOrWarn(from, feature, text, isHref);
+  return entry == nullptr || entry->inner ? kNoItem : entry->item;
+}
+
+void Resolver::Resolve(const Reference& reference) {
+  const std::string_view feature = TextOf(reference.feature);
+  const bool isVoid = reference.isHref && std::string_view(reference.text).ends_with("#void");
+  if (isVoid) reading_.items[reference.from].flags |= Item::kTypedVoid;
+  const auto add = [&](std::string_view text) {
+    const ItemIndex found = Find(reference.from, feature, text, reference.isHref);
+    reading_.links.push_back({reference.from, found, reference.feature});
+  };
+  if (reference.isHref) return add(reference.text);
+  std::string_view ids = reference.text;
+  for (std::string_view id = TakeWord(ids); !id.empty(); id = TakeWord(ids)) add(id);
+}
+
+void Resolver::Prefetch(const Reference& reference) const {
+  if (reference.isHref) return;
+  reading_.ids.Prefetch(reading_.items[reference.from].file, Ids::HashOf(reference.text));
+}
+
+void Resolver::ResolveReferences() {
+  reading_.links.reserve(reading_.references.size());
+  constexpr std::size_t kAhead = 12;
+  const std::vector<Reference>& references = reading_.references;
+  for (std::size_t i = 0; i < references.size(); ++i) {
+    if (i + kAhead < references.size()) Prefetch(references[i + kAhead]);
+    if (!IsOwnedFeature(references[i].feature)) Resolve(references[i]);
+  }
+  const auto isBefore = [](const Link& a, const Link& b) { return a.from < b.from; };
+  std::vector<Link>& links = reading_.links;
+  if (!std::is_sorted(links.begin(), links.end(), isBefore)) {
+    std::stable_sort(links.begin(), links.end(), isBefore);
+  }
+}
+
+void Resolver::FillPlaces() {
+  for (const Reference& reference : reading_.references) {
+    if (!IsOwnedFeature(reference.feature)) continue;
+    const ItemIndex found =
+        Find(reference.from, TextOf(reference.feature), reference.text, reference.isHref);
+    if (found != kNoItem) FillPlace(reference.from, found);
+  }
+}
+
+void Resolver::FillPlace(ItemIndex place, ItemIndex found) {
+  Item& item = reading_.items[found];
+  const ItemIndex owner = reading_.items[place].owner;
+  ItemIndex above = owner;
+  while (above != kNoItem && above != found) above = reading_.items[above].owner;
+  if (above == found || item.owner != kNoItem) {
+    return reading_.Warn(place, "an element of another file stands in " +
+                                    reading_.Describe(owner) + " but belongs elsewhere: " +
+                                    reading_.Describe(found));
+  }
+  item.owner = owner;
+  reading_.items[place].element = item.element;
+  reading_.items[place].flags |= Item::kPlace;
+}
+
+}  // namespace xmi

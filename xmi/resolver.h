@@ -1,0 +1,44 @@
+// Finds what references lead to.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "xmi/reading.h"
+
+namespace xmi {
+
+class Resolver {
+ public:
+  explicit Resolver(Reading& reading) : reading_(reading) {}
+
+  /// Puts the elements of other files where the model has a place for them.
+  void FillPlaces();
+  /// Turns all other references into links.
+  void ResolveReferences();
+
+  /// The item that a reference leads to: ids with blanks between them, of which the first counts,
+  /// or an href. `kNoItem` for what is no element of the model. A reference to nowhere is a remark
+  /// about `from`.
+  ItemIndex Find(ItemIndex from, std::string_view feature, std::string_view text, bool isHref);
+  /// The entry of the id that an idref or href of a file names; null when there is none.
+  const IdTarget* FindEntry(FileIndex file, std::string_view text, bool isHref);
+
+ private:
+  const IdTarget* FindOrWarn(ItemIndex from, std::string_view feature, std::string_view text,
+                               bool isHref);
+  const IdTarget* FindInExtensions(FileIndex file, std::string_view id);
+  void Resolve(const Reference& reference);
+  void Prefetch(const Reference& reference) const;
+  void FillPlace(ItemIndex place, ItemIndex found);
+
+  Reading& reading_;
+  std::vector<bool> extensionsRead_;  // by file
+};
+
+/// Calls `visit` with each of the words between blanks.
+void ForEachWord(std::string_view text, const std::function<void(std::string_view)>& visit);
+
+}  // namespace xmi

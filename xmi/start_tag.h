@@ -1,0 +1,53 @@
+// What the start tag of one XML element says, its names recognised.
+#pragma once
+
+#include <pugixml.hpp>
+#include <string_view>
+#include <vector>
+
+#include "xmi/namespaces.h"
+#include "xmi/words.h"
+
+namespace xmi {
+
+/// Filled again and again for one element after the other. All texts point into the document.
+struct StartTag {
+  /// A known attribute of UML.
+  struct Feature {
+    Word word;
+    std::string_view value;
+  };
+
+  std::string_view name;  ///< As it stands in the file.
+  Space space = Space::kNone;
+  Word tag = Word::kNone;  ///< The word of the local name.
+
+  std::string_view id;
+  std::string_view idref;
+  std::string_view href;
+  bool nil = false;      ///< Says that there is no value.
+  bool hasBase = false;  ///< Has an attribute "base_...", as applications of stereotypes do.
+
+  std::string_view typeName;  ///< The local name of `xmi:type` or `xsi:type`; empty without one.
+  Space typeSpace = Space::kNone;
+  Word type = Word::kNone;
+
+  std::vector<Feature> features;
+
+  /// Reads an element's start tag. Namespaces that it declares are bound.
+  void Read(pugi::xml_node element, Namespaces& namespaces);
+
+ private:
+  void Clear();
+  bool ReadAttributes(pugi::xml_node element, const Namespaces& namespaces);
+  void ReadPrefixed(QualifiedName attribute, std::string_view value, const Namespaces& namespaces);
+};
+
+/// The word of a type's name; `kNone` when it is not known.
+Word TypeOf(std::string_view name);
+
+/// The value of an attribute by its local name, whatever its prefix, which must be there when
+/// `prefixed` says so; empty when there is none. For the few elements that are read later.
+std::string_view LocalAttribute(pugi::xml_node element, std::string_view local, bool prefixed);
+
+}  // namespace xmi

@@ -1,0 +1,44 @@
+// Turns classifiers that bind one of the known templates into "TemplateInstantiation"s.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "xmi/reading.h"
+#include "xmi/resolver.h"
+#include "xmi/types.h"
+#include "xmi/values.h"
+
+namespace xmi {
+
+class Templates {
+ public:
+  Templates(Reading& reading, Resolver& resolver) : reading_(reading), resolver_(resolver) {}
+
+  /// Finds the instantiations. Before any element is given its type.
+  void Find();
+  /// Gives them their actual parameters.
+  void Fill(Values& values, Types& types);
+
+ private:
+  struct Instantiation {
+    ItemIndex item;
+    pugi::xml_node binding;
+    std::vector<model::Element*> actuals;
+    std::vector<ItemIndex> nested;  // the actuals that are instantiations themselves
+  };
+
+  ItemIndex TemplateOf(const TemplateBinding& binding);
+  void FillOne(Instantiation& instantiation, Values& values, Types& types);
+  void AddOwned(Instantiation& instantiation, pugi::xml_node actual, Values& values);
+  void AddReferred(Instantiation& instantiation, std::string_view text, bool isHref,
+                   Values& values, Types& types);
+  void CutCycles(Values& values);
+  void Cut(Instantiation& instantiation, ItemIndex nested, Values& values);
+
+  Reading& reading_;
+  Resolver& resolver_;
+  std::vector<Instantiation> instantiations_;  // in the order of their items
+};
+
+}  // namespace xmi
