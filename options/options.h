@@ -34,8 +34,6 @@ class Options {
   std::string FileSuffix() const { return fileSuffix; }
   /// The name of the main file, without suffix and extension.
   std::string FileName() const { return fileName; }
-  /// The target directory as the model gives it; may be empty.
-  std::string TargetDir() const { return targetDir; }
 
  private:
   std::string targetDir;

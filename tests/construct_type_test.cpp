@@ -1,11 +1,7 @@
-// Type definitions, sequences, boxed values, templates, bounds and constants as IDL text.
-#include <gmock/gmock.h>
+// Type definitions, sequences, boxed values and constants as IDL text, with every type in them.
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <string>
 #include <string_view>
-#include <utility>
 
 #include "model/model.h"
 #include "tests/support/export.h"
@@ -139,122 +135,6 @@ struct User {
   bench.Export({&module});
   const auto judged = support::RunProcess({IDLEXPORT_OMNIIDL, "out/Out.idl"});
   EXPECT_EQ(judged.status, 0) << judged.errors;
-}
-
-TEST(ConstructTemplate, AbortsForAParameterOfTheWrongKind) {
-  const std::pair<std::string_view, Element& (*)(ExportBench&)> cases[] = {
-      {"sequence", [](auto& b) -> auto& {return b.Template("sequence", {});
-}
-}  // namespace
-, {"sequence", [](auto& b) -> auto& {return b.Template("sequence", {3});
-}
-}
-, {"sequence", [](auto& b) -> auto& {return b.Template("sequence", {"long", 0});
-}
-}
-, {"sequence", [](auto& b) -> auto& {return b.Template("sequence", {"long", "long"});
-}
-}
-, {"sequence", [](auto& b) -> auto& {return b.Template("sequence", {"long", 2, 2});
-}
-}
-, {"sequence",
-   [](auto& b) -> auto& {return b.Template("sequence", {b.Template("array", {"long", 2})});
-}
-}
-, {"sequence", [](auto& b) -> auto& {auto& loop = b.Template("sequence", {});
-loop.AddEntity(Symbol("ActualTemplateParameter"), loop);
-return loop;
-}
-}
-, {"string", [](auto& b) -> auto& {return b.Template("string", {-1});
-}
-}
-, {"string", [](auto& b) -> auto& {auto& constant = b.Constant(b.Package("P"), "C", "string", 1);
-return b.Template("string", {b.Default(constant, "CharstringValue", "\"1\"")});
-}
-}
-, {"wstring", [](auto& b) -> auto& {return b.Template("wstring", {1, 2});
-}
-}
-, {"fixed", [](auto& b) -> auto& {return b.Template("fixed", {5});
-}
-}
-, {"fixed", [](auto& b) -> auto& {return b.Template("fixed", {5, -1});
-}
-}
-, {"array", [](auto& b) -> auto& {return b.Template("array", {"long"});
-}
-}
-, {"array", [](auto& b) -> auto& {return b.Template("array", {"long", 2, 0});
-}
-}
-,
-}
-;
-for (const auto& [name, make] : cases) {
-  ExportBench bench;
-  auto& module = bench.Module("M");
-  Typedef(bench, module, "T", make(bench));
-  EXPECT_THAT(bench.Export({&module}).Messages(),
-              testing::HasSubstr("A parameter of " + std::string(name) +
-                                 " template has incorrect type\n\nIDL exporter aborted.\n"));
-}
-}
-
-/// What a member "x" of type long becomes with a multiplicity.
-std::string Bounded(const std::function<void(ExportBench&, Element& module, Element& x)>& bound) {
-  ExportBench bench;
-  auto& module = bench.Module("M");
-  auto& member = bench.Attribute(bench.Struct(module, "S"), "x", "long");
-  bound(bench, module, member);
-  const auto exported = bench.Export({&module});
-  const std::string body = exported.Body();
-  const std::string opening = "struct S {\n        ";
-  const std::size_t begin = body.find(opening) + opening.size();
-  if (begin < opening.size()) return support::Replaced(exported.Diagnostics(), "\n", "|");
-  return body.substr(begin, body.find(';', begin) - begin);
-}
-
-/// The same with a multiplicity that is a condition on one number.
-std::string Condition(const char* relation, const char* number) {
-  return Bounded([&](ExportBench& b, Element&, Element& x) {
-    auto& condition = b.Make(x, "Condition", "", "", "Multiplicity");
-    b.Set(b.Default(condition, "IntegerValue", number), "Operator", relation);
-    condition.SetEntity(Symbol("Boundary"), condition.Entity(Symbol("DefaultValue")));
-  });
-}
-
-TEST(ConstructMultiplicity, BecomesASequence) {
-  EXPECT_EQ(Bounded([](ExportBench& b, Element&, Element& x) { b.Range(x, 0, 1); }), "long x");
-  EXPECT_EQ(Bounded([](ExportBench& b, Element&, Element& x) { b.Range(x, 0, 7); }),
-            "sequence<long, 7> x");
-  EXPECT_EQ(Bounded([](ExportBench& b, Element&, Element& x) { b.Range(x, 3, "*"); }),
-            "sequence<long> x");
-  EXPECT_EQ(Bounded([](ExportBench& b, Element&, Element& x) { b.Range(x, 3, -1); }),
-            "sequence<long> x");
-  EXPECT_EQ(Bounded([](ExportBench& b, Element& m, Element& x) {
-              b.Range(x, 0, b.Constant(m, "N", "long", 5));
-            }),
-            "sequence<long, N> x");
-  EXPECT_EQ(Bounded([](ExportBench& b, Element& m, Element& x) {
-              b.Range(x, 0, b.Constant(b.Interface(b.Module(m, "N"), "I"), "C", "long", 5));
-            }),
-            "sequence<long, M::N::I::C> x");
-  EXPECT_EQ(Condition("<=", "9"), "sequence<long, 9> x");
-  EXPECT_EQ(Condition("==", "9"), "sequence<long, 9> x");
-  EXPECT_EQ(Condition("<", "9"), "sequence<long, 8> x");
-  EXPECT_EQ(Condition("<", "2"), "long x");
-  EXPECT_EQ(Condition(">=", "9"), "sequence<long> x");
-  EXPECT_EQ(Condition(">", "9"), "sequence<long> x");
-  EXPECT_EQ(Condition("!=", "9"), "sequence<long> x");
-  const std::string fault =
-      "Error - attribute M::S::x: Failed to correctly interpret multiplicity|";
-  EXPECT_EQ(Condition("=>", "9"), fault);
-  EXPECT_EQ(Condition("<", "1"), fault);
-  EXPECT_EQ(Bounded([](ExportBench& b, Element&, Element& x) { b.Range(x, 0, 0); }), fault);
-  EXPECT_EQ(Bounded([](ExportBench& b, Element&, Element& x) { b.Range(b.Range(x, 1, 2), 4, 5); }),
-            fault);
 }
 
 TEST(ConstructConstant, ReachesAcrossModules) {

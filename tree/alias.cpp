@@ -4,15 +4,18 @@
 
 namespace mdktoidl {
 
+// Every definition on the way remembers the end, so that many users of a long chain of definitions
+// cost its length once.
 Alias Unaliased(const Node& node) {
   std::unordered_set<const Node*> passed;
   Alias current{&node, {}};
   while (current.declaration != nullptr) {
     const auto next = current.declaration->AliasOf();
-    if (!next) return current;
-    if (!passed.insert(current.declaration).second) return {};
-    current = *next;
+    if (!next) break;
+    const bool isCircle = !passed.insert(current.declaration).second;
+    current = isCircle ? Alias() : *next;
   }
+  for (const Node* definition : passed) definition->RememberAlias(current);
   return current;
 }
 

@@ -14,9 +14,6 @@ class Container : public Node {
  public:
   using Children = std::vector<std::unique_ptr<Node>>;
 
-  /// The nested declarations, in the order of creation.
-  const Children& Nested() const { return children; }
-
   /// The child that is or encloses `node`; null when `node` is not inside this container.
   Node* ChildEnclosing(const Node& node) const;
 

@@ -20,7 +20,7 @@ class Module : public OrderedScope {
   /// everything goes into one file.
   const std::string& ScopedFileName() const { return fileName; }
 
-  /// The node whose file holds `node`: the module around it, or that is it, or else the root.
+  /// The node whose file holds `node`: the innermost module around it, or else the root.
   static const Node* GetFileNode(const Node* node);
 
  private:

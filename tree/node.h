@@ -73,6 +73,8 @@ class Node : public Definition {
   /// What this is another name of; nothing for all but type definitions. Read from the model, so
   /// it may be asked before types are evaluated.
   virtual std::optional<Alias> AliasOf() const { return std::nullopt; }
+  /// Shortens the way for the next question: what `AliasOf` leads to in the end.
+  virtual void RememberAlias(const Alias&) const {}
   /// The enumeration that this is; null for anything else.
   virtual const Enumeration* AsEnumeration() const { return nullptr; }
   /// Whether this is a module; it may have a file of its own.

@@ -52,6 +52,7 @@ void Typedef::EvaluateTypes(NodeList& deps) {
 }
 
 std::optional<Alias> Typedef::AliasOf() const {
+  if (known) return known;
   mdk::IMdeEntity* base = attribute == nullptr ? general : attribute->GetEntity("Type", 0);
   const std::string primitive = PrimitiveToString(base);
   if (!primitive.empty()) return Alias{nullptr, primitive};

@@ -44,6 +44,4 @@ std::string PrimitiveToString(mdk::IMdeEntity* type) {
   return row == predefinedTypes.end() ? "" : std::string(row->second);
 }
 
-bool isPrimitiveType(mdk::IMdeEntity* type) { return !PrimitiveToString(type).empty(); }
-
 }  // namespace mdktoidl

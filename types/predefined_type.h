@@ -11,7 +11,4 @@ namespace mdktoidl {
 /// element and for null.
 std::string PrimitiveToString(mdk::IMdeEntity* type);
 
-/// True when the element is a predefined type.
-bool isPrimitiveType(mdk::IMdeEntity* type);
-
 }  // namespace mdktoidl

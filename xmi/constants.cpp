@@ -6,10 +6,11 @@ namespace xmi {
 
 bool Constants::IsConstant(ItemIndex index) const {
   static const std::string kQuestion = "CORBAAttribute (. isConstant .)";
+  static const std::string kName(symbols::name.Text());
   const Item& item = reading_.items[index];
   if (item.element == nullptr || item.type != Word::kProperty) return false;
   mdk::IMdeEntity* value = item.element->EvalExpression(kQuestion, 0);
-  return value != nullptr && value->GetValue(symbols::name.Text().data(), 0) != "false";
+  return value != nullptr && value->GetValue(kName, 0) != "false";
 }
 
 void Constants::Index() {
@@ -49,9 +50,9 @@ ItemIndex Constants::FindQualified(std::string_view name) {
       qualified_.emplace(std::string(reading_.items.NameOf(root)) + "::" + path, index);
       const ItemIndex owner = reading_.items[index].owner;
       if (!reading_.items[owner].Has(Item::kHolder)) continue;
-      qualified_.emplace(reading_.items.QualifiedName(owner) +
-                             "::" + std::string(reading_.items.NameOf(index)),
-                         index);
+      qualified_.emplace(
+          reading_.items.QualifiedName(owner) + "::" + std::string(reading_.items.NameOf(index)),
+          index);
     }
   }
   if (name.substr(0, 2) == "::") name.remove_prefix(2);
@@ -68,10 +69,9 @@ ItemIndex Constants::FindLiteral(ItemIndex enumeration, std::string_view name) {
     std::string_view path = name.substr(0, colons);
     if (path.substr(0, 2) == "::") path.remove_prefix(2);
     const ItemIndex scope = reading_.items.ScopeOf(enumeration);
-    const bool matches =
-        path == reading_.items.NameOf(enumeration) ||
-        path == reading_.items.QualifiedName(enumeration) ||
-        (scope != kNoItem && path == reading_.items.QualifiedName(scope));
+    const bool matches = path == reading_.items.NameOf(enumeration) ||
+                         path == reading_.items.QualifiedName(enumeration) ||
+                         (scope != kNoItem && path == reading_.items.QualifiedName(scope));
     if (!matches) return kNoItem;
     last = name.substr(colons + 2);
   }

@@ -75,8 +75,8 @@ void Dependencies::SetOne(ItemIndex index, std::span<const Link> links, Lists& l
     if (!item.Has(Item::kMember)) Add(client, index, lists);
   }
   if (item.Has(Item::kMember) && (!namesClient || !namesSupplier)) {
-    reading_.Warn(index, reading_.Describe(index) + " names no " +
-                             (namesClient ? "supplier" : "client"));
+    reading_.Warn(index,
+                  reading_.Describe(index) + " names no " + (namesClient ? "supplier" : "client"));
   }
   if (client != kNoItem) {
     item.element->SetEntity(symbols::client, reading_.items[client].element);

@@ -50,7 +50,8 @@ std::string ProblemText(const pugi::xml_parse_result& result) {
     case pugi::status_no_document_element:
       return "is no XML: there is no element in it";
     case pugi::status_end_element_mismatch:
-      return "is no well-formed XML: an end tag doesn't match its start tag, or the text ends early";
+      return "is no well-formed XML: an end tag doesn't match its start tag, or the text ends "
+             "early";
     default:
       return std::string("is no well-formed XML: ") + result.description();
   }
@@ -79,8 +80,8 @@ void Document::Fill(std::string text) {
   if (StartsAsHtml(*text_)) Fail(0, "is an HTML page, no UML model");
   if (!problem.text.empty()) Fail(problem.offset, problem.text);
   tree_ = std::make_unique<pugi::xml_document>();
-  const pugi::xml_parse_result result = tree_->load_buffer_inplace(
-      text_->data(), text_->size(), kParseOptions, pugi::encoding_utf8);
+  const pugi::xml_parse_result result =
+      tree_->load_buffer_inplace(text_->data(), text_->size(), kParseOptions, pugi::encoding_utf8);
   if (!result) Fail(static_cast<std::size_t>(result.offset), ProblemText(result));
 }
 

@@ -85,10 +85,10 @@ bool IsSimpleFeature(Word feature) { return feature >= Word::kName && feature <=
 
 ItemIndex ElementBuilder::Build(const StartTag& tag, Word type, ItemIndex owner, FileIndex file,
                                 std::uint32_t offset) {
-  const Symbol metaclass = type == Word::kNone ? Symbol(tag.typeName)
-                                               : Metaclasses()[static_cast<std::size_t>(type)];
-  const ItemIndex item = reading_.items.Add(
-      {&reading_.model.Create(metaclass), owner, offset, file, type, 0});
+  const Symbol metaclass =
+      type == Word::kNone ? Symbol(tag.typeName) : Metaclasses()[static_cast<std::size_t>(type)];
+  const ItemIndex item =
+      reading_.items.Add({&reading_.model.Create(metaclass), owner, offset, file, type, 0});
   for (const StartTag::Feature& feature : tag.features) {
     if (IsReferenceFeature(feature.word)) {
       Refer(item, feature.word, feature.value, false);

@@ -83,8 +83,8 @@ Target Files::Resolve(FileIndex from, std::string_view href, std::uint32_t offse
 
 Target Files::InLibrary(std::string_view id) {
   if (library_ == Target::kNoFile) {
-    library_ = Add(Document::Parse(std::string(kLibraryFile),
-                                   std::string(built_in::CORBA_library_uml)));
+    library_ =
+        Add(Document::Parse(std::string(kLibraryFile), std::string(built_in::CORBA_library_uml)));
     files_[library_]->isLibrary = true;
   }
   return {library_, id};

@@ -31,8 +31,8 @@ class Files {
 
   struct File {
     std::unique_ptr<Document> document;
-    std::vector<pugi::xml_node> extensions;  ///< What was skipped as a tool's own.
-    bool isLibrary = false;                  ///< The built-in library of types.
+    std::vector<pugi::xml_node> extensions;                ///< What was skipped as a tool's own.
+    bool isLibrary = false;                                ///< The built-in library of types.
     std::unordered_map<std::string_view, Target> targets;  ///< The hrefs seen in it.
   };
 

@@ -59,7 +59,9 @@ bool IsPackage(Word type) {
   return type == Word::kPackage || type == Word::kModel || type == Word::kProfile;
 }
 
-bool IsClassifier(Word type) { return type >= Word::kClass && type <= Word::kDeploymentSpecification; }
+bool IsClassifier(Word type) {
+  return type >= Word::kClass && type <= Word::kDeploymentSpecification;
+}
 
 bool IsDependency(Word type) { return type >= Word::kDependency && type <= Word::kPackageImport; }
 

@@ -22,13 +22,13 @@ inline constexpr ItemIndex kNoItem = 0x7FFFFFFF;
 
 struct Item {
   enum Flag : std::uint8_t {
-    kConjugated = 1,  ///< `isConjugated` of a port
-    kTyped = 2,       ///< names a type, known or not
-    kTypedVoid = 4,   ///< names a type "void"
-    kHolder = 8,      ///< a class that holds the constants of its package
-    kMarked = 16,     ///< a stereotype of the CORBA profile is applied
-    kMember = 32,     ///< is one of its owner's members
-    kPlace = 64,      ///< is only the place of an element of another file
+    kConjugated = 1,    ///< `isConjugated` of a port
+    kTyped = 2,         ///< names a type, known or not
+    kTypedVoid = 4,     ///< names a type "void"
+    kHolder = 8,        ///< a class that holds the constants of its package
+    kMarked = 16,       ///< a stereotype of the CORBA profile is applied
+    kMember = 32,       ///< is one of its owner's members
+    kPlace = 64,        ///< is only the place of an element of another file
     kOverridden = 128,  ///< a stereotype decided its metaclass
   };
 
@@ -46,6 +46,8 @@ class Items {
  public:
   ItemIndex Add(const Item& item);
   std::size_t Size() const { return items_.size(); }
+  /// Makes room for so many more.
+  void Reserve(std::size_t more) { items_.reserve(items_.size() + more); }
   Item& operator[](ItemIndex index) { return items_[index]; }
   const Item& operator[](ItemIndex index) const { return items_[index]; }
 

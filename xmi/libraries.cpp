@@ -14,13 +14,13 @@ constexpr Row kUml[] = {{"Integer", "Integer"},
                         {"String", "Charstring"},
                         {"UnlimitedNatural", "Natural"}};
 
-constexpr Row kEcore[] = {{"EInt", "long"},      {"EShort", "short"},   {"ELong", "long_long"},
-                          {"EByte", "octet"},    {"EFloat", "float"},   {"EDouble", "double"},
+constexpr Row kEcore[] = {{"EInt", "long"},        {"EShort", "short"}, {"ELong", "long_long"},
+                          {"EByte", "octet"},      {"EFloat", "float"}, {"EDouble", "double"},
                           {"EBoolean", "boolean"}, {"EChar", "char"},   {"EString", "string"}};
 
-constexpr Row kJava[] = {{"int", "long"},     {"short", "short"},   {"long", "long_long"},
-                         {"byte", "octet"},   {"float", "float"},   {"double", "double"},
-                         {"boolean", "boolean"}, {"char", "char"},  {"String", "string"}};
+constexpr Row kJava[] = {{"int", "long"},        {"short", "short"}, {"long", "long_long"},
+                         {"byte", "octet"},      {"float", "float"}, {"double", "double"},
+                         {"boolean", "boolean"}, {"char", "char"},   {"String", "string"}};
 
 constexpr Row kXml[] = {{"String", "string"},
                         {"Int", "long"},

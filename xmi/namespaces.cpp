@@ -17,8 +17,8 @@ Space SpaceOf(std::string_view uri) {
        {"http://www.omg.org/spec/UML/", "http://schema.omg.org/spec/UML/"}) {
     if (StartsWith(uri, family)) return Space::kUml;
   }
-  for (const std::string_view family :
-       {"http://www.omg.org/XMI", "http://www.omg.org/spec/XMI", "http://schema.omg.org/spec/XMI"}) {
+  for (const std::string_view family : {"http://www.omg.org/XMI", "http://www.omg.org/spec/XMI",
+                                        "http://schema.omg.org/spec/XMI"}) {
     if (uri == family || (StartsWith(uri, family) && uri[family.size()] == '/')) return Space::kXmi;
   }
   if (uri == "http://www.w3.org/2001/XMLSchema-instance") return Space::kXsi;

@@ -28,7 +28,7 @@ class Resolver {
 
  private:
   const IdTarget* FindOrWarn(ItemIndex from, std::string_view feature, std::string_view text,
-                               bool isHref);
+                             bool isHref);
   const IdTarget* FindInExtensions(FileIndex file, std::string_view id);
   void Resolve(const Reference& reference);
   void Prefetch(const Reference& reference) const;

@@ -91,9 +91,8 @@ std::vector<ItemIndex> Stereotypes::SubjectsOf(const Application& application,
   bool exists = false;
   for (const pugi::xml_attribute attribute : application.node.attributes()) {
     if (!IsBase(attribute.name())) continue;
-    ForEachWord(attribute.value(), [&](std::string_view id) {
-      AddSubject(application, id, false, subjects, exists);
-    });
+    ForEachWord(attribute.value(),
+                [&](std::string_view id) { AddSubject(application, id, false, subjects, exists); });
   }
   for (const pugi::xml_node child : application.node.children()) {
     if (!IsBase(child.name())) continue;
@@ -123,8 +122,7 @@ void Stereotypes::Mark(ItemIndex subject, const Known& known) {
   Item& item = reading_.items[subject];
   if (known.isCorba) item.flags |= Item::kMarked;
   if (!IsClassifier(item.type)) return;
-  const bool inPackage =
-      item.owner != kNoItem && IsPackage(reading_.items[item.owner].type);
+  const bool inPackage = item.owner != kNoItem && IsPackage(reading_.items[item.owner].type);
   if (known.holdsConstants && inPackage) {
     item.flags |= Item::kHolder;
     holders_.push_back(subject);

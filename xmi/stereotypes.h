@@ -25,8 +25,8 @@ class Stereotypes {
   /// What is the same for all applications of one stereotype.
   struct Known {
     model::Element* element = nullptr;
-    bool isCorba = false;         ///< One of the CORBA profile's own marks of declarations.
-    model::Symbol metaclass;      ///< That a classifier gets; the empty name for its own.
+    bool isCorba = false;     ///< One of the CORBA profile's own marks of declarations.
+    model::Symbol metaclass;  ///< That a classifier gets; the empty name for its own.
     bool holdsConstants = false;
   };
 

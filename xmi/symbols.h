@@ -45,7 +45,7 @@ inline const Symbol signal{"Signal"};
 // Metaclasses.
 inline const Symbol package{"Package"};
 inline const Symbol classClass{"Class"};
-inline const Symbol interface{"Interface"};
+inline const Symbol interface { "Interface" };
 inline const Symbol dataType{"DataType"};
 inline const Symbol ident{"Ident"};
 inline const Symbol templateInstantiation{"TemplateInstantiation"};

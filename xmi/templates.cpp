@@ -68,7 +68,8 @@ void Templates::Fill(Values& values, Types& types) {
 }
 
 void Templates::FillOne(Instantiation& instantiation, Values& values, Types& types) {
-  for (const pugi::xml_node substitution : instantiation.binding.children("parameterSubstitution")) {
+  for (const pugi::xml_node substitution :
+       instantiation.binding.children("parameterSubstitution")) {
     const pugi::xml_node owned = substitution.child("ownedActual");
     if (owned && LocalAttribute(owned, "href", false).empty()) {
       for (const pugi::xml_node actual : substitution.children("ownedActual")) {
@@ -115,9 +116,9 @@ void Templates::CutCycles(Values& values) {
   enum State : std::uint8_t { kNew, kOpen, kDone };
   std::vector<State> states(instantiations_.size(), kNew);
   const auto indexOf = [this](ItemIndex item) {
-    const auto found = std::lower_bound(
-        instantiations_.begin(), instantiations_.end(), item,
-        [](const Instantiation& a, ItemIndex wanted) { return a.item < wanted; });
+    const auto found =
+        std::lower_bound(instantiations_.begin(), instantiations_.end(), item,
+                         [](const Instantiation& a, ItemIndex wanted) { return a.item < wanted; });
     return static_cast<std::size_t>(found - instantiations_.begin());
   };
   struct Step {
@@ -145,9 +146,9 @@ void Templates::CutCycles(Values& values) {
 }
 
 void Templates::Cut(Instantiation& instantiation, ItemIndex nested, Values& values) {
-  reading_.Warn(instantiation.item,
-                "the template instantiation " + reading_.Describe(instantiation.item) +
-                    " is a part of itself");
+  reading_.Warn(instantiation.item, "the template instantiation " +
+                                        reading_.Describe(instantiation.item) +
+                                        " is a part of itself");
   model::Element& cut = values.Ident(reading_.items.NameOf(nested), kNoItem);
   std::replace(instantiation.actuals.begin(), instantiation.actuals.end(),
                reading_.items[nested].element, &cut);

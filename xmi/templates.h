@@ -31,8 +31,8 @@ class Templates {
   ItemIndex TemplateOf(const TemplateBinding& binding);
   void FillOne(Instantiation& instantiation, Values& values, Types& types);
   void AddOwned(Instantiation& instantiation, pugi::xml_node actual, Values& values);
-  void AddReferred(Instantiation& instantiation, std::string_view text, bool isHref,
-                   Values& values, Types& types);
+  void AddReferred(Instantiation& instantiation, std::string_view text, bool isHref, Values& values,
+                   Types& types);
   void CutCycles(Values& values);
   void Cut(Instantiation& instantiation, ItemIndex nested, Values& values);
 

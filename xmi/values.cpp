@@ -224,10 +224,11 @@ model::Element* Values::ReadString(const ValueNode& value) {
 
 model::Element* Values::ReadInstance(const ValueNode& value) {
   const ItemIndex instance = InstanceOf(value);
-  if (instance == kNoItem || reading_.items[instance].element == nullptr) return &Ident("", kNoItem);
+  if (instance == kNoItem || reading_.items[instance].element == nullptr)
+    return &Ident("", kNoItem);
   const std::string_view name = reading_.items.NameOf(instance);
-  const bool isDefinition = reading_.items[instance].type == Word::kEnumerationLiteral ||
-                            constants_.IsConstant(instance);
+  const bool isDefinition =
+      reading_.items[instance].type == Word::kEnumerationLiteral || constants_.IsConstant(instance);
   return &Ident(name, isDefinition ? instance : constants_.Find(value.item, name));
 }
 

@@ -21,8 +21,8 @@ struct Bound {
     kUnreadable,  ///< Neither.
   };
   Kind kind = kUnreadable;
-  std::string text;               ///< The number or the name.
-  ItemIndex constant = kNoItem;   ///< That the name means; `kNoItem` when it means nothing.
+  std::string text;              ///< The number or the name.
+  ItemIndex constant = kNoItem;  ///< That the name means; `kNoItem` when it means nothing.
 };
 
 class Values {

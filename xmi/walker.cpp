@@ -7,6 +7,7 @@ namespace xmi {
 namespace {
 
 constexpr std::size_t kMaxDepth = 1000;
+constexpr std::size_t kBytesPerEntry = 100;
 constexpr std::string_view kKeywordSource = "http://www.eclipse.org/uml2/2.0.0/UML";
 constexpr std::string_view kEcoreUri = "http://www.eclipse.org/emf/2002/Ecore";
 
@@ -32,7 +33,11 @@ void Walker::Walk(FileIndex file) {
   file_ = file;
   uri_ = {};
   if (file != 0) uri_ = reading_.model.Store(UriOf(reading_.files[file].document->Path()));
-  reading_.ids.AddFile(reading_.files[file].document->Size());
+  const std::size_t size = reading_.files[file].document->Size();
+  reading_.ids.AddFile(size);
+  // Room that isn't used costs nothing, but moving millions of entries to larger room does.
+  reading_.items.Reserve(size / kBytesPerEntry);
+  reading_.references.reserve(reading_.references.size() + size / kBytesPerEntry);
   namespaces_ = Namespaces();
   const pugi::xml_node root = reading_.files[file].document->Root();
   tag_.Read(root, namespaces_);
@@ -97,8 +102,7 @@ void Walker::WalkBelow(const Frame& top) {
     }
     const std::size_t mark = namespaces_.Mark();
     const Below below = Enter(node, stack.back().below);
-    const pugi::xml_node child =
-        below.mode == Mode::kSkip ? pugi::xml_node() : node.first_child();
+    const pugi::xml_node child = below.mode == Mode::kSkip ? pugi::xml_node() : node.first_child();
     if (child) {
       if (stack.size() >= kMaxDepth) FailTooDeep(node);
       stack.push_back({node, below, mark});
@@ -205,8 +209,8 @@ Walker::Below Walker::EnterOther(pugi::xml_node node, const Below& above) {
   if (foreign) return EnterForeign(node);
   if (tag_.tag == Word::kEAnnotations) return {};
   RememberId(node, above.item, true);
-  const bool refers = tag_.tag == Word::kSignature || tag_.tag == Word::kActual ||
-                      tag_.tag == Word::kInstance;
+  const bool refers =
+      tag_.tag == Word::kSignature || tag_.tag == Word::kActual || tag_.tag == Word::kInstance;
   if (above.mode == Mode::kValue && refers && !tag_.href.empty()) {
     reading_.files.Follow(file_, tag_.href, reading_.files[file_].document->OffsetOf(node));
   }

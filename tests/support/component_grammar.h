@@ -5,8 +5,8 @@
 
 namespace support {
 
-/// Holds the declarations of an IDL text against that grammar. Returns "" when they obey it, else
-/// what was expected where. Other declarations are only skipped: an IDL compiler judges those.
+/// Holds the components, homes, event types and compositions in an IDL text against their grammar.
+/// Returns "" when they obey it, else the first that doesn't.
 std::string GrammarFault(const std::string& idl);
 
 }  // namespace support

@@ -1,0 +1,272 @@
+// Which files are read, from which encodings, and what the others are refused with.
+#include "tests/support/xmi_files.h"
+
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+#include <filesystem>
+
+namespace {
+
+using support::Names;
+using support::TypeText;
+using support::XmiFiles;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+std::string Utf16(std::string_view ascii, bool bigEndian) {
+  std::string bytes = bigEndian ? "\xFE\xFF" : "\xFF\xFE";
+  for (const char c : ascii) bytes += bigEndian ? std::string{'\0', c} : std::string{c, '\0'};
+  return bytes;
+}
+
+std::string Declared(const std::string& encoding, const std::string& name) {
+  return "<?xml version=\"1.0\" encoding=\"" + encoding + "\"?><uml:Model " +
+         std::string(support::kNamespaces) + " xmi:id=\"r\" name=\"" + name + "\"/>";
+}
+
+TEST(XmiEncodings, BecomeUtf8) {
+  const std::pair<std::string, std::string> cases[] = {
+      {Declared("UTF-8", "\xC3\xBC"), "\xC3\xBC"},
+      {"\xEF\xBB\xBF" + Declared("UTF-8", "\xE2\x82\xAC"), "\xE2\x82\xAC"},
+      {Declared("US-ASCII", "u"), "u"},
+      {Declared("ISO-8859-1", "\xFC"), "\xC3\xBC"},
+      {Declared("ISO-8859-1", "\x80"), "\xC2\x80"},
+      {Declared("windows-1252", "\x80\xFC"), "\xE2\x82\xAC\xC3\xBC"},
+      {Declared("Windows-1252", "\x81"), "\xC2\x81"},
+      {Utf16(Declared("UTF-16", "u&#252;"), true), "u\xC3\xBC"},
+      {Utf16(Declared("UTF-16", "u"), false), "u"},
+  };
+  for (const auto& [bytes, name] : cases) {
+    XmiFiles files;
+    files.Write("model.uml", bytes).Read();
+    EXPECT_EQ(files["r"].GetValue("Name", 0), name) << bytes;
+  }
+}
+
+TEST(XmiFiles, AreRefusedByKind) {
+  const std::string model = support::ModelFile("");
+  const std::string root = "<xmi:XMI xmlns:xmi=\"http://www.omg.org/XMI\" ";
+  const std::pair<std::string, std::string> cases[] = {
+      {"", "f: is empty"},
+      {"<?xml version=\"1.0\"?>\n", "f:1: is no XML"},
+      {"just text", "f:1: is no XML"},
+      {"<!-- c -->\n\n<XMI xmi.version=\"1.2\"><x/></XMI>", "f:3: is XMI of UML 1"},
+      {"<Diagram/>", "f:1: is a diagram"},
+      {"<!DOCTYPE html><html><br></html>", "f:1: is an HTML page"},
+      {"<html/>", "f:1: is an HTML page"},
+      {"\n<ecore:EPackage xmlns:ecore=\"http://www.eclipse.org/emf/2002/Ecore\"/>",
+       "f:2: is an Ecore model"},
+      {root + "xmlns:e=\"http://www.eclipse.org/emf/2002/Ecore\"><e:EPackage/></xmi:XMI>",
+       "f:1: is an Ecore model"},
+      {root + "/>", "f:1: is no UML model: there is no UML element in it"},
+      {"<project/>", "f:1: is no UML model: its root element is <project>"},
+      {"<uml:Model xmlns:uml=\"http://elsewhere.org/UML\"/>", "f:1: is no UML model"},
+      {model.substr(0, model.size() / 2), "f:2: is no well-formed XML"},
+      {"<a>\n<b></a>", "f:2: is no well-formed XML"},
+      {std::string("<a>\n\0</a>", 9), "f:2: the text holds a NUL byte"},
+      {"<?xml version=\"1.0\"?>\n<a b=\"\xFC\"/>", "f:2: byte 0xFC is not UTF-8"},
+      {"<?xml version=\"1.0\" encoding=\"ASCII\"?>\n<a b=\"\xFC\"/>",
+       "f:2: byte 0xFC is not ASCII"},
+      {"<?xml version=\"1.0\" encoding=\"EBCDIC\"?><a/>", "f:1: encoding \"ebcdic\""},
+      {Utf16("<a/>", true) + "x", "f:1: the UTF-16 text ends within a character"},
+  };
+  for (const auto& [text, message] : cases) {
+    XmiFiles files;
+    EXPECT_THAT(files.Write("f", text).ErrorOf("f"), ::testing::StartsWith(message)) << text;
+  }
+  EXPECT_EQ(XmiFiles().ErrorOf("f"), "f: No such file or directory");
+  XmiFiles files;
+  files.Write("d/f", "");
+  EXPECT_EQ(files.ErrorOf("d"), "d: is a directory");
+}
+
+// Whatever is nested: the call stack's depth must not be the limit.
+TEST(XmiFiles, AreRefusedWhenNestedTooDeeply) {
+  const auto nested = [](const std::string& tag, const std::string& attributes, int depth) {
+    std::string text;
+    for (int i = 0; i < depth; ++i) text += "<" + tag + attributes + ">";
+    for (int i = 0; i < depth; ++i) text += "</" + tag + ">";
+    return text;
+  };
+  for (const char* tag : {"packagedElement", "ownedBehavior"}) {
+    XmiFiles fits;
+    fits.ReadModel(nested(tag, " xmi:type=\"uml:Package\"", 990));
+    XmiFiles deep;
+    deep.Write("f", support::ModelFile(nested(tag, " xmi:type=\"uml:Package\"", 200000)));
+    EXPECT_THAT(deep.ErrorOf("f"), HasSubstr("f:2: elements are nested too deeply"));
+  }
+  // What a tool has put there for itself is not gone into.
+  XmiFiles skipped;
+  skipped.ReadModel("<xmi:Extension>" + nested("x", "", 5000) + "</xmi:Extension>");
+  EXPECT_EQ(skipped.Reader().PassedOver().at("xmi:Extension"), 1u);
+}
+
+TEST(XmiNamespaces, CountByFamilyAndNotByPrefix) {
+  for (const std::string uml :
+       {"http://www.eclipse.org/uml2/2.1.0/UML", "http://www.omg.org/spec/UML/20161101",
+        "http://schema.omg.org/spec/UML/2.1.2"}) {
+    for (const std::string xmi : {"http://www.omg.org/XMI", "http://schema.omg.org/spec/XMI/2.1",
+                                  "http://www.omg.org/spec/XMI/20110701"}) {
+      XmiFiles files;
+      files.Write("model.uml", "<x:XMI xmlns:x=\"" + xmi + "\" xmlns:u=\"" + uml +
+                                   "\"><u:Package x:id=\"r\"><packagedElement x:id=\"c\" "
+                                   "x:type=\"u:Class\"/><packagedElement xmlns:uml=\"urn:other\" "
+                                   "x:type=\"uml:Class\" x:id=\"f\"/></u:Package></x:XMI>");
+      files.Read();
+      EXPECT_EQ(files["c"].GetMetaclass(), "Class");
+      EXPECT_EQ(files.Reader().FindById("f"), nullptr);
+    }
+  }
+}
+
+TEST(XmiReferences, LeadIntoOtherFilesWhichAreReadOnce) {
+  XmiFiles files;
+  files.Write("sub dir/lib.uml", support::ModelFile(R"(
+      <packagedElement xmi:type="uml:Class" xmi:id="k" name="K">
+        <ownedAttribute xmi:id="back" type="k"/>
+        <ownedAttribute xmi:id="up"><type href="../model.uml#t"/></ownedAttribute>
+        <ownedAttribute xmi:id="self"><type href="lib.uml#k"/></ownedAttribute>
+      </packagedElement>)"));
+  files.ReadModel(R"(
+      <packagedElement xmi:type="uml:DataType" xmi:id="t" name="T"/>
+      <packagedElement xmi:type="uml:Class" xmi:id="c" name="C">
+        <ownedAttribute xmi:id="a"><type href="sub%20dir/lib.uml#k?K/hint"/></ownedAttribute>
+        <ownedAttribute xmi:id="b"><type href="./sub%20dir/lib.uml#k"/></ownedAttribute>
+        <ownedAttribute xmi:id="own"><type href="#t"/></ownedAttribute>
+      </packagedElement>)");
+  EXPECT_EQ(TypeText(files["a"]) + TypeText(files["b"]) + TypeText(files["own"]), "KKT");
+  EXPECT_EQ(TypeText(files["back"]) + TypeText(files["up"]) + TypeText(files["self"]), "KTK");
+  EXPECT_EQ(files["a"].GetEntity("Type", 0), files["self"].GetEntity("Type", 0));
+  EXPECT_THAT(files.Remarks(), IsEmpty());
+  EXPECT_THAT(files.Reader().Files(),
+              ElementsAre(files.Path("model.uml"), files.Path("sub dir/lib.uml")));
+  EXPECT_EQ(files["t"].GetValue("Uri", 0), files.Path("model.uml"));
+  EXPECT_EQ(files["k"].GetValue("Uri", 0), files.Path("sub dir/lib.uml"));
+}
+
+TEST(XmiReferences, ToWhatCantBeReadAreOneRemarkForEachFile) {
+  XmiFiles files;
+  files.Write("bad.uml", "<a>").Write("diagram.di", "<Diagram/>").ReadModel(R"(
+      <packagedElement xmi:type="uml:Class" xmi:id="c" name="C">
+        <generalization><general href="missing.uml#a"/></generalization>
+        <generalization><general href="missing.uml#b"/></generalization>
+        <generalization><general href="http://example.org/a.uml#a"/></generalization>
+        <generalization><general href="http://example.org/a.uml#b"/></generalization>
+        <generalization><general href="platform:/plugin/x/a.uml#a"/></generalization>
+        <generalization><general href="/dev/zero#a"/></generalization>
+        <generalization><general href="bad.uml#a"/></generalization>
+        <generalization><general href="diagram.di#a"/></generalization>
+        <generalization><general href="#none"/></generalization>
+        <generalization general="nowhere"/>
+      </packagedElement>)");
+  EXPECT_EQ(Names(files["c"], "Generalization"), "- - - - - - - - - -");
+  EXPECT_THAT(
+      files.Remarks(),
+      ElementsAre(
+          "model.uml:4: can't read missing.uml: No such file or directory",
+          "model.uml:6: \"http://example.org/a.uml\" is not on the local disk and is not read",
+          "model.uml:8: \"platform:/plugin/x/a.uml\" is not on the local disk and is not read",
+          "model.uml:9: can't read /dev/zero: is not a file",
+          HasSubstr("model.uml:10: can't read bad.uml:1: is no well-formed XML"),
+          "diagram.di:1: diagram.di is a diagram, no UML model",
+          "model.uml:11: the general of a Generalization in C is \"a\", which is not in "
+          "diagram.di",
+          "model.uml:12: the general of a Generalization in C is \"none\", which is not in "
+          "model.uml",
+          "model.uml:13: the general of a Generalization in C is \"nowhere\", which is not "
+          "in the file"));
+}
+
+// The part of a model that lies in a file of its own stands where the model says.
+TEST(XmiFragments, AreHungIntoTheModel) {
+  XmiFiles files;
+  const std::string fragment =
+      R"(><uml:Package xmi:id="f" name="F"><packagedElement xmi:type="uml:Class" xmi:id="k" name="K">
+           <ownedAttribute xmi:id="bound" name="bound"><upperValue xmi:type="uml:OpaqueExpression">
+             <body>MAX</body></upperValue></ownedAttribute>
+         </packagedElement></uml:Package>
+         <C:CORBAModule base_Package="f"/><C:CORBAStruct base_Class="k"/></xmi:XMI>)";
+  files.Write("parts/f.uml", "<xmi:XMI " + std::string(support::kNamespaces) + fragment);
+  files.Write("tags.xmi", "<xmi:XMI " + std::string(support::kNamespaces) +
+                              "><C:CORBAModule><base_Package href=\"model.uml#p\"/></C:CORBAModule>"
+                              "</xmi:XMI>");
+  files.Write("model.uml", support::ModelFile(R"(
+      <packagedElement xmi:type="uml:Package" xmi:id="p" name="P">
+        <packagedElement xmi:type="uml:Class" xmi:id="a" name="A"/>
+        <packagedElement xmi:type="uml:Package" href="parts/f.uml#f"/>
+        <packagedElement xmi:type="uml:Class" xmi:id="b" name="B">
+          <ownedAttribute xmi:id="c" name="MAX"/></packagedElement>
+      </packagedElement>
+      <packagedElement xmi:type="uml:Package" href="parts/f.uml#f"/>)",
+                                              R"(<C:CORBAConstants base_Class="b"/>)"));
+  files.Read("tags.xmi");
+  EXPECT_EQ(Names(files["p"], "OwnedMember"), "A F MAX");
+  EXPECT_TRUE(files["p"].HasStereotype("CORBAModule", 0));
+  EXPECT_TRUE(files["f"].HasStereotype("CORBAModule", 0));
+  EXPECT_EQ(files["k"].GetMetaclass(), "Class");
+  EXPECT_EQ(files.Reader().QualifiedName(files["k"]), "P::F::K");
+  EXPECT_EQ(files.Reader().Locate(files["k"]).file, files.Path("parts/f.uml"));
+  EXPECT_EQ(support::MultiplicityText(files["bound"]), "1..MAX=MAX");
+  EXPECT_THAT(files.Remarks(), ElementsAre(HasSubstr("belongs elsewhere: Package P::F")));
+}
+
+TEST(XmiFragments, ThatHoldEachOtherDontLoop) {
+  XmiFiles files;
+  const auto fragment = [](const std::string& id, const std::string& other) {
+    return "<uml:Package " + std::string(support::kNamespaces) + " xmi:id=\"" + id + "\" name=\"" +
+           id + "\"><packagedElement xmi:type=\"uml:Package\" href=\"" + other + ".uml#" + other +
+           "\"/></uml:Package>";
+  };
+  files.Write("a.uml", fragment("a", "b")).Write("b.uml", fragment("b", "a")).Read("a.uml");
+  EXPECT_EQ(Names(files["a"], "OwnedMember"), "b");
+  EXPECT_EQ(Names(files["b"], "OwnedMember"), "");
+  EXPECT_THAT(files.Remarks(), ElementsAre(HasSubstr("belongs elsewhere: Package ")));
+}
+
+TEST(XmiLibraries, AreKnownWithoutTheirFiles) {
+  const std::tuple<std::string, std::string> cases[] = {
+      {"pathmap://UML_LIBRARIES/UMLPrimitiveTypes.library.uml#Integer", "Integer"},
+      {"pathmap://UML_LIBRARIES/UMLPrimitiveTypes.library.uml#String", "Charstring"},
+      {"http://www.omg.org/spec/UML/20131001/PrimitiveTypes.xmi#UnlimitedNatural", "Natural"},
+      {"http://schema.omg.org/spec/UML/2.1/uml.xml#Boolean", "Boolean"},
+      {"https://www.omg.org/spec/UML/20161101/PrimitiveTypes.xmi#Real", "Real"},
+      {"pathmap://UML_LIBRARIES/EcorePrimitiveTypes.library.uml#ELong", "long long"},
+      {"pathmap://UML_LIBRARIES/EcorePrimitiveTypes.library.uml#EByte", "octet"},
+      {"pathmap://UML_LIBRARIES/JavaPrimitiveTypes.library.uml#long", "long long"},
+      {"pathmap://UML_LIBRARIES/JavaPrimitiveTypes.library.uml#int", "long"},
+      {"CORBA.library.uml#unsigned_long_long", "unsigned long long"},
+      {"platform:/resource/lib/CORBA.library.uml#TypeCode", "TypeCode"},
+      {"../lib/CORBA.library.uml#string", "string"},
+  };
+  for (const auto& [href, name] : cases) {
+    XmiFiles files;
+    files.ReadModel(
+        R"(<packagedElement xmi:type="uml:Class"><ownedAttribute xmi:id="a"><type href=")" + href +
+        "\"/></ownedAttribute></packagedElement>");
+    EXPECT_EQ(TypeText(files["a"]), name) << href;
+    EXPECT_EQ(files["a"].GetEntity("Type", 0)->GetMetaclass(), "DataType");
+    EXPECT_THAT(files.Remarks(), IsEmpty());
+    EXPECT_EQ(files.Reader().Files().size(), 1u);
+  }
+}
+
+TEST(XmiSamples, AreRead) {
+  const char* const given = std::getenv("IDLEXPORT_SAMPLES");
+  if (given == nullptr || !std::filesystem::is_directory(given)) {
+    GTEST_SKIP() << "IDLEXPORT_SAMPLES names no folder of sample files";
+  }
+  for (const char* name : {"eclipse.uml", "omg.xmi"}) {
+    model::Model model;
+    xmi::Reader reader(model);
+    reader.Read((std::filesystem::path(given) / name).string());
+    ASSERT_EQ(reader.FindByName("P::I").size(), 1u) << name;
+    model::Element& interface = *reader.FindByName("P::I").front();
+    EXPECT_TRUE(interface.HasStereotype("CORBAInterface", 0));
+    EXPECT_EQ(Names(interface, "Generalization").substr(0, 1), "J");
+    EXPECT_THAT(support::Tree(interface), HasSubstr("range(0..*)"));
+  }
+}
+
+}  // namespace
