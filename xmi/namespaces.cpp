@@ -35,11 +35,15 @@ Namespaces::Namespaces() {
 
 void Namespaces::Bind(std::string_view prefix, std::string_view uri) {
   bindings_.push_back({prefix, uri, SpaceOf(uri)});
+  last_ = bindings_.size() - 1;
 }
 
 const Namespaces::Binding* Namespaces::Lookup(std::string_view prefix) const {
+  if (last_ != 0 && bindings_[last_].prefix == prefix) return &bindings_[last_];
   for (std::size_t i = bindings_.size(); i-- > 0;) {
-    if (bindings_[i].prefix == prefix) return &bindings_[i];
+    if (bindings_[i].prefix != prefix) continue;
+    last_ = i;
+    return &bindings_[i];
   }
   return nullptr;
 }

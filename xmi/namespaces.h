@@ -20,7 +20,11 @@ class Namespaces {
   /// The number of bindings, to be given to `Restore`.
   std::size_t Mark() const { return bindings_.size(); }
   /// Forgets the bindings made since the mark was taken.
-  void Restore(std::size_t mark) { bindings_.resize(mark); }
+  void Restore(std::size_t mark) {
+    if (mark == bindings_.size()) return;
+    bindings_.resize(mark);
+    last_ = 0;
+  }
 
   /// The kind of the namespace of a prefix; `kForeign` for one that is not bound, `kNone` for the
   /// empty prefix when there is no default namespace.
@@ -37,6 +41,7 @@ class Namespaces {
   const Binding* Lookup(std::string_view prefix) const;
 
   std::vector<Binding> bindings_;
+  mutable std::size_t last_ = 0;  // the binding found last: nearly always the next one, too
 };
 
 /// The parts of a qualified name, "prefix:local"; the prefix may be empty.

@@ -88,7 +88,7 @@ const IdTarget* Resolver::FindInExtensions(FileIndex file, std::string_view id) 
 
 ItemIndex Resolver::Find(ItemIndex from, std::string_view feature, std::string_view text,
                          bool isHref) {
-  if (!isHref) text = TakeWord(text);
+  if (!isHref && text.find(' ') != std::string_view::npos) text = TakeWord(text);
   const IdTarget* entry = FindOrWarn(from, feature, text, isHref);
   return entry == nullptr || entry->inner ? kNoItem : entry->item;
 }
@@ -103,6 +103,8 @@ void Resolver::Resolve(const Reference& reference) {
   };
   if (reference.isHref) return add(reference.text);
   std::string_view ids = reference.text;
+  const bool isOne = !ids.empty() && ids.find(' ') == std::string_view::npos;
+  if (isOne) return add(ids);
   for (std::string_view id = TakeWord(ids); !id.empty(); id = TakeWord(ids)) add(id);
 }
 
