@@ -32,7 +32,7 @@ constexpr std::string_view kAttributeStyle = R"(
     <packagedElement xmi:type="uml:PrimitiveType" xmi:id="t" name="long"/>
     <packagedElement xmi:type="uml:Class" xmi:id="e1" name="E1"/>
     <packagedElement xmi:type="uml:Class" xmi:id="e2" name="E2"/>
-    <packagedElement xmi:type="uml:Usage" xmi:id="u" client="i j" supplier="e1"/>
+    <packagedElement xmi:type="uml:Usage" xmi:id="u" client="i&#10;j" supplier="e1"/>
   </packagedElement>)";
 
 constexpr std::string_view kElementStyle = R"(
@@ -182,7 +182,7 @@ TEST(XmiElements, OfOwnPrimitiveTypesHaveNamesThatTheAgentKnows) {
 TEST(XmiElements, HaveTheirCommentsInDocumentOrder) {
   XmiFiles files;
   files.ReadModel(R"(
-    <ownedComment annotatedElement="c d"><body>one&#xD;&#xA;line</body></ownedComment>
+    <ownedComment annotatedElement="c d c"><body>one&#xD;&#xA;line</body></ownedComment>
     <packagedElement xmi:type="uml:Class" xmi:id="c" name="C">
       <ownedComment body="two"/><ownedComment annotatedElement="d" body="three"/>
       <ownedComment annotatedElement="nowhere" body="lost"/>

@@ -121,6 +121,23 @@ TEST(XmiNamespaces, CountByFamilyAndNotByPrefix) {
   }
 }
 
+TEST(XmiNamespaces, OfRootsMayBeTheDefault) {
+  const std::string xmi = "xmlns:x=\"http://www.omg.org/XMI\"";
+  const std::string uml = "=\"http://www.omg.org/spec/UML/20131001\"";
+  const std::string body = "><packagedElement x:type=\"u:Class\" x:id=\"c\"/></";
+  const std::string cases[] = {
+      "<Model xmlns" + uml + " xmlns:u" + uml + " " + xmi + body + "Model>",
+      "<XMI xmlns=\"http://www.omg.org/XMI\" xmlns:u" + uml + " " + xmi + "><u:Model" + body +
+          "u:Model></XMI>",
+      "<x:XMI xmlns" + uml + " xmlns:u" + uml + " " + xmi + "><Model" + body + "Model></x:XMI>",
+  };
+  for (const std::string& text : cases) {
+    XmiFiles files;
+    files.Write("model.uml", text).Read();
+    EXPECT_EQ(files["c"].GetMetaclass(), "Class") << text;
+  }
+}
+
 TEST(XmiReferences, LeadIntoOtherFilesWhichAreReadOnce) {
   XmiFiles files;
   files.Write("sub dir/lib.uml", support::ModelFile(R"(
@@ -133,7 +150,7 @@ TEST(XmiReferences, LeadIntoOtherFilesWhichAreReadOnce) {
       <packagedElement xmi:type="uml:DataType" xmi:id="t" name="T"/>
       <packagedElement xmi:type="uml:Class" xmi:id="c" name="C">
         <ownedAttribute xmi:id="a"><type href="sub%20dir/lib.uml#k?K/hint"/></ownedAttribute>
-        <ownedAttribute xmi:id="b"><type href="./sub%20dir/lib.uml#k"/></ownedAttribute>
+        <ownedAttribute xmi:id="b"><type href="./sub%20dir/lib.uml#%6B"/></ownedAttribute>
         <ownedAttribute xmi:id="own"><type href="#t"/></ownedAttribute>
       </packagedElement>)");
   EXPECT_EQ(TypeText(files["a"]) + TypeText(files["b"]) + TypeText(files["own"]), "KKT");
@@ -195,7 +212,7 @@ TEST(XmiFragments, AreHungIntoTheModel) {
   files.Write("model.uml", support::ModelFile(R"(
       <packagedElement xmi:type="uml:Package" xmi:id="p" name="P">
         <packagedElement xmi:type="uml:Class" xmi:id="a" name="A"/>
-        <packagedElement xmi:type="uml:Package" href="parts/f.uml#f"/>
+        <packagedElement xmi:type="uml:Package" xmi:id="here" href="parts/f.uml#f"/>
         <packagedElement xmi:type="uml:Class" xmi:id="b" name="B">
           <ownedAttribute xmi:id="c" name="MAX"/></packagedElement>
       </packagedElement>

@@ -93,7 +93,14 @@ TEST(XmiPorts, ProvideAndRequireByUml) {
     <packagedElement xmi:type="uml:Class" xmi:id="loop" name="Loop">
       <generalization general="loop2"/></packagedElement>
     <packagedElement xmi:type="uml:Class" xmi:id="loop2" name="Loop2">
-      <generalization general="loop"/><interfaceRealization contract="a"/></packagedElement>)";
+      <generalization general="loop"/><interfaceRealization contract="a"/></packagedElement>
+    <packagedElement xmi:type="uml:Class" xmi:id="mid" name="Mid">
+      <generalization general="plain"/><generalization general="t"/></packagedElement>
+    <packagedElement xmi:type="uml:Class" xmi:id="plain" name="Plain"/>
+    <packagedElement xmi:type="uml:Class" xmi:id="side" name="Side">
+      <generalization general="base"/><interfaceRealization contract="d"/></packagedElement>
+    <packagedElement xmi:type="uml:Class" xmi:id="low" name="Low">
+      <generalization general="mid"/><generalization general="side"/></packagedElement>)";
   const std::string own = R"(
     <packagedElement xmi:type="uml:Usage" client="p comp" supplier="a"/>
     <packagedElement xmi:type="uml:Realization" client="p" supplier="e"/>)";
@@ -106,6 +113,7 @@ TEST(XmiPorts, ProvideAndRequireByUml) {
       {" type=\"t\" isConjugated=\"true\"", "", "C", "B A"},
       {" type=\"v\"", "", "V", ""},
       {" type=\"loop\"", "", "A", ""},
+      {" type=\"low\"", "", "B A D", "C"},
       {"", own, "E", "A"},
       {" type=\"a\" isConjugated=\"true\"", own, "E", "A"},
       {" type=\"t\" isConjugated=\"true\"", own, "C E", "B A"},
@@ -120,6 +128,24 @@ TEST(XmiPorts, ProvideAndRequireByUml) {
     EXPECT_EQ(Names(files["p"], "Realized"), realized) << port << others;
     EXPECT_EQ(Names(files["p"], "Required"), required) << port << others;
   }
+}
+
+// Every ancestor adds an interface of its own: a port must not pay for them at each level.
+TEST(XmiPorts, TakeInDeepHierarchies) {
+  constexpr int kDepth = 20000;
+  std::string text;
+  for (int i = 0; i < kDepth; ++i) {
+    const std::string number = std::to_string(i);
+    text += R"(<packagedElement xmi:type="uml:Interface" xmi:id="i)" + number + R"("/>)";
+    text += R"(<packagedElement xmi:type="uml:Class" xmi:id="c)" + number +
+            R"("><interfaceRealization contract="i)" + number + R"("/><generalization general="c)" +
+            std::to_string(i == 0 ? 0 : i - 1) + R"("/></packagedElement>)";
+  }
+  XmiFiles files;
+  files.ReadModel(text + R"(<packagedElement xmi:type="uml:Class" xmi:id="comp">
+                    <ownedAttribute xmi:type="uml:Port" xmi:id="p" type="c)" +
+                  std::to_string(kDepth - 1) + R"("/></packagedElement>)");
+  EXPECT_EQ(files["p"].Entities(model::Symbol("Realized")).size(), std::size_t{kDepth});
 }
 
 }  // namespace

@@ -8,7 +8,6 @@
 #include "xmi/libraries.h"
 
 namespace xmi {
-namespace {
 
 std::string PercentDecoded(std::string_view text) {
   std::string result;
@@ -26,6 +25,8 @@ std::string PercentDecoded(std::string_view text) {
   }
   return result;
 }
+
+namespace {
 
 std::string_view LastPart(std::string_view path) {
   return path.substr(path.find_last_of("/\\") + 1);

@@ -25,6 +25,9 @@ struct Target {
   std::string_view id;       ///< As it stands behind the "#".
 };
 
+/// The text of an address with its escapes, "%20" and the like, resolved.
+std::string PercentDecoded(std::string_view text);
+
 class Files {
  public:
   explicit Files(Remarks& remarks) : remarks_(&remarks) {}

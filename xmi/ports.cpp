@@ -82,40 +82,56 @@ bool Ports::IsInterface(ItemIndex classifier) const {
   return item.type == Word::kInterface || item.element->Application(symbols::corbaValue) != nullptr;
 }
 
-// Goes up to the ancestors without recursion and merges on the way back. What specialises itself
+// Collects from the sources alone, so that a deep hierarchy costs a port what it gets from it.
+Ports::Relations Ports::Inherited(ItemIndex classifier) {
+  Relations result;
+  std::vector<ItemIndex> open{SourceOf(classifier)};
+  std::unordered_set<ItemIndex> entered{kNoItem};
+  while (!open.empty()) {
+    const ItemIndex current = open.back();
+    open.pop_back();
+    if (!entered.insert(current).second) continue;
+    const Relations& relations = own_[current];
+    Append(result.realized, relations.realized);
+    Append(result.used, relations.used);
+    open.insert(open.end(), relations.generals.rbegin(), relations.generals.rend());
+  }
+  return result;
+}
+
+// Goes up to the ancestors without recursion and decides on the way back. What specialises itself
 // is not waited for.
-const Ports::Relations& Ports::Inherited(ItemIndex classifier) {
+ItemIndex Ports::SourceOf(ItemIndex classifier) {
   std::vector<ItemIndex> open{classifier};
   std::unordered_set<ItemIndex> entered;
   while (!open.empty()) {
     const ItemIndex current = open.back();
-    if (inherited_.count(current) != 0) {
+    if (sources_.count(current) != 0) {
       open.pop_back();
     } else if (!entered.insert(current).second) {
-      Merge(current);
+      SetSource(current);
       open.pop_back();
     } else {
       for (const ItemIndex general : own_[current].generals) {
-        if (inherited_.count(general) == 0 && entered.count(general) == 0) {
-          open.push_back(general);
-        }
+        if (sources_.count(general) == 0 && entered.count(general) == 0) open.push_back(general);
       }
     }
   }
-  return inherited_[classifier];
+  return sources_[classifier];
 }
 
-void Ports::Merge(ItemIndex classifier) {
-  Relations merged = own_[classifier];
-  for (const ItemIndex general : merged.generals) {
-    const auto found = inherited_.find(general);
-    if (found == inherited_.end()) continue;
-    Append(merged.realized, found->second.realized);
-    Append(merged.used, found->second.used);
+void Ports::SetSource(ItemIndex classifier) {
+  Relations& own = own_[classifier];
+  std::vector<ItemIndex> generals;
+  for (const ItemIndex general : own.generals) {
+    const auto source = sources_.find(general);
+    if (source != sources_.end() && source->second != kNoItem) generals.push_back(source->second);
   }
-  RemoveRepeated(merged.realized);
-  RemoveRepeated(merged.used);
-  inherited_.emplace(classifier, std::move(merged));
+  RemoveRepeated(generals);
+  own.generals = std::move(generals);
+  const bool adds = !own.realized.empty() || !own.used.empty() || own.generals.size() > 1;
+  const ItemIndex above = own.generals.empty() ? kNoItem : own.generals.front();
+  sources_.emplace(classifier, adds ? classifier : above);
 }
 
 void Ports::SetOne(ItemIndex port, ItemIndex type) {

@@ -26,14 +26,17 @@ class Ports {
   void Collect();
   void CollectFrom(ItemIndex index, std::span<const Link> links);
   /// The relations of a classifier and its ancestors.
-  const Relations& Inherited(ItemIndex classifier);
-  void Merge(ItemIndex classifier);
+  Relations Inherited(ItemIndex classifier);
+  /// The nearest of a classifier and its ancestors that adds to what a port gets; `kNoItem` when
+  /// none does.
+  ItemIndex SourceOf(ItemIndex classifier);
+  void SetSource(ItemIndex classifier);
   bool IsInterface(ItemIndex classifier) const;
   void SetOne(ItemIndex port, ItemIndex type);
 
   Reading& reading_;
   std::unordered_map<ItemIndex, Relations> own_;
-  std::unordered_map<ItemIndex, Relations> inherited_;
+  std::unordered_map<ItemIndex, ItemIndex> sources_;
   std::vector<std::pair<ItemIndex, ItemIndex>> ports_;  // with their types
 };
 

@@ -1,5 +1,7 @@
 #include "xmi/relations.h"
 
+#include <unordered_set>
+
 #include "xmi/libraries.h"
 #include "xmi/symbols.h"
 
@@ -100,11 +102,13 @@ void Relations::SetComments() {
     const auto index = static_cast<ItemIndex>(i);
     const Item& item = reading_.items[index];
     bool annotates = false;
+    std::unordered_set<ItemIndex> annotated;
     for (const Link& link : reading_.LinksOf(index, next)) {
       if (link.feature != Word::kAnnotatedElement) continue;
       annotates = true;
       const bool isKnown = link.to != kNoItem && reading_.items[link.to].element != nullptr;
-      if (isKnown && item.type == Word::kComment) comments.Add(link.to, item.element);
+      if (!isKnown || item.type != Word::kComment) continue;
+      if (annotated.insert(link.to).second) comments.Add(link.to, item.element);
     }
     const bool isOwners = item.type == Word::kComment && !annotates && item.owner != kNoItem;
     if (isOwners) comments.Add(item.owner, item.element);

@@ -44,7 +44,10 @@ void ForEachWord(std::string_view text, const std::function<void(std::string_vie
 const IdTarget* Resolver::FindEntry(FileIndex file, std::string_view text, bool isHref) {
   if (!isHref) return reading_.ids.Find(file, text);
   const Target target = reading_.files.Follow(file, text, Document::kNowhere);
-  return target.file == Target::kNoFile ? nullptr : reading_.ids.Find(target.file, target.id);
+  if (target.file == Target::kNoFile) return nullptr;
+  const IdTarget* entry = reading_.ids.Find(target.file, target.id);
+  if (entry != nullptr || target.id.find('%') == std::string_view::npos) return entry;
+  return reading_.ids.Find(target.file, PercentDecoded(target.id));
 }
 
 const IdTarget* Resolver::FindOrWarn(ItemIndex from, std::string_view feature,
@@ -103,7 +106,7 @@ void Resolver::Resolve(const Reference& reference) {
   };
   if (reference.isHref) return add(reference.text);
   std::string_view ids = reference.text;
-  const bool isOne = !ids.empty() && ids.find(' ') == std::string_view::npos;
+  const bool isOne = !ids.empty() && std::none_of(ids.begin(), ids.end(), IsBlank);
   if (isOne) return add(ids);
   for (std::string_view id = TakeWord(ids); !id.empty(); id = TakeWord(ids)) add(id);
 }

@@ -49,6 +49,13 @@ void StartTag::Read(pugi::xml_node element, Namespaces& namespaces) {
   space = split.prefix.empty() ? Space::kNone : namespaces.Find(split.prefix);
 }
 
+void StartTag::ReadRoot(pugi::xml_node element, Namespaces& namespaces) {
+  Read(element, namespaces);
+  if (space != Space::kNone) return;
+  const Space standard = namespaces.Find({});
+  if (standard == Space::kUml || (standard == Space::kXmi && tag == Word::kXmi)) space = standard;
+}
+
 bool StartTag::ReadAttributes(pugi::xml_node element, const Namespaces& namespaces) {
   Clear();
   bool declares = false;

@@ -36,6 +36,9 @@ struct StartTag {
 
   /// Reads an element's start tag. Namespaces that it declares are bound.
   void Read(pugi::xml_node element, Namespaces& namespaces);
+  /// The same for a root, which may be of UML or XMI by the default namespace. Tags below a root
+  /// that have no prefix are features, whatever the default namespace is.
+  void ReadRoot(pugi::xml_node element, Namespaces& namespaces);
 
  private:
   void Clear();

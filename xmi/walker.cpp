@@ -40,7 +40,7 @@ void Walker::Walk(FileIndex file) {
   reading_.references.reserve(reading_.references.size() + size / kBytesPerEntry);
   namespaces_ = Namespaces();
   const pugi::xml_node root = reading_.files[file].document->Root();
-  tag_.Read(root, namespaces_);
+  tag_.ReadRoot(root, namespaces_);
   const std::string problem = RootProblem(root);
   if (!problem.empty()) {
     const Location place = reading_.LocateNode(file, root);
@@ -70,7 +70,7 @@ std::string Walker::RootProblem(pugi::xml_node root) const {
     if (child.type() != pugi::node_element) continue;
     Namespaces scope = namespaces_;
     StartTag tag;
-    tag.Read(child, scope);
+    tag.ReadRoot(child, scope);
     if (tag.space == Space::kUml || tag.hasBase || BaseChild(child)) return "";
     if (scope.UriOf(SplitName(tag.name).prefix) == kEcoreUri) {
       return "is an Ecore model, no UML model";
@@ -115,10 +115,12 @@ void Walker::WalkBelow(const Frame& top) {
 }
 
 Walker::Below Walker::Enter(pugi::xml_node node, const Below& above) {
+  if (above.mode == Mode::kRoots) {
+    tag_.ReadRoot(node, namespaces_);
+    return EnterRoot(node);
+  }
   tag_.Read(node, namespaces_);
   switch (above.mode) {
-    case Mode::kRoots:
-      return EnterRoot(node);
     case Mode::kMembers:
       return EnterMember(node, above.item);
     default:
@@ -171,7 +173,7 @@ Walker::Below Walker::EnterForeign(pugi::xml_node node) {
 
 Walker::Below Walker::EnterOwned(pugi::xml_node node, ItemIndex owner) {
   const bool isMember = IsMemberFeature(tag_.tag);
-  if (!tag_.href.empty() && tag_.id.empty()) {
+  if (!tag_.href.empty()) {
     const std::uint32_t offset = reading_.files[file_].document->OffsetOf(node);
     const ItemIndex place = builder_.BuildPlace(tag_, owner, file_, offset);
     if (isMember) reading_.items[place].flags |= Item::kMember;

@@ -61,7 +61,6 @@ class Walker {
   bool TakeFeature(pugi::xml_node node, ItemIndex owner);
   void TakeKeywords(pugi::xml_node node, ItemIndex owner);
   bool IsApplication(pugi::xml_node node) const;
-  void FollowBases(pugi::xml_node node);
   ItemIndex BuildItem(pugi::xml_node node, Word type, ItemIndex owner);
   void RememberId(pugi::xml_node node, ItemIndex item, bool inner);
   void EnterIds();
