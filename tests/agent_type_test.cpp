@@ -323,6 +323,32 @@ module P {
         sequence<M::N::Inner, 5> x;
     };
 };)"},
+      {"a bound and an element that a nearer declaration of their name hides",
+       [](ExportBench& b, Element& m) {
+         auto& outer = b.Constant(m, "N", "long", 10);
+         auto& color = b.Enum(m, "Color", {"RED"});
+         auto& q = b.Module(m, "Q");
+         b.Constant(q, "N", "long", 20);
+         b.Interface(q, "Color");
+         b.Range(b.Attribute(b.Struct(q, "S"), "x", color), 0, outer);
+       },
+       R"(Warning - attribute M::Q::S::x has an anonymous template type; consider using a typedef instead
+const long N = 10;
+
+enum Color {
+    RED
+};
+
+module Q {
+    const long N = 20;
+    
+    interface Color {
+    };
+    
+    struct S {
+        sequence<M::Color, M::N> x;
+    };
+};)"},
   };
   ExpectOutcomes(cases);
 }

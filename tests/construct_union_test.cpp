@@ -191,10 +191,12 @@ Error - union M::Of7 has a discriminator that is no integer, char, boolean or en
          auto& plain = Union(b, m, "Plain", e);
          Case(b, plain, "a", "long", {"two"});
          Case(b, plain, "b", "long", {});
+         Case(b, plain, "c", "long", {" "});
        },
        R"(Warning - union case M::Plain::a has a case label two that is not present in the union's discriminator type
 Warning - union case M::Simple::a has a case label that is ignored due to isSimple being set
 Error - union case M::Plain::b has no case label
+Error - union case M::Plain::c has no case label
 Error - union case M::Simple::b has no case label
 )"},
   };

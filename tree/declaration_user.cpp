@@ -8,7 +8,17 @@ std::string DeclarationUser::Describe() const {
 
 std::string DeclarationUser::Spell(mdk::IMdeEntity* definition) const {
   const Node* node = Node::GetNodeRef(definition);
-  return node == nullptr ? definition->GetValue("Name", 0) : declaration_.NameHere(*node);
+  if (node == nullptr) return definition->GetValue("Name", 0);
+  return isHidden(*node) ? node->ScopedName("::") : declaration_.NameHere(*node);
+}
+
+bool DeclarationUser::isHidden(const Node& other) const {
+  const std::string name = other.Name();
+  const Definition* each = declaration_.Scope();
+  for (; each != nullptr && each != other.Scope(); each = each->Scope()) {
+    if (static_cast<const Node*>(each)->declares(name)) return true;
+  }
+  return false;
 }
 
 }  // namespace mdktoidl

@@ -19,6 +19,10 @@ class DeclarationUser : public TypeUser {
   std::string Spell(mdk::IMdeEntity* definition) const override;
 
  private:
+  /// Whether the simple name of `other`, which stands in a scope around the declaration, means
+  /// something else here.
+  bool isHidden(const Node& other) const;
+
   const Node& declaration_;
   std::string_view word_;
 };

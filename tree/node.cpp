@@ -54,6 +54,8 @@ void Node::MoveLocalDeclarations(const Container& locals, NodeList& deps) {
 
 void Node::UnparseForward(std::ofstream&) const {}
 
+bool Node::declares(const std::string&) const { return false; }
+
 void Node::UnparseComment(mdk::IMdeEntity* element, std::ofstream& out) const {
   WriteComments(element, out);
 }

@@ -77,6 +77,9 @@ class Node : public Definition {
   virtual void RememberAlias(const Alias&) const {}
   /// The enumeration that this is; null for anything else.
   virtual const Enumeration* AsEnumeration() const { return nullptr; }
+  /// Whether this is a scope in which a declaration of that name stands, which hides declarations
+  /// of the same name around it.
+  virtual bool declares(const std::string& name) const;
   /// Whether this is a module; it may have a file of its own.
   virtual bool isModule() const { return false; }
 

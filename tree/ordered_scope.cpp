@@ -6,6 +6,14 @@
 
 namespace mdktoidl {
 
+bool OrderedScope::declares(const std::string& name) const {
+  if (names == nullptr) {
+    names = std::make_unique<std::unordered_set<std::string>>();
+    for (const auto& child : children) names->insert(child->Name());
+  }
+  return names->contains(name);
+}
+
 void OrderedScope::Sort() {
   DependencyGraph graph;
   for (const auto& child : children) {

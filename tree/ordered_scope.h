@@ -1,11 +1,18 @@
 // A container that writes its declarations in the order in which they use each other.
 #pragma once
 
+#include <memory>
+#include <string>
+#include <unordered_set>
+
 #include "tree/container.h"
 
 namespace mdktoidl {
 
 class OrderedScope : public Container {
+ public:
+  bool declares(const std::string& name) const override;
+
  protected:
   using Container::Container;
 
@@ -22,6 +29,10 @@ class OrderedScope : public Container {
 
   NodeList forwards;  // children on a cycle of dependencies, by creation
   NodeList sorted;    // all children in output order
+
+ private:
+  // The names of the children; made at the first question, null before.
+  mutable std::unique_ptr<std::unordered_set<std::string>> names;
 };
 
 }  // namespace mdktoidl

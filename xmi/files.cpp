@@ -107,7 +107,8 @@ FileIndex Files::OpenReferred(FileIndex from, std::string_view address, std::uin
     if (address.substr(0, 10) == "localhost/") address.remove_prefix(9);
   }
   const std::filesystem::path base = std::filesystem::path(files_[from]->document->Path());
-  const std::string path = (base.parent_path() / PercentDecoded(address)).string();
+  const std::string path =
+      (base.parent_path() / PercentDecoded(address)).lexically_normal().string();
   return OpenPath(path, files_[from]->document->Locate(offset));
 }
 
