@@ -8,13 +8,8 @@ namespace mdktoidl {
 
 BoxedValue::BoxedValue(mdk::IMdeEntity* element, Container* parent) : Node(element, parent) {
   CreateNodeRef();
-  const std::list<mdk::IMdeEntity*> attributes = OwnedAttributes(element);
-  if (attributes.empty()) {
-    Report(Message::boxedValueLacksAttribute, {ScopedName("::")});
-    return;
-  }
-  attribute = attributes.front();
-  if (attributes.size() > 1) Report(Message::boxedValueHasMoreAttributes, {ScopedName("::")});
+  attribute =
+      BaseAttribute(*this, Message::boxedValueLacksAttribute, Message::boxedValueHasMoreAttributes);
 }
 
 void BoxedValue::EvaluateTypes(NodeList& deps) {

@@ -9,13 +9,8 @@ namespace mdktoidl {
 
 Sequence::Sequence(mdk::IMdeEntity* element, Container* parent) : Node(element, parent) {
   CreateNodeRef();
-  const std::list<mdk::IMdeEntity*> attributes = OwnedAttributes(element);
-  if (attributes.empty()) {
-    Report(Message::sequenceLacksAttribute, {ScopedName("::")});
-    return;
-  }
-  attribute = attributes.front();
-  if (attributes.size() > 1) Report(Message::sequenceHasMoreAttributes, {ScopedName("::")});
+  attribute =
+      BaseAttribute(*this, Message::sequenceLacksAttribute, Message::sequenceHasMoreAttributes);
 }
 
 void Sequence::EvaluateTypes(NodeList& deps) {
