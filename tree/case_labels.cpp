@@ -1,7 +1,5 @@
 #include "tree/case_labels.h"
 
-#include <algorithm>
-
 #include "agent/diagnostics.h"
 #include "tree/case.h"
 #include "tree/enumeration.h"
@@ -20,7 +18,7 @@ std::string CharacterLabel(const std::string& given) {
   return std::string(isSpecial ? "'\\" : "'") + given + "'";
 }
 
-std::string BooleanLabel(std::string given) {
+std::string BooleanLabel(const std::string& given) {
   std::string upper = given;
   for (char& character : upper) {
     if (character >= 'a' && character <= 'z') character = static_cast<char>(character - 'a' + 'A');

@@ -1,7 +1,6 @@
 #include "tree/component_impl.h"
 
 #include "agent/diagnostics.h"
-#include "output/layout.h"
 #include "tree/home_impl.h"
 #include "tree/segment.h"
 #include "tree/single_supplier.h"
@@ -62,12 +61,12 @@ void ComponentImpl::EvaluateTypes(NodeList& deps) {
 
 void ComponentImpl::Unparse(std::ofstream& out) {
   UnparseHeading(out);
-  out << "composition " << Category() << ' ' << CompositionName() << " {";
-  indent(out);
+  out << "composition " << Category() << ' ' << CompositionName();
+  UnparseBody(out);
+}
+
+void ComponentImpl::UnparseMembers(std::ofstream& out) const {
   homeExecutor->UnparseExecutor(segments, out);
-  redent(out);
-  newline(out);
-  out << "};";
 }
 
 }  // namespace mdktoidl

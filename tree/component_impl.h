@@ -20,6 +20,8 @@ class ComponentImpl : public Container {
   void Unparse(std::ofstream& out) override;
 
  private:
+  /// Writes the home executor, and the segments inside it.
+  void UnparseMembers(std::ofstream& out) const override;
   void AdoptMember(mdk::IMdeEntity* member);
   std::string Category() const;
   /// The name that the composition has in the model, or else the implementation's.

@@ -52,10 +52,14 @@ void Container::EvaluateChildren(NodeList& outside) {
 void Container::UnparseBody(std::ofstream& out) const {
   out << " {";
   indent(out);
-  for (const auto& child : children) child->Unparse(out);
+  UnparseMembers(out);
   redent(out);
   newline(out);
   out << "};";
+}
+
+void Container::UnparseMembers(std::ofstream& out) const {
+  for (const auto& child : children) child->Unparse(out);
 }
 
 }  // namespace mdktoidl

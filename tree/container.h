@@ -34,8 +34,10 @@ class Container : public Node {
   /// taken out of that.
   virtual void ObserveReferences(const Node& child, const NodeList& references);
 
-  /// Writes the children in braces.
+  /// Writes the members in braces.
   void UnparseBody(std::ofstream& out) const;
+  /// Writes what stands between the braces: here the children in their order.
+  virtual void UnparseMembers(std::ofstream& out) const;
 
   Children children;
 };

@@ -148,8 +148,7 @@ const Node* Module::GetFileNode(const Node* node) {
 }
 
 void Module::Unparse(std::ofstream& out) {
-  const bool oneFile = options.Mapping() == ONE_FILE;
-  if (oneFile) {
+  if (options.Mapping() == ONE_FILE) {
     UnparseBlock(out);
     return;
   }
@@ -166,20 +165,18 @@ void Module::Unparse(std::ofstream& out) {
   }
 }
 
-void Module::UnparseBlock(std::ofstream& out) {
+void Module::UnparseBlock(std::ofstream& out) const {
+  UnparseHeading(out);
+  out << "module " << Name();
+  UnparseBody(out);
+}
+
+void Module::UnparseMembers(std::ofstream& out) const {
   const bool oneFile = options.Mapping() == ONE_FILE;
-  newline(out);
-  UnparseComment(Entity(), out);
-  newline(out);
-  out << "module " << Name() << " {";
-  indent(out);
   UnparseForwards(out);
   for (Node* child : sorted) {
     if (oneFile || !child->isModule()) child->Unparse(out);
   }
-  redent(out);
-  newline(out);
-  out << "};";
 }
 
 // The innermost enclosing module is opened first, so three levels come out in the wrong order; that

@@ -27,7 +27,9 @@ class Module : public OrderedScope {
   void ObserveReferences(const Node& child, const NodeList& references) override;
   void Init(mdk::IMdeEntity* element);
   void NameFile();
-  void UnparseBlock(std::ofstream& out);
+  void UnparseBlock(std::ofstream& out) const;
+  /// Modules inside this one are left out when they have files of their own.
+  void UnparseMembers(std::ofstream& out) const override;
   void UnparseModuleScope(std::ofstream& out) const;
   void UnparseModuleScopeEnd(std::ofstream& out) const;
   void UnparsePackageRelationships(std::ofstream& out) const;

@@ -1,7 +1,6 @@
 #include "tree/ordered_scope.h"
 
 #include "agent/diagnostics.h"
-#include "output/layout.h"
 #include "output/ordering.h"
 
 namespace mdktoidl {
@@ -35,14 +34,9 @@ void OrderedScope::UnparseForwards(std::ofstream& out) const {
   for (const Node* node : forwards) node->UnparseForward(out);
 }
 
-void OrderedScope::UnparseBody(std::ofstream& out) const {
-  out << " {";
-  indent(out);
+void OrderedScope::UnparseMembers(std::ofstream& out) const {
   UnparseForwards(out);
   for (Node* child : sorted) child->Unparse(out);
-  redent(out);
-  newline(out);
-  out << "};";
 }
 
 }  // namespace mdktoidl

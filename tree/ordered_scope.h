@@ -24,8 +24,8 @@ class OrderedScope : public Container {
   /// Writes the forward declarations.
   void UnparseForwards(std::ofstream& out) const;
 
-  /// Writes the forward declarations and the children, in output order, in braces.
-  void UnparseBody(std::ofstream& out) const;
+  /// Writes the forward declarations and the children in output order.
+  void UnparseMembers(std::ofstream& out) const override;
 
   NodeList forwards;  // children on a cycle of dependencies, by creation
   NodeList sorted;    // all children in output order

@@ -169,9 +169,9 @@ Bound Values::BoundOfInstance(const ValueNode& value) {
   if (constants_.IsConstant(instance)) return {Bound::kName, name, instance};
   const Bound bound = BoundOfText(value, name, true);
   if (bound.kind == Bound::kName && bound.constant == kNoItem) {
-    const ValueNode* specification = SpecificationOf(instance);
-    const bool isLiteral = specification != nullptr && specification->type != Word::kInstanceValue;
-    if (isLiteral) return ReadBound(*specification);
+    const ValueNode* given = SpecificationOf(instance);
+    const bool isLiteral = given != nullptr && given->type != Word::kInstanceValue;
+    if (isLiteral) return ReadBound(*given);
   }
   return bound;
 }
