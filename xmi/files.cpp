@@ -47,6 +47,10 @@ std::string CanonicalOf(const std::string& path) {
 
 }  // namespace
 
+void Files::Map(const std::string& prefix, const std::string& directory) {
+  directories_[prefix] = directory;
+}
+
 void Files::Open(const std::string& path) {
   byPath_.emplace(CanonicalOf(path), Add(Document::Load(path)));
   paths_.push_back(path);
@@ -91,7 +95,20 @@ Target Files::InLibrary(std::string_view id) {
   return {library_, id};
 }
 
+std::string Files::MappedPath(std::string_view address) const {
+  std::string_view longest;
+  std::string path;
+  for (const auto& [prefix, directory] : directories_) {
+    if (!address.starts_with(prefix) || prefix.size() < longest.size()) continue;
+    longest = prefix;
+    path = directory + "/" + PercentDecoded(address.substr(prefix.size()));
+  }
+  return std::filesystem::path(path).lexically_normal().string();
+}
+
 FileIndex Files::OpenReferred(FileIndex from, std::string_view address, std::uint32_t offset) {
+  const std::string mapped = MappedPath(address);
+  if (!mapped.empty()) return OpenPath(mapped, files_[from]->document->Locate(offset));
   const std::string_view scheme = SchemeOf(address);
   const bool local = scheme == "file:";
   if (!scheme.empty() && !local) {

@@ -4,6 +4,7 @@
 // once; only local files are ever opened. What can't be opened is a remark.
 #pragma once
 
+#include <map>
 #include <memory>
 #include <pugixml.hpp>
 #include <string>
@@ -39,6 +40,8 @@ class Files {
     std::unordered_map<std::string_view, Target> targets;  ///< The hrefs seen in it.
   };
 
+  /// Addresses that begin with `prefix` are files below the directory. The longest prefix counts.
+  void Map(const std::string& prefix, const std::string& directory);
   /// Opens the model file, the first one. Throws `ReadError`.
   void Open(const std::string& path);
   /// Follows an `href` of a file; `offset` is where it stands. The text is borrowed.
@@ -54,12 +57,14 @@ class Files {
   Target Resolve(FileIndex from, std::string_view href, std::uint32_t offset);
   Target InLibrary(std::string_view id);
   FileIndex OpenReferred(FileIndex from, std::string_view address, std::uint32_t offset);
+  std::string MappedPath(std::string_view address) const;
   FileIndex OpenPath(const std::string& path, const Location& place);
   FileIndex Add(std::unique_ptr<Document> document);
 
   Remarks* remarks_;
   std::vector<std::unique_ptr<File>> files_;
   std::vector<std::string> paths_;
+  std::map<std::string, std::string> directories_;  // by the prefix of addresses
   std::unordered_map<std::string, FileIndex> byPath_;     // by canonical path
   std::unordered_map<std::string, FileIndex> byAddress_;  // addresses that are no local files
   FileIndex library_ = Target::kNoFile;

@@ -90,6 +90,10 @@ Reader::Reader(model::Model& model) : impl_(std::make_unique<Impl>(model)) {}
 
 Reader::~Reader() = default;
 
+void Reader::Map(const std::string& prefix, const std::string& directory) {
+  impl_->reading.files.Map(prefix, directory);
+}
+
 void Reader::Read(const std::string& path) {
   impl_->SetDefaults(path);
   impl_->reading.files.Open(path);

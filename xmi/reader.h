@@ -44,6 +44,10 @@ class Reader {
   Reader(const Reader&) = delete;
   Reader& operator=(const Reader&) = delete;
 
+  /// References that begin with `prefix` ("pathmap://TYPES/") lead to files below the directory.
+  /// Called before `Read`.
+  void Map(const std::string& prefix, const std::string& directory);
+
   /// Reads the file and those that it refers to. Called once. Throws `ReadError`.
   void Read(const std::string& path);
 
