@@ -12,6 +12,8 @@ enum ExitStatus : int {
   kExportFailed = 1,
   /// Bad usage, a model file that can't be read, or an incomplete installation.
   kBadInput = 2,
+  /// The files in place are not what an export would write.
+  kDifferent = 3,
 };
 
 /// Ends the command. `what()` is for the user, without the command's name and without a line end.

@@ -5,37 +5,29 @@
 #include <exception>
 #include <string>
 
-#include "command/agent_library.h"
-#include "command/artifact_choice.h"
+#include "command/export_session.h"
 #include "command/failure.h"
-#include "command/message_sink.h"
+#include "command/interruption.h"
 #include "command/options.h"
-#include "command/remarks.h"
+#include "command/progress.h"
+#include "command/report.h"
 #include "command/standard_output.h"
-#include "command/target_directory.h"
-#include "model/model.h"
-#include "xmi/reader.h"
 
 namespace command {
 namespace {
 
 void Complain(const std::string& text) { std::fprintf(stderr, "idlexport: %s\n", text.c_str()); }
 
-ExitStatus List(const xmi::Reader& reader, StandardOutput& output) {
-  for (const model::Element* artifact : ExportableArtifacts(reader)) {
-    output.Write(NameOf(reader, *artifact) + "\n");
+ExitStatus RunSession(const Options& options, Report& report, Progress& progress) {
+  try {
+    return ExportSession(options, report, progress).Run();
+  } catch (const Failure& failure) {
+    report.Fail(failure.what());
+    return failure.Status();
+  } catch (const std::exception& error) {
+    report.Fail(error.what());
+    return kBadInput;
   }
-  return kSuccess;
-}
-
-ExitStatus Export(model::Element& artifact, const Options& options, StandardOutput& output) {
-  const AgentLibrary agent;
-  PrepareTargetDirectory(artifact, options.output);
-  MessageSink sink(output);
-  model::SetMessageSink([&sink](const std::string& piece) { sink.Print(piece); });
-  agent.Export(artifact);
-  model::SetMessageSink({});
-  return sink.ExportFailed() ? kExportFailed : kSuccess;
 }
 
 ExitStatus DoWhatIsAsked(const Options& options, StandardOutput& output) {
@@ -43,12 +35,11 @@ ExitStatus DoWhatIsAsked(const Options& options, StandardOutput& output) {
     output.Write(options.information);
     return kSuccess;
   }
-  model::Model model;
-  xmi::Reader reader(model);
-  reader.Read(options.model);
-  PrintRemarks(reader);
-  if (options.list) return List(reader, output);
-  return Export(ChooseArtifact(reader, options.artifact), options, output);
+  Progress progress(!options.quiet && IsTerminal());
+  Report report(options, output, progress);
+  const ExitStatus status = RunSession(options, report, progress);
+  report.Finish();
+  return status;
 }
 
 ExitStatus TryWhatIsAsked(int argc, const char* const* argv, StandardOutput& output) {
@@ -57,9 +48,6 @@ ExitStatus TryWhatIsAsked(int argc, const char* const* argv, StandardOutput& out
   } catch (const Failure& failure) {
     Complain(failure.what());
     return failure.Status();
-  } catch (const std::exception& error) {
-    Complain(error.what());
-    return kBadInput;
   }
 }
 
@@ -67,6 +55,7 @@ ExitStatus TryWhatIsAsked(int argc, const char* const* argv, StandardOutput& out
 
 int Run(int argc, const char* const* argv) {
   FillClosedStandardStreams();
+  WatchForInterruption();
   StandardOutput output;
   const ExitStatus status = TryWhatIsAsked(argc, argv, output);
   const int error = output.Finish();

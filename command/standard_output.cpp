@@ -20,6 +20,7 @@ void FillClosedStandardStreams() {
 
 StandardOutput::StandardOutput() {
   std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
   std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
 }
 

@@ -15,7 +15,8 @@ void FillClosedStandardStreams();
 /// Writes line by line, so that little is lost should the process die. One at a time.
 class StandardOutput {
  public:
-  /// From now on a reader that goes away is a write error, no longer a signal.
+  /// From now on a reader that goes away, and a file that may not grow, are write errors, no longer
+  /// signals.
   StandardOutput();
 
   /// Writes the text as it stands. After the first error nothing more is written.

@@ -1,0 +1,78 @@
+#include "command/child_process.h"
+
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+
+namespace command {
+namespace {
+
+/// A program inherits what its parent does about signals; it is to have them all as usual.
+class UsualSignals {
+ public:
+  UsualSignals() {
+    posix_spawnattr_init(&attributes_);
+    sigset_t none;
+    sigemptyset(&none);
+    posix_spawnattr_setsigmask(&attributes_, &none);
+    sigset_t changed;
+    sigemptyset(&changed);
+    sigaddset(&changed, SIGPIPE);
+    sigaddset(&changed, SIGXFSZ);
+    posix_spawnattr_setsigdefault(&attributes_, &changed);
+    posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
+  }
+  ~UsualSignals() { posix_spawnattr_destroy(&attributes_); }
+  UsualSignals(const UsualSignals&) = delete;
+  UsualSignals& operator=(const UsualSignals&) = delete;
+
+  const posix_spawnattr_t* Attributes() const { return &attributes_; }
+
+ private:
+  posix_spawnattr_t attributes_;
+};
+
+class OutputTo {
+ public:
+  explicit OutputTo(int output) {
+    posix_spawn_file_actions_init(&actions_);
+    posix_spawn_file_actions_adddup2(&actions_, output, STDOUT_FILENO);
+  }
+  ~OutputTo() { posix_spawn_file_actions_destroy(&actions_); }
+  OutputTo(const OutputTo&) = delete;
+  OutputTo& operator=(const OutputTo&) = delete;
+
+  const posix_spawn_file_actions_t* Actions() const { return &actions_; }
+
+ private:
+  posix_spawn_file_actions_t actions_;
+};
+
+constexpr int signalled = 128;
+
+int Wait(pid_t process) {
+  int status = 0;
+  while (waitpid(process, &status, 0) < 0) {
+    if (errno != EINTR) return -1;
+  }
+  return WIFEXITED(status) ? WEXITSTATUS(status) : signalled + WTERMSIG(status);
+}
+
+}  // namespace
+
+int RunProgram(const std::vector<std::string>& words, int output) {
+  const UsualSignals signals;
+  const OutputTo redirection(output);
+  std::vector<char*> arguments;
+  for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
+  arguments.push_back(nullptr);
+  pid_t process = 0;
+  const int error = posix_spawnp(&process, arguments.front(), redirection.Actions(),
+                                 signals.Attributes(), arguments.data(), environ);
+  return error == 0 ? Wait(process) : -1;
+}
+
+}  // namespace command

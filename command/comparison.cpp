@@ -1,0 +1,53 @@
+#include "command/comparison.h"
+
+#include <filesystem>
+#include <string>
+
+#include "command/child_process.h"
+#include "command/failure.h"
+#include "command/placement.h"
+
+namespace command {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* nothing = "/dev/null";
+
+/// The program "diff" has long known how to say shortly what changed. Both sides bear the name of
+/// the file in place, so that "patch" takes the result.
+void PrintDifference(const std::string& name, const fs::path& inPlace, const fs::path& exported,
+                     int output) {
+  const auto label = [&name](const fs::path& path, const char* what) {
+    return "--label=" + (path == nothing ? nothing : name) + "\t" + what;
+  };
+  const int status = RunProgram(
+      {"diff", "-u", label(inPlace, "(in place)"), label(exported, "(exported)"), "--",
+       inPlace.string(), exported.string()},
+      output);
+  if (status == 0 || status == 1) return;
+  throw Failure(kExportFailed, status < 0 ? "'" + name + "' differs; the program \"diff\", which "
+                                            "tells the differences, is not installed"
+                                          : "can't compare '" + name + "'");
+}
+
+}  // namespace
+
+bool PrintDifferences(const StagedExport& exported, bool prune, int output) {
+  bool different = false;
+  for (const std::string& file : exported.files) {
+    const fs::path inPlace = exported.Final(file);
+    if (SameBytes(exported.Staged(file), inPlace)) continue;
+    different = true;
+    PrintDifference(inPlace.string(), fs::exists(inPlace) ? inPlace : fs::path(nothing),
+                    exported.Staged(file), output);
+  }
+  if (!prune) return different;
+  for (const std::string& file : StaleFiles(exported)) {
+    different = true;
+    PrintDifference(exported.Final(file).string(), exported.Final(file), nothing, output);
+  }
+  return different;
+}
+
+}  // namespace command

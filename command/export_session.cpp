@@ -1,0 +1,206 @@
+#include "command/export_session.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <map>
+
+#include "command/agent_library.h"
+#include "command/agent_messages.h"
+#include "command/agent_run.h"
+#include "command/artifact_choice.h"
+#include "command/comparison.h"
+#include "command/depfile.h"
+#include "command/element_finder.h"
+#include "command/generator_settings.h"
+#include "command/remarks.h"
+#include "command/target_directory.h"
+#include "command/written_file.h"
+
+namespace command {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// What the manifest knows an artifact by: its name may change, and so may the model's directory.
+std::string ManifestName(const xmi::Reader& reader, const model::Element& artifact) {
+  const std::string id = reader.IdOf(artifact);
+  const fs::path file = reader.Locate(artifact).file;
+  return file.filename().string() + "#" + (id.empty() ? NameOf(reader, artifact) : id);
+}
+
+void CheckThatFilesAreWhole(const StagedExport& exported) {
+  for (const std::string& file : exported.files) {
+    if (IsComplete(exported.Staged(file))) continue;
+    throw Failure(kExportFailed, "can't write all of '" + exported.Final(file).string() +
+                                     "'; is the disk full?");
+  }
+}
+
+/// Two artifacts may make the same file, but not two different ones of the same name.
+void CheckForConflicts(const std::vector<std::unique_ptr<StagedExport>>& exports) {
+  std::map<fs::path, const StagedExport*> makers;
+  for (const auto& exported : exports) {
+    for (const std::string& file : exported->files) {
+      const fs::path path = fs::weakly_canonical(exported->Final(file));
+      const auto [maker, isFirst] = makers.emplace(path, exported.get());
+      if (isFirst || SameBytes(maker->second->Staged(file), exported->Staged(file))) continue;
+      throw Failure(kExportFailed, "several of the artifacts make '" +
+                                       exported->Final(file).string() + "', and differently");
+    }
+  }
+}
+
+std::string Counted(std::size_t number, const std::string& what) {
+  return std::to_string(number) + " " + what + (number == 1 ? "" : "s");
+}
+
+}  // namespace
+
+ExportSession::ExportSession(const Options& options, Report& report, Progress& progress)
+    : options_(options), report_(report), progress_(progress) {}
+
+ExitStatus ExportSession::Run() {
+  ReadModel();
+  if (options_.purpose == Purpose::kList) return List();
+  ChooseArtifacts();
+  ExportAll();
+  if (report_.Errors() != 0) return kExportFailed;
+  if (options_.warningsAreErrors && report_.Warnings() != 0) {
+    report_.Say("there are warnings, and --werror was given");
+    return kExportFailed;
+  }
+  const ExitStatus status = UseFiles();
+  if (status != kSuccess) return status;
+  if (options_.depfile) WriteDepfile();
+  if (options_.stamp) Touch(*options_.stamp);
+  if (options_.summary) Summarise();
+  return kSuccess;
+}
+
+void ExportSession::ReadModel() {
+  for (const auto& [prefix, directory] : options_.maps) reader_.Map(prefix, directory);
+  progress_.Show([this] { return "reading " + options_.model; });
+  reader_.Read(options_.model);
+  progress_.Stop();
+  for (const Diagnostic& remark : DiagnosticsOf(reader_)) report_.Add(remark);
+  if (!options_.quiet && !reader_.PassedOver().empty()) report_.Say(PassedOverLine(reader_));
+}
+
+ExitStatus ExportSession::List() {
+  for (const model::Element* artifact : ExportableArtifacts(reader_)) {
+    report_.Result(NameOf(reader_, *artifact) + "\n");
+  }
+  return kSuccess;
+}
+
+void ExportSession::ChooseArtifacts() {
+  if (options_.artifacts.empty()) artifacts_.push_back(&ChooseArtifact(reader_, std::nullopt));
+  for (const std::string& name : options_.artifacts) {
+    model::Element& artifact = ChooseArtifact(reader_, name);
+    if (std::find(artifacts_.begin(), artifacts_.end(), &artifact) == artifacts_.end()) {
+      artifacts_.push_back(&artifact);
+    }
+  }
+}
+
+void ExportSession::ExportAll() {
+  const AgentLibrary agent;
+  for (model::Element* artifact : artifacts_) Export(agent, *artifact);
+}
+
+void ExportSession::Export(const AgentLibrary& agent, model::Element& artifact) {
+  Apply(options_.overrides, artifact);
+  const fs::path output = TargetDirectoryOf(artifact, options_.output);
+  const bool isPlaced = options_.purpose == Purpose::kExport && HasSettings(artifact);
+  exports_.emplace_back(new StagedExport{isPlaced ? Staging::For(output) : Staging::ForNothing(),
+                                         ManifestName(reader_, artifact),
+                                         output,
+                                         {}});
+  StagedExport& exported = *exports_.back();
+  RunAgent(agent, artifact, exported.staging.Path());
+  exported.files = exported.staging.Files();
+  if (report_.Errors() == 0) CheckThatFilesAreWhole(exported);
+}
+
+void ExportSession::RunAgent(const AgentLibrary& agent, model::Element& artifact,
+                             const fs::path& directory) {
+  AgentMessages messages;
+  progress_.Show([name = NameOf(reader_, artifact)] { return "exporting " + name; });
+  command::RunAgent(agent, artifact, directory, [&](const std::string& piece) {
+    messages.Take(piece);
+    report_.AgentText(piece);
+  });
+  progress_.Stop();
+  ElementFinder finder(artifact);
+  const std::vector<Diagnostic> diagnostics = DiagnosticsOf(messages, reader_, finder);
+  for (const Diagnostic& diagnostic : diagnostics) report_.AddTold(diagnostic);
+  report_.EndAgentText(!diagnostics.empty());
+}
+
+ExitStatus ExportSession::UseFiles() {
+  switch (options_.purpose) {
+    case Purpose::kExport:
+      PutAllInPlace();
+      return kSuccess;
+    case Purpose::kVerify:
+      return Verify();
+    case Purpose::kOutputs:
+      PrintNames();
+      return kSuccess;
+    default:
+      return kSuccess;
+  }
+}
+
+void ExportSession::PutAllInPlace() {
+  CheckForConflicts(exports_);
+  for (const auto& exported : exports_) {
+    const PlacedFiles placed = PutInPlace(*exported, options_.prune);
+    placed_.written += placed.written;
+    placed_.unchanged += placed.unchanged;
+    placed_.removed += placed.removed;
+  }
+}
+
+ExitStatus ExportSession::Verify() {
+  bool different = false;
+  for (const auto& exported : exports_) {
+    different |= PrintDifferences(*exported, options_.prune, report_.ResultStream());
+  }
+  return different ? kDifferent : kSuccess;
+}
+
+void ExportSession::PrintNames() {
+  for (const auto& exported : exports_) {
+    for (const std::string& file : exported->files) {
+      report_.Result(exported->Final(file).string() + "\n");
+    }
+  }
+}
+
+void ExportSession::WriteDepfile() const {
+  std::string target = "idl";
+  if (options_.target) {
+    target = *options_.target;
+  } else if (options_.stamp) {
+    target = *options_.stamp;
+  } else if (!exports_.front()->files.empty()) {
+    target = exports_.front()->Final(exports_.front()->files.front()).string();
+  }
+  WriteWhole(*options_.depfile, MakeRule(target, reader_.Files()));
+}
+
+void ExportSession::Summarise() const {
+  const std::chrono::duration<double> time = std::chrono::steady_clock::now() - begin_;
+  char seconds[32];
+  std::snprintf(seconds, sizeof seconds, "%.2f seconds", time.count());
+  std::string text;
+  if (options_.purpose == Purpose::kExport) {
+    text = Counted(placed_.written, "file") + " written, " + std::to_string(placed_.unchanged) +
+           " unchanged, " + std::to_string(placed_.removed) + " removed; ";
+  }
+  report_.Say(text + seconds);
+}
+
+}  // namespace command

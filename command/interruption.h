@@ -1,0 +1,37 @@
+// What happens when the user or the system ends the command before it is done.
+//
+// The half-made files are removed, then the signal takes its usual course. Signals are waited for
+// by a thread of their own, where, unlike in a signal handler, directories can be removed.
+#pragma once
+
+#include <filesystem>
+#include <mutex>
+
+namespace command {
+
+/// From now on signals that ask the command to end are treated as above, but those that the caller
+/// wants to be ignored. Called once, before there are other threads.
+void WatchForInterruption();
+
+/// While it lives the directory is removed when the command is interrupted.
+class RemovedOnInterruption {
+ public:
+  explicit RemovedOnInterruption(std::filesystem::path directory);
+  ~RemovedOnInterruption();
+  RemovedOnInterruption(const RemovedOnInterruption&) = delete;
+  RemovedOnInterruption& operator=(const RemovedOnInterruption&) = delete;
+
+ private:
+  std::filesystem::path directory_;
+};
+
+/// While it lives an interruption waits: for steps that belong together. Not to be nested.
+class Uninterrupted {
+ public:
+  Uninterrupted();
+
+ private:
+  std::unique_lock<std::mutex> lock_;
+};
+
+}  // namespace command

@@ -1,0 +1,103 @@
+#include "command/report.h"
+
+#include <unistd.h>
+
+#include <cstdio>
+
+#include "command/colour.h"
+#include "command/gcc_form.h"
+#include "command/json_form.h"
+#include "command/sarif_form.h"
+
+namespace command {
+
+Report::Report(const Options& options, StandardOutput& output, Progress& progress)
+    : options_(options),
+      output_(output),
+      progress_(progress),
+      colouredOutput_(UsesColour(options.colour, STDOUT_FILENO)),
+      colouredErrors_(UsesColour(options.colour, STDERR_FILENO)) {}
+
+bool Report::IsDocument() const {
+  return options_.diagnostics == DiagnosticForm::kJson ||
+         options_.diagnostics == DiagnosticForm::kSarif;
+}
+
+bool Report::IsResultOnOutput() const {
+  return options_.purpose == Purpose::kVerify || options_.purpose == Purpose::kOutputs;
+}
+
+void Report::AgentText(const std::string& piece) {
+  if (IsDocument()) return;
+  if (options_.quiet) {
+    heldBack_.push_back(piece);
+  } else {
+    WriteAgentText(piece);
+  }
+}
+
+void Report::EndAgentText(bool isWorthTelling) {
+  for (const std::string& piece : heldBack_) {
+    if (isWorthTelling) WriteAgentText(piece);
+  }
+  heldBack_.clear();
+}
+
+/// Results that others read are not to be mixed with it.
+void Report::WriteAgentText(const std::string& piece) {
+  if (IsResultOnOutput()) return WriteError(colouredErrors_ ? ColouredPiece(piece) : piece);
+  progress_.Hide();
+  output_.Write(colouredOutput_ ? ColouredPiece(piece) : piece);
+}
+
+void Report::AddTold(const Diagnostic& diagnostic) {
+  Keep(diagnostic);
+  if (options_.diagnostics == DiagnosticForm::kGcc) Tell(diagnostic);
+}
+
+void Report::Add(const Diagnostic& diagnostic) {
+  if (!added_.insert(GccForm({&diagnostic, 1})).second) return;
+  Keep(diagnostic);
+  if (!IsDocument()) Tell(diagnostic);
+}
+
+void Report::Keep(const Diagnostic& diagnostic) {
+  ++(diagnostic.severity == Severity::kError ? errors_ : warnings_);
+  if (IsDocument()) diagnostics_.push_back(diagnostic);
+}
+
+void Report::Tell(const Diagnostic& diagnostic) {
+  WriteError(GccForm({&diagnostic, 1}, colouredErrors_));
+}
+
+void Report::Fail(const std::string& text) {
+  Say(text);
+  Keep({Severity::kError, text, "failure", {}, {}, {}});
+}
+
+void Report::Say(const std::string& text) { WriteError("idlexport: " + text + "\n"); }
+
+void Report::WriteError(const std::string& text) {
+  progress_.Hide();
+  std::fwrite(text.data(), 1, text.size(), stderr);
+}
+
+void Report::Result(const std::string& text) {
+  if (IsDocument()) return WriteError(text);
+  progress_.Hide();
+  output_.Write(text);
+}
+
+int Report::ResultStream() {
+  progress_.Hide();
+  if (IsDocument()) return STDERR_FILENO;
+  output_.Finish();
+  return STDOUT_FILENO;
+}
+
+void Report::Finish() {
+  if (options_.diagnostics == DiagnosticForm::kJson) output_.Write(JsonForm(diagnostics_));
+  if (options_.diagnostics == DiagnosticForm::kSarif) output_.Write(SarifForm(diagnostics_));
+}
+
+}  // namespace command

@@ -1,0 +1,67 @@
+#include "command/written_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+#include <system_error>
+
+#include "command/failure.h"
+
+namespace command {
+namespace {
+
+namespace fs = std::filesystem;
+
+[[noreturn]] void Fail(const fs::path& file, const std::string& reason) {
+  throw Failure(kExportFailed, "can't write '" + file.string() + "': " + reason);
+}
+
+/// Devices and pipes can't be replaced by a file; who names one wants the text to go there.
+bool IsReplaceable(const fs::path& file) {
+  std::error_code error;
+  const fs::file_status status = fs::status(file, error);
+  return !fs::exists(status) || fs::is_regular_file(status);
+}
+
+void Write(const fs::path& file, std::string_view text) {
+  std::ofstream out(file, std::ios::binary | std::ios::trunc);
+  if (!out) Fail(file, strerror(errno));
+  out.write(text.data(), static_cast<std::streamsize>(text.size()));
+  out.close();
+  if (!out) Fail(file, strerror(errno));
+}
+
+}  // namespace
+
+void WriteWhole(const fs::path& file, std::string_view text) {
+  if (!IsReplaceable(file)) return Write(file, text);
+  const fs::path half = file.string() + ".idlexport-" + std::to_string(getpid());
+  std::error_code error;
+  try {
+    Write(half, text);
+    fs::rename(half, file);
+  } catch (const Failure&) {
+    fs::remove(half, error);
+    throw;
+  } catch (const fs::filesystem_error& problem) {
+    fs::remove(half, error);
+    Fail(file, problem.code().message());
+  }
+}
+
+void Touch(const fs::path& file) {
+  constexpr mode_t mode = 0666;
+  const int descriptor = open(file.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, mode);
+  if (descriptor < 0 || futimens(descriptor, nullptr) != 0) {
+    const std::string reason = strerror(errno);
+    if (descriptor >= 0) close(descriptor);
+    Fail(file, reason);
+  }
+  close(descriptor);
+}
+
+}  // namespace command

@@ -1,0 +1,315 @@
+// What the command does to the files in place: when they change, when they must not, and what a
+// build is told about them.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <signal.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <filesystem>
+#include <map>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "tests/support/file_tree.h"
+#include "tests/support/process.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using support::ProcessResult;
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+std::string DataFile(const std::string& name) {
+  return support::ReadFile(std::string(IDLEXPORT_SOURCE_DIR "/tests/data/command/") + name);
+}
+
+/// A directory with the model "m.uml", which makes files.idl, M.idl and M_N.idl in "out".
+class CommandFilesTest : public testing::Test {
+ protected:
+  CommandFilesTest() { WriteModel("MODULE_FLAT"); }
+
+  void WriteModel(const std::string& mapping, const std::string& from = "one",
+                  const std::string& to = "one") const {
+    std::string text = support::Replaced(DataFile("target.uml"), "TARGET_DIR", "out");
+    text = support::Replaced(text, "FILE_MAPPING", mapping);
+    support::WriteFile(Directory() / "m.uml", support::Replaced(text, from, to));
+  }
+
+  ProcessResult Run(std::vector<std::string> arguments) const {
+    arguments.insert(arguments.begin(), IDLEXPORT_COMMAND);
+    return support::RunProcess(arguments, Directory());
+  }
+
+  /// Runs the command below a shell, which can limit what it may do.
+  ProcessResult RunInShell(const std::string& script) const {
+    return support::RunProcess({"sh", "-c", support::Replaced(script, "COMMAND", IDLEXPORT_COMMAND)},
+                               Directory());
+  }
+
+  const fs::path& Directory() const { return scratch_.Path(); }
+  std::string Text(const std::string& file) const { return support::ReadFile(Directory() / file); }
+  bool Exists(const std::string& file) const { return fs::exists(Directory() / file); }
+  /// The names of all files in and below "out", manifest included.
+  std::vector<std::string> OutputFiles() const {
+    std::vector<std::string> files;
+    for (const auto& [file, text] : support::ReadTree(Directory() / "out")) files.push_back(file);
+    return files;
+  }
+
+ private:
+  support::ScratchDirectory scratch_;
+};
+
+TEST_F(CommandFilesTest, FilesWhoseBytesAreTheSameAreNotTouched) {
+  ASSERT_EQ(Run({"m.uml"}).status, 0);
+  const auto longAgo = fs::file_time_type::clock::now() - std::chrono::hours(48);
+  for (const std::string& file : OutputFiles()) {
+    fs::last_write_time(Directory() / "out" / file, longAgo);
+  }
+  WriteModel("MODULE_FLAT", "name=\"two\"", "name=\"three\"");
+  const ProcessResult again = Run({"--summary", "m.uml"});
+  EXPECT_THAT(again.errors, HasSubstr("1 file written, 2 unchanged"));
+  for (const std::string& file : OutputFiles()) {
+    const bool isOld = fs::last_write_time(Directory() / "out" / file) == longAgo;
+    EXPECT_EQ(isOld, file != "M_N.idl") << file;
+  }
+  EXPECT_THAT(Text("out/M_N.idl"), HasSubstr("three"));
+}
+
+TEST_F(CommandFilesTest, ARunThatFailsLeavesTheEarlierFilesWhole) {
+  ASSERT_EQ(Run({"m.uml"}).status, 0);
+  const auto before = support::ReadTree(Directory() / "out");
+  const struct {
+    std::string what;
+    std::string model;  // of the data files, with the artifact of the earlier files' name
+    std::string script;
+  } cases[] = {
+      {"errors in the model", support::Replaced(DataFile("choice.uml"), "goods\"", "files\""),
+       "COMMAND -a files::bad --file-name files m.uml"},
+      {"warnings, which count", DataFile("choice.uml"),
+       "COMMAND --werror -a files::goods --file-name files m.uml"},
+      {"a limit that acts as a full disk",
+       support::Replaced(support::ReadFile(IDLEXPORT_SOURCE_DIR "/examples/bank.uml"),
+                         "targetDir=\"", "targetDir=\"out\" x=\""),
+       "ulimit -f 1; COMMAND --mapping one-file -a Files::bank --file-name files -o out m.uml"},
+      {"a file in the way of a directory", support::Replaced(DataFile("target.uml"), "x", "x"),
+       "COMMAND --mapping module-structured -o out/M.idl m.uml"},
+      {"a directory in the way of a file", DataFile("target.uml"),
+       "mkdir out/g.idl; COMMAND --mapping module-flat --file-name g -o out m.uml; s=$?; "
+       "rmdir out/g.idl; exit $s"},
+  };
+  for (const auto& [what, model, script] : cases) {
+    SCOPED_TRACE(what);
+    support::WriteFile(Directory() / "m.uml", model);
+    const ProcessResult result = RunInShell(script);
+    EXPECT_EQ(result.status, 1) << result.output << result.errors;
+    EXPECT_EQ(support::ReadTree(Directory() / "out"), before);
+    EXPECT_FALSE(fs::exists(Directory() / "out/M.idl/files.idl"));
+  }
+}
+
+TEST_F(CommandFilesTest, AnInterruptedRunLeavesNothingBehind) {
+  // The model file is a pipe that never gives anything, so the run is surely in the middle.
+  fs::remove(Directory() / "m.uml");
+  ASSERT_EQ(Run({"--version"}).status, 0);
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    SCOPED_TRACE(signal);
+    const ProcessResult result = RunInShell(
+        "mkfifo m.uml; COMMAND -o out m.uml & sleep 0.2; kill -" + std::to_string(signal) +
+        " $!; wait $!; s=$?; rm m.uml; exit $s");
+    EXPECT_EQ(result.status, 128 + signal) << result.errors;
+    EXPECT_FALSE(Exists("out"));
+  }
+}
+
+TEST_F(CommandFilesTest, WhatAKilledRunLeftIsRemovedByTheNext) {
+  support::WriteFile(Directory() / "out/.idlexport-abc123/M.idl", "half");
+  support::WriteFile(Directory() / "out/.idlexport-abc123/deep/N.idl", "half");
+  EXPECT_EQ(Run({"m.uml"}).status, 0);
+  EXPECT_THAT(OutputFiles(), ElementsAre(".idlexport", "M.idl", "M_N.idl", "files.idl"));
+  EXPECT_FALSE(Exists("out/.idlexport-abc123"));
+}
+
+TEST_F(CommandFilesTest, PruneRemovesWhatTheArtifactNoLongerMakes) {
+  WriteModel("MODULE_STRUCTURED");
+  ASSERT_EQ(Run({"m.uml"}).status, 0);
+  support::WriteFile(Directory() / "out/M/own.idl", "somebody's own");
+  ASSERT_EQ(Run({"-o", "out", "--file-name", "other", "m.uml"}).status, 0);
+  EXPECT_TRUE(Exists("out/files.idl")) << "not without --prune";
+
+  WriteModel("ONE_FILE", "xmi:id=\"files\" name=\"files\"", "xmi:id=\"files\" name=\"renamed\"");
+  const ProcessResult pruned = Run({"--prune", "--summary", "m.uml"});
+  EXPECT_THAT(pruned.errors, HasSubstr("4 removed"));
+  EXPECT_THAT(OutputFiles(), ElementsAre(".idlexport", "M/own.idl", "renamed.idl"));
+  EXPECT_FALSE(Exists("out/M/N"));
+}
+
+TEST_F(CommandFilesTest, PruneSparesFilesOfOtherArtifactsAndOtherPlaces) {
+  const std::string model = DataFile("choice.uml");
+  support::WriteFile(Directory() / "shop.uml", model);
+  ASSERT_EQ(Run({"-a", "files::goods", "shop.uml"}).status, 0);
+  ASSERT_EQ(Run({"-a", "files", "shop.uml"}).status, 0);
+  ASSERT_EQ(Run({"m.uml"}).status, 0);
+  EXPECT_EQ(Run({"--prune", "-a", "files", "--file-name", "new", "shop.uml"}).status, 0);
+  EXPECT_TRUE(Exists("out/goods.idl"));
+  EXPECT_TRUE(Exists("out/files.idl")) << "which the artifact of another model makes, too";
+
+  // A manifest that somebody changed must not get at files elsewhere.
+  support::WriteFile(Directory() / "mine.txt", "mine");
+  const std::string manifest = Text("out/.idlexport");
+  support::WriteFile(Directory() / "out/.idlexport",
+                     manifest + "m.uml#files\t../mine.txt\nm.uml#files\t" +
+                         (Directory() / "mine.txt").string() + "\nm.uml#files\t\nnonsense\n");
+  EXPECT_EQ(Run({"--prune", "m.uml"}).status, 0);
+  EXPECT_EQ(Text("mine.txt"), "mine");
+  EXPECT_EQ(Text("out/.idlexport"), manifest);
+}
+
+TEST_F(CommandFilesTest, ChecksAndListsAndComparesWithoutWriting) {
+  for (const char* purpose : {"--check", "--verify", "--outputs", "--list"}) {
+    SCOPED_TRACE(purpose);
+    const ProcessResult result = Run({purpose, "m.uml"});
+    EXPECT_EQ(result.status, std::string(purpose) == "--verify" ? 3 : 0);
+    EXPECT_FALSE(Exists("out"));
+  }
+  EXPECT_EQ(Run({"--outputs", "m.uml"}).output, "out/M.idl\nout/M_N.idl\nout/files.idl\n");
+  EXPECT_EQ(Run({"--outputs", "-o", ".", "m.uml"}).output, "M.idl\nM_N.idl\nfiles.idl\n");
+  support::WriteFile(Directory() / "bad.uml", DataFile("choice.uml"));
+  EXPECT_EQ(Run({"--check", "-a", "files::bad", "bad.uml"}).status, 1);
+}
+
+TEST_F(CommandFilesTest, VerifyTellsTheDifferenceAsADiff) {
+  ASSERT_EQ(Run({"m.uml"}).status, 0);
+  const ProcessResult same = Run({"--verify", "m.uml"});
+  EXPECT_EQ(same.status, 0);
+  EXPECT_THAT(same.output, IsEmpty());
+
+  WriteModel("MODULE_FLAT", "name=\"two\"", "name=\"three\"");
+  fs::remove(Directory() / "out/files.idl");
+  const auto before = support::ReadTree(Directory() / "out");
+  const ProcessResult result = Run({"--verify", "m.uml"});
+  EXPECT_EQ(result.status, 3);
+  EXPECT_THAT(result.output, AllOf(HasSubstr("--- out/M_N.idl\t"), HasSubstr("+++ out/M_N.idl\t"),
+                                   HasSubstr("--- /dev/null\t"), HasSubstr("+++ out/files.idl\t"),
+                                   Not(HasSubstr("M.idl\t(in"))));
+  EXPECT_EQ(support::ReadTree(Directory() / "out"), before);
+
+  support::WriteFile(Directory() / "change.diff", result.output);
+  EXPECT_EQ(support::RunProcess({"patch", "-p0", "-i", "change.diff"}, Directory()).status, 0);
+  EXPECT_EQ(Run({"--verify", "m.uml"}).status, 0);
+
+  WriteModel("ONE_FILE");
+  ASSERT_EQ(Run({"m.uml"}).status, 0);
+  EXPECT_EQ(Run({"--verify", "m.uml"}).status, 0);
+  const ProcessResult stale = Run({"--verify", "--prune", "m.uml"});
+  EXPECT_EQ(stale.status, 3);
+  EXPECT_THAT(stale.output, AllOf(HasSubstr("--- out/M.idl\t"), HasSubstr("+++ /dev/null\t")));
+}
+
+TEST_F(CommandFilesTest, WritesTheRuleThatMakeReads) {
+  const fs::path library = Directory() / "my lib$#1/types.uml";
+  support::WriteFile(library, DataFile("target.uml"));
+  WriteModel("ONE_FILE", "<manifestation",
+             "<ownedComment><annotatedElement href=\"my%20lib$%231/types.uml#M\"/></ownedComment>"
+             "<manifestation");
+  ASSERT_EQ(Run({"--depfile", "m.d", "--target", "a stamp", "--stamp", "a stamp", "m.uml"}).status,
+            0);
+  EXPECT_EQ(Text("m.d"),
+            "a\\ stamp: \\\n  m.uml \\\n  my\\ lib$$\\#1/types.uml\n\n"
+            "m.uml:\n\nmy\\ lib$$\\#1/types.uml:\n");
+  ASSERT_TRUE(Exists("a stamp"));
+
+  // Real make agrees about what is out of date.
+  support::WriteFile(Directory() / "Makefile",
+                     "a\\ stamp:\n\techo again > again; touch 'a stamp'\ninclude m.d\n");
+  const auto isRemade = [&] {
+    fs::remove(Directory() / "again");
+    EXPECT_EQ(support::RunProcess({"make", "-s"}, Directory()).status, 0);
+    return Exists("again");
+  };
+  EXPECT_FALSE(isRemade());
+  fs::last_write_time(library, fs::file_time_type::clock::now() + std::chrono::hours(1));
+  EXPECT_TRUE(isRemade());
+  fs::remove(library);
+  EXPECT_TRUE(isRemade());
+}
+
+TEST_F(CommandFilesTest, NamesATargetItselfAndTouchesTheStampOnlyOnSuccess) {
+  ASSERT_EQ(Run({"--depfile", "m.d", "m.uml"}).status, 0);
+  EXPECT_THAT(Text("m.d"), testing::StartsWith("out/M.idl: "));
+  ASSERT_EQ(Run({"--depfile", "m.d", "--stamp", "done", "m.uml"}).status, 0);
+  EXPECT_THAT(Text("m.d"), testing::StartsWith("done: "));
+  const auto longAgo = fs::file_time_type::clock::now() - std::chrono::hours(48);
+  fs::last_write_time(Directory() / "done", longAgo);
+  EXPECT_EQ(Run({"--stamp", "done", "--stamp", "done", "m.uml"}).status, 2);
+  WriteModel("ONE_FILE");
+  EXPECT_EQ(Run({"--verify", "--stamp", "done", "m.uml"}).status, 3);
+  EXPECT_EQ(fs::last_write_time(Directory() / "done"), longAgo);
+  EXPECT_EQ(Run({"--stamp", "done", "m.uml"}).status, 0);
+  EXPECT_GT(fs::last_write_time(Directory() / "done"), longAgo);
+
+  const ProcessResult unwritable = Run({"--stamp", "no/such/place", "m.uml"});
+  EXPECT_EQ(unwritable.status, 1);
+  EXPECT_THAT(unwritable.errors, HasSubstr("can't write 'no/such/place': No such file"));
+}
+
+TEST_F(CommandFilesTest, OverrulesTheArtifactsSettings) {
+  const struct {
+    std::vector<std::string> arguments;
+    std::vector<std::string> files;
+  } cases[] = {
+      {{"--mapping", "one-file"}, {"files.idl"}},
+      {{"--mapping", "module-structured"}, {"M/M.idl", "M/N/N.idl", "files.idl"}},
+      {{"--mapping", "module-flat", "--suffix", "_x", "--file-name", "all"},
+       {"M_N_x.idl", "M_x.idl", "all_x.idl"}},
+  };
+  for (const auto& [arguments, files] : cases) {
+    SCOPED_TRACE(testing::PrintToString(arguments));
+    std::vector<std::string> words = arguments;
+    words.insert(words.end(), {"--outputs", "-o", ".", "m.uml"});
+    std::string expected;
+    for (const std::string& file : files) expected += file + "\n";
+    EXPECT_EQ(Run(words).output, expected);
+  }
+}
+
+TEST_F(CommandFilesTest, ExportsSeveralArtifactsOfOneReading) {
+  support::WriteFile(Directory() / "shop.uml", DataFile("choice.uml"));
+  const ProcessResult both = Run({"-a", "files::goods", "-a", "files", "-a", "files.goods",
+                                  "--summary", "shop.uml"});
+  EXPECT_EQ(both.status, 0);
+  EXPECT_THAT(OutputFiles(), ElementsAre(".idlexport", "files.idl", "goods.idl"));
+  EXPECT_THAT(both.errors, HasSubstr("2 files written"));
+
+  // All or nothing.
+  EXPECT_EQ(Run({"-a", "files::goods", "-a", "files::bad", "-o", "new", "shop.uml"}).status, 1);
+  EXPECT_FALSE(Exists("new"));
+  EXPECT_EQ(Run({"-a", "files::goods", "-a", "files::godos", "-o", "new", "shop.uml"}).status, 2);
+
+  // One file can't be made in two ways; in one way it can.
+  const std::vector<std::string> same = {"-a", "files::goods", "-a",       "files",
+                                         "-o", "new",          "--file-name", "x", "shop.uml"};
+  EXPECT_EQ(Run(same).status, 0);
+  support::WriteFile(Directory() / "shop.uml",
+                     support::Replaced(DataFile("choice.uml"), "base_Artifact=\"artifact\"",
+                                       "base_Artifact=\"artifact\" fileName=\"goods\""));
+  support::WriteFile(
+      Directory() / "bank.uml",
+      support::ReadFile(IDLEXPORT_SOURCE_DIR "/examples/bank.uml"));
+  const ProcessResult clash = Run({"-a", "Files::bank", "-a", "Files::bank_flat", "-o", "new",
+                                   "--file-name", "x", "bank.uml"});
+  EXPECT_EQ(clash.status, 1);
+  EXPECT_THAT(clash.errors, HasSubstr("several of the artifacts make 'new/x.idl'"));
+}
+
+}  // namespace
