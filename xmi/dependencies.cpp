@@ -75,7 +75,7 @@ void Dependencies::SetOne(ItemIndex index, std::span<const Link> links, Lists& l
     if (!item.Has(Item::kMember)) Add(client, index, lists);
   }
   if (item.Has(Item::kMember) && (!namesClient || !namesSupplier)) {
-    reading_.Warn(index,
+    reading_.Warn(index, "dependency-incomplete",
                   reading_.Describe(index) + " names no " + (namesClient ? "supplier" : "client"));
   }
   if (client != kNoItem) {

@@ -166,8 +166,9 @@ void ElementBuilder::SetDirection(ItemIndex item, std::string_view text) {
 }
 
 void ElementBuilder::WarnOfValue(ItemIndex item, std::string_view feature, std::string_view text) {
-  reading_.Warn(item, std::string(feature) + " \"" + std::string(text) + "\" of " +
-                          reading_.Describe(item) + " is unknown and passed over");
+  reading_.Warn(item, "value-unknown",
+                std::string(feature) + " \"" + std::string(text) + "\" of " +
+                    reading_.Describe(item) + " is unknown and passed over");
 }
 
 // Text with line ends of another system, or with them written as character references.

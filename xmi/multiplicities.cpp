@@ -39,8 +39,9 @@ Bound Multiplicities::ReadBound(ItemIndex item, const ValueNode* value, const ch
   if (value == nullptr) return {Bound::kNumber, "1", kNoItem};
   const Bound bound = values_.ReadBound(*value);
   if (bound.kind != Bound::kUnreadable) return bound;
-  reading_.Warn(item, std::string("the ") + name + " bound of " + reading_.Describe(item) +
-                          " is neither a number nor a name; it counts as 1");
+  reading_.Warn(item, "bound-unreadable",
+                std::string("the ") + name + " bound of " + reading_.Describe(item) +
+                    " is neither a number nor a name; it counts as 1");
   return {Bound::kNumber, "1", kNoItem};
 }
 

@@ -23,9 +23,11 @@ struct Location {
   std::size_t column = 0;
 };
 
-/// A warning about the input. Its text names the element concerned and ends without a full stop.
+/// A warning about the input. Its text names the element concerned and ends without a full stop;
+/// its rule is a short stable name of what is wrong ("dangling-reference").
 struct Remark {
   Location location;
+  std::string_view rule;
   std::string text;
 };
 

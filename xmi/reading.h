@@ -91,7 +91,9 @@ struct Reading {
   /// How a remark names an item: its kind and its qualified name, or else its id.
   std::string Describe(ItemIndex item) const;
   /// Adds a remark about an item.
-  void Warn(ItemIndex item, const std::string& text) { remarks.Add(Locate(item), text); }
+  void Warn(ItemIndex item, std::string_view rule, const std::string& text) {
+    remarks.Add(Locate(item), rule, text);
+  }
 };
 
 }  // namespace xmi

@@ -63,8 +63,9 @@ const IdTarget* Resolver::FindOrWarn(ItemIndex from, std::string_view feature,
   } else if (feature == "type") {
     if (const IdTarget* entry = FindInExtensions(file, text)) return entry;
   }
-  reading_.Warn(from, "the " + std::string(feature) + " of " + reading_.Describe(from) + " is \"" +
-                          std::string(text) + "\", which is not in " + place);
+  reading_.Warn(from, "dangling-reference",
+                "the " + std::string(feature) + " of " + reading_.Describe(from) + " is \"" +
+                    std::string(text) + "\", which is not in " + place);
   return nullptr;
 }
 
@@ -146,8 +147,9 @@ void Resolver::FillPlace(ItemIndex place, ItemIndex found) {
   ItemIndex above = owner;
   while (above != kNoItem && above != found) above = reading_.items[above].owner;
   if (above == found || item.owner != kNoItem) {
-    return reading_.Warn(place, "an element of another file stands in " + reading_.Describe(owner) +
-                                    " but belongs elsewhere: " + reading_.Describe(found));
+    return reading_.Warn(place, "misplaced-element",
+                         "an element of another file stands in " + reading_.Describe(owner) +
+                             " but belongs elsewhere: " + reading_.Describe(found));
   }
   item.owner = owner;
   reading_.items[place].element = item.element;

@@ -76,8 +76,9 @@ void Stereotypes::ApplyOne(const Application& application) {
       applied = applied || other->Entity(symbols::instanceOf) == known.element;
     }
     if (applied) {
-      reading_.Warn(subject, "the stereotype " + std::string(name) + " is applied twice to " +
-                                 reading_.Describe(subject) + "; the first counts");
+      reading_.Warn(subject, "stereotype-twice",
+                    "the stereotype " + std::string(name) + " is applied twice to " +
+                        reading_.Describe(subject) + "; the first counts");
       continue;
     }
     SetTags(reading_.model.Apply(element, *known.element), name, application.node);
@@ -102,6 +103,7 @@ std::vector<ItemIndex> Stereotypes::SubjectsOf(const Application& application,
   }
   if (!exists) {
     reading_.remarks.Add(reading_.LocateNode(application.file, application.node),
+                         "stereotype-dangling",
                          "the stereotype " + std::string(name) +
                              " is applied to nothing that is in the model; passed over");
   }

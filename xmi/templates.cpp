@@ -87,9 +87,9 @@ void Templates::FillOne(Instantiation& instantiation, Values& values, Types& typ
 void Templates::AddOwned(Instantiation& instantiation, pugi::xml_node actual, Values& values) {
   Bound bound = values.ReadBound(MakeValueNode(instantiation.item, actual));
   if (bound.kind == Bound::kUnreadable) {
-    reading_.Warn(instantiation.item, "a template parameter of " +
-                                          reading_.Describe(instantiation.item) +
-                                          " is neither a number nor a name");
+    reading_.Warn(instantiation.item, "template-parameter-unreadable",
+                  "a template parameter of " + reading_.Describe(instantiation.item) +
+                      " is neither a number nor a name");
     bound = {Bound::kName, std::string(LocalAttribute(actual, "name", false)), kNoItem};
   }
   instantiation.actuals.push_back(&values.ElementOf(bound));
@@ -146,9 +146,9 @@ void Templates::CutCycles(Values& values) {
 }
 
 void Templates::Cut(Instantiation& instantiation, ItemIndex nested, Values& values) {
-  reading_.Warn(instantiation.item, "the template instantiation " +
-                                        reading_.Describe(instantiation.item) +
-                                        " is a part of itself");
+  reading_.Warn(instantiation.item, "template-recursive",
+                "the template instantiation " + reading_.Describe(instantiation.item) +
+                    " is a part of itself");
   model::Element& cut = values.Ident(reading_.items.NameOf(nested), kNoItem);
   std::replace(instantiation.actuals.begin(), instantiation.actuals.end(),
                reading_.items[nested].element, &cut);

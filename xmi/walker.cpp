@@ -46,7 +46,7 @@ void Walker::Walk(FileIndex file) {
     const Location place = reading_.LocateNode(file, root);
     const std::string text = place.file + ":" + std::to_string(place.line) + ": " + problem;
     if (file == 0) throw ReadError(text);
-    return reading_.remarks.Add(place, place.file + " " + problem);
+    return reading_.remarks.Add(place, "file-not-a-model", place.file + " " + problem);
   }
   const bool isXmi = tag_.space == Space::kXmi;
   WalkBelow({root, isXmi ? Below{Mode::kRoots, kNoItem} : EnterRoot(root), namespaces_.Mark()});
@@ -293,7 +293,7 @@ void Walker::EnterIds() {
     const SeenId& seen = seenIds_[i];
     if (i + kAhead < seenIds_.size()) reading_.ids.Prefetch(file_, seenIds_[i + kAhead].hash);
     if (reading_.ids.Add(file_, seen.id, seen.hash, seen.target)) continue;
-    reading_.remarks.Add(reading_.files[file_].document->Locate(seen.offset),
+    reading_.remarks.Add(reading_.files[file_].document->Locate(seen.offset), "duplicate-id",
                          "the id \"" + std::string(seen.id) + "\" stands twice; the first counts");
   }
   seenIds_.clear();
