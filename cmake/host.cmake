@@ -2,6 +2,7 @@
 
 find_package(pugixml REQUIRED)
 find_package(CLI11 REQUIRED)
+find_package(nlohmann_json REQUIRED)
 
 file(GLOB model_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/model/*.cpp)
 add_library(idlhost SHARED ${model_sources})
@@ -28,7 +29,8 @@ target_link_libraries(idlxmi PUBLIC idlhost PRIVATE pugixml::pugixml)
 file(GLOB command_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/command/*.cpp)
 list(REMOVE_ITEM command_sources ${PROJECT_SOURCE_DIR}/command/main.cpp)
 add_library(idlcommand STATIC ${command_sources})
-target_link_libraries(idlcommand PUBLIC idlxmi PRIVATE CLI11::CLI11 ${CMAKE_DL_LIBS})
+target_link_libraries(idlcommand
+  PUBLIC idlxmi PRIVATE CLI11::CLI11 nlohmann_json::nlohmann_json ${CMAKE_DL_LIBS})
 target_compile_definitions(idlcommand PRIVATE IDLEXPORT_VERSION="${PROJECT_VERSION}")
 
 add_executable(idlexport_command command/main.cpp)

@@ -19,7 +19,6 @@ std::string LineOf(const xmi::Remark& remark) {
   return line + "warning: " + remark.text + "\n";
 }
 
-/// "idlexport: passed over 12 xmi:Extension, 3 uml:Activity", the most frequent kinds first.
 std::string SummaryOf(const std::map<std::string, std::size_t>& passedOver) {
   std::vector<std::pair<std::string, std::size_t>> kinds(passedOver.begin(), passedOver.end());
   std::stable_sort(kinds.begin(), kinds.end(),
@@ -40,11 +39,24 @@ std::string SummaryOf(const std::map<std::string, std::size_t>& passedOver) {
 
 }  // namespace
 
+std::vector<Diagnostic> DiagnosticsOf(const xmi::Reader& reader) {
+  std::vector<Diagnostic> diagnostics;
+  for (const xmi::Remark& remark : reader.Remarks()) {
+    diagnostics.push_back(
+        {Severity::kWarning, remark.text, std::string(remark.rule), remark.location, {}, {}});
+  }
+  return diagnostics;
+}
+
+std::string PassedOverLine(const xmi::Reader& reader) {
+  return reader.PassedOver().empty() ? "" : SummaryOf(reader.PassedOver());
+}
+
 void PrintRemarks(const xmi::Reader& reader) {
   // Standard error is not buffered, and a model may draw a warning for each of its elements.
   std::string text;
   for (const xmi::Remark& remark : reader.Remarks()) text += LineOf(remark);
-  if (!reader.PassedOver().empty()) text += SummaryOf(reader.PassedOver());
+  text += PassedOverLine(reader);
   std::fwrite(text.data(), 1, text.size(), stderr);
 }
 

@@ -13,6 +13,9 @@
 #include <string>
 #include <string_view>
 
+#include "command/agent_messages.h"
+#include "command/element_finder.h"
+#include "command/message_patterns.h"
 #include "model/model.h"
 #include "tests/support/export.h"
 
@@ -336,6 +339,24 @@ TEST(Messages, AreEachRaisedByAModel) {
   }
   for (const std::string& text : Expected()) {
     EXPECT_EQ(IsRaised(raised, text), !unreachable.contains(text)) << text;
+  }
+}
+
+TEST(Messages, LeadToTheElementsThatTheyName) {
+  for (const auto build : models) {
+    ExportBench bench;
+    auto& module = bench.Module("M");
+    build(bench, module);
+    Element& artifact = bench.Artifact({&module});
+    command::AgentMessages messages;
+    for (const std::string& piece : bench.Run(&artifact).pieces) messages.Take(piece);
+    command::ElementFinder finder(artifact);
+    for (const auto& message : messages.All()) {
+      const command::MessageMeaning meaning = command::MeaningOf(message.text);
+      const Element& found = finder.Find(meaning);
+      EXPECT_NE(&found, &artifact) << message.text;
+      EXPECT_TRUE(meaning.name.ends_with(found.Text(Symbol("Name")))) << message.text;
+    }
   }
 }
 
