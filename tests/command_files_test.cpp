@@ -1,17 +1,15 @@
 // What the command does to the files in place: when they change, when they must not, and what a
 // build is told about them.
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include <fcntl.h>
-#include <signal.h>
-#include <spawn.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <chrono>
+#include <csignal>
 #include <filesystem>
-#include <map>
+#include <iterator>
+#include <stdexcept>
 #include <string>
 #include <thread>
 #include <vector>
@@ -99,10 +97,9 @@ TEST_F(CommandFilesTest, ARunThatFailsLeavesTheEarlierFilesWhole) {
       {"warnings, which count", DataFile("choice.uml"),
        "COMMAND --werror -a files::goods --file-name files m.uml"},
       {"a limit that acts as a full disk",
-       support::Replaced(support::ReadFile(IDLEXPORT_SOURCE_DIR "/examples/bank.uml"),
-                         "targetDir=\"", "targetDir=\"out\" x=\""),
-       "ulimit -f 1; COMMAND --mapping one-file -a Files::bank --file-name files -o out m.uml"},
-      {"a file in the way of a directory", support::Replaced(DataFile("target.uml"), "x", "x"),
+       support::ReadFile(IDLEXPORT_SOURCE_DIR "/examples/bank.uml"),
+       "ulimit -f 1; COMMAND --mapping one-file -a one_file --file-name files -o out m.uml"},
+      {"a file in the way of a directory", DataFile("target.uml"),
        "COMMAND --mapping module-structured -o out/M.idl m.uml"},
       {"a directory in the way of a file", DataFile("target.uml"),
        "mkdir out/g.idl; COMMAND --mapping module-flat --file-name g -o out m.uml; s=$?; "
@@ -118,17 +115,35 @@ TEST_F(CommandFilesTest, ARunThatFailsLeavesTheEarlierFilesWhole) {
   }
 }
 
+/// A pipe that takes nothing more: who writes to it stops there.
+class FullPipe {
+ public:
+  FullPipe() {
+    if (pipe2(ends_, O_CLOEXEC | O_NONBLOCK) != 0) throw std::runtime_error("can't make a pipe");
+    while (write(ends_[1], "x", 1) == 1) {
+    }
+    fcntl(ends_[1], F_SETFL, 0);
+  }
+  ~FullPipe() {
+    for (const int end : ends_) close(end);
+  }
+
+  int End() const { return ends_[1]; }
+
+ private:
+  int ends_[2];
+};
+
 TEST_F(CommandFilesTest, AnInterruptedRunLeavesNothingBehind) {
-  // The model file is a pipe that never gives anything, so the run is surely in the middle.
-  fs::remove(Directory() / "m.uml");
-  ASSERT_EQ(Run({"--version"}).status, 0);
+  const FullPipe pipe;
   for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
     SCOPED_TRACE(signal);
-    const ProcessResult result = RunInShell(
-        "mkfifo m.uml; COMMAND -o out m.uml & sleep 0.2; kill -" + std::to_string(signal) +
-        " $!; wait $!; s=$?; rm m.uml; exit $s");
-    EXPECT_EQ(result.status, 128 + signal) << result.errors;
-    EXPECT_FALSE(Exists("out"));
+    // The agent's first message can't be written, so the run surely is in the middle.
+    const support::RunningProcess run({IDLEXPORT_COMMAND, "-o", ".", "m.uml"}, Directory(),
+                                      pipe.End());
+    while (std::distance(fs::directory_iterator(Directory()), {}) == 1) std::this_thread::yield();
+    EXPECT_EQ(run.EndBy(signal), 128 + signal);
+    EXPECT_EQ(std::distance(fs::directory_iterator(Directory()), {}), 1) << "only the model";
   }
 }
 
@@ -306,7 +321,7 @@ TEST_F(CommandFilesTest, ExportsSeveralArtifactsOfOneReading) {
   support::WriteFile(
       Directory() / "bank.uml",
       support::ReadFile(IDLEXPORT_SOURCE_DIR "/examples/bank.uml"));
-  const ProcessResult clash = Run({"-a", "Files::bank", "-a", "Files::bank_flat", "-o", "new",
+  const ProcessResult clash = Run({"-a", "one_file", "-a", "flat", "-o", "new",
                                    "--file-name", "x", "bank.uml"});
   EXPECT_EQ(clash.status, 1);
   EXPECT_THAT(clash.errors, HasSubstr("several of the artifacts make 'new/x.idl'"));

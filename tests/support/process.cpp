@@ -6,6 +6,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <stdexcept>
 
 namespace support {
@@ -62,6 +63,22 @@ int BrokenPipe() {
   return ends[1];
 }
 
+/// Starts a program. The caller waits for it.
+pid_t Start(const std::vector<std::string>& command, FileActions& actions,
+            const std::filesystem::path& directory) {
+  if (!directory.empty()) {
+    posix_spawn_file_actions_addchdir_np(actions.Get(), directory.c_str());
+  }
+  std::vector<char*> arguments;
+  for (const std::string& word : command) arguments.push_back(const_cast<char*>(word.c_str()));
+  arguments.push_back(nullptr);
+  pid_t process = 0;
+  if (posix_spawnp(&process, arguments[0], actions.Get(), nullptr, arguments.data(), environ)) {
+    throw std::runtime_error("can't run " + command[0]);
+  }
+  return process;
+}
+
 int Wait(pid_t process) {
   int status = 0;
   if (waitpid(process, &status, 0) != process) throw std::runtime_error("can't wait");
@@ -76,9 +93,6 @@ ProcessResult RunProcess(const std::vector<std::string>& command,
   const Capture errors;
   const int brokenPipe = BrokenPipe();
   FileActions actions;
-  if (!directory.empty()) {
-    posix_spawn_file_actions_addchdir_np(actions.Get(), directory.c_str());
-  }
   actions.Open(STDIN_FILENO, "/dev/null", O_RDONLY);
   actions.Use(STDERR_FILENO, errors.File());
   if (outputKind == OutputKind::kCaptured) actions.Use(STDOUT_FILENO, output.File());
@@ -86,19 +100,26 @@ ProcessResult RunProcess(const std::vector<std::string>& command,
   if (outputKind == OutputKind::kClosed) actions.Close(STDOUT_FILENO);
   if (outputKind == OutputKind::kFull) actions.Open(STDOUT_FILENO, "/dev/full", O_WRONLY);
 
-  std::vector<char*> arguments;
-  for (const std::string& word : command) arguments.push_back(const_cast<char*>(word.c_str()));
-  arguments.push_back(nullptr);
-  pid_t process = 0;
-  const int error =
-      posix_spawnp(&process, arguments[0], actions.Get(), nullptr, arguments.data(), environ);
-  close(brokenPipe);
-  if (error != 0) throw std::runtime_error("can't run " + command[0]);
   ProcessResult result;
-  result.status = Wait(process);
+  result.status = Wait(Start(command, actions, directory));
+  close(brokenPipe);
   result.output = output.Text();
   result.errors = errors.Text();
   return result;
+}
+
+RunningProcess::RunningProcess(const std::vector<std::string>& command,
+                               const std::filesystem::path& directory, int output) {
+  FileActions actions;
+  actions.Open(STDIN_FILENO, "/dev/null", O_RDONLY);
+  actions.Open(STDERR_FILENO, "/dev/null", O_WRONLY);
+  actions.Use(STDOUT_FILENO, output);
+  process_ = Start(command, actions, directory);
+}
+
+int RunningProcess::EndBy(int signal) const {
+  kill(process_, signal);
+  return Wait(process_);
 }
 
 }  // namespace support

@@ -31,4 +31,19 @@ ProcessResult RunProcess(const std::vector<std::string>& command,
                          const std::filesystem::path& directory = {},
                          OutputKind outputKind = OutputKind::kCaptured);
 
+/// A program that runs while the test goes on.
+class RunningProcess {
+ public:
+  /// Starts it with its standard output going to `output`, a file descriptor, and its errors to
+  /// nowhere.
+  RunningProcess(const std::vector<std::string>& command, const std::filesystem::path& directory,
+                 int output);
+
+  /// Sends it a signal and waits for its end; returns its status as in `ProcessResult`.
+  int EndBy(int signal) const;
+
+ private:
+  int process_ = 0;
+};
+
 }  // namespace support
