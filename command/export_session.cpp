@@ -13,6 +13,7 @@
 #include "command/depfile.h"
 #include "command/element_finder.h"
 #include "command/generator_settings.h"
+#include "command/idl_names.h"
 #include "command/remarks.h"
 #include "command/target_directory.h"
 #include "command/written_file.h"
@@ -84,7 +85,7 @@ void ExportSession::ReadModel() {
   reader_.Read(options_.model);
   progress_.Stop();
   for (const Diagnostic& remark : DiagnosticsOf(reader_)) report_.Add(remark);
-  if (!options_.quiet && !reader_.PassedOver().empty()) report_.Say(PassedOverLine(reader_));
+  if (!options_.quiet && !reader_.PassedOver().empty()) report_.Say(PassedOverText(reader_));
 }
 
 ExitStatus ExportSession::List() {
@@ -111,6 +112,7 @@ void ExportSession::ExportAll() {
 
 void ExportSession::Export(const AgentLibrary& agent, model::Element& artifact) {
   Apply(options_.overrides, artifact);
+  if (!CheckArtifactNames(artifact)) return;
   const fs::path output = TargetDirectoryOf(artifact, options_.output);
   const bool isPlaced = options_.purpose == Purpose::kExport && HasSettings(artifact);
   exports_.emplace_back(new StagedExport{isPlaced ? Staging::For(output) : Staging::ForNothing(),
@@ -121,6 +123,18 @@ void ExportSession::Export(const AgentLibrary& agent, model::Element& artifact) 
   RunAgent(agent, artifact, exported.staging.Path());
   exported.files = exported.staging.Files();
   if (report_.Errors() == 0) CheckThatFilesAreWhole(exported);
+}
+
+bool ExportSession::CheckArtifactNames(model::Element& artifact) {
+  NameCheck check = CheckNames(reader_, artifact);
+  declarations_ += check.declarations;
+  bool isSafe = true;
+  for (Diagnostic& problem : check.problems) {
+    isSafe = isSafe && problem.severity != Severity::kError;
+    if (options_.strict) problem.severity = Severity::kError;
+    report_.Add(problem);
+  }
+  return isSafe;
 }
 
 void ExportSession::RunAgent(const AgentLibrary& agent, model::Element& artifact,
@@ -200,7 +214,7 @@ void ExportSession::Summarise() const {
     text = Counted(placed_.written, "file") + " written, " + std::to_string(placed_.unchanged) +
            " unchanged, " + std::to_string(placed_.removed) + " removed; ";
   }
-  report_.Say(text + seconds);
+  report_.Say(text + Counted(declarations_, "declaration") + "; " + seconds);
 }
 
 }  // namespace command

@@ -31,6 +31,8 @@ class ExportSession {
   void ChooseArtifacts();
   void ExportAll();
   void Export(const AgentLibrary& agent, model::Element& artifact);
+  /// Tells what is wrong with the names; false when the agent must not write files by them.
+  bool CheckArtifactNames(model::Element& artifact);
   void RunAgent(const AgentLibrary& agent, model::Element& artifact,
                 const std::filesystem::path& directory);
   ExitStatus UseFiles();
@@ -48,6 +50,7 @@ class ExportSession {
   std::vector<model::Element*> artifacts_;
   std::vector<std::unique_ptr<StagedExport>> exports_;
   PlacedFiles placed_;
+  std::size_t declarations_ = 0;
   std::chrono::steady_clock::time_point begin_ = std::chrono::steady_clock::now();
 };
 

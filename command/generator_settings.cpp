@@ -18,6 +18,15 @@ std::string SettingOf(model::Element& artifact, const std::string& name) {
   return value == nullptr ? std::string() : value->GetValue("ValueString", 0);
 }
 
+FileSettings FileSettingsOf(model::Element& artifact) {
+  FileSettings settings{SettingOf(artifact, "fileName"), SettingOf(artifact, "fileSuffix")};
+  if (settings.fileName.empty()) settings.fileName = artifact.GetValue("Name", 0);
+  const std::string mapping = SettingOf(artifact, "fileMapping");
+  if (mapping == "MODULE_FLAT") settings.mapping = FileMapping::kModuleFlat;
+  if (mapping == "MODULE_STRUCTURED") settings.mapping = FileMapping::kModuleStructured;
+  return settings;
+}
+
 void SetSetting(model::Element& artifact, const std::string& name, const std::string& value) {
   if (!HasSettings(artifact)) return;
   artifact.SetExpression(Expression(name), value, 1, mdkdll::defaultChanger);

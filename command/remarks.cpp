@@ -1,7 +1,6 @@
 #include "command/remarks.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <string>
 #include <utility>
 #include <vector>
@@ -11,13 +10,6 @@ namespace {
 
 /// How many kinds of passed over elements the summary names.
 constexpr std::size_t mostKinds = 8;
-
-std::string LineOf(const xmi::Remark& remark) {
-  std::string line = remark.location.file;
-  if (remark.location.line != 0) line += ":" + std::to_string(remark.location.line);
-  if (!line.empty()) line += ": ";
-  return line + "warning: " + remark.text + "\n";
-}
 
 std::string SummaryOf(const std::map<std::string, std::size_t>& passedOver) {
   std::vector<std::pair<std::string, std::size_t>> kinds(passedOver.begin(), passedOver.end());
@@ -34,7 +26,7 @@ std::string SummaryOf(const std::map<std::string, std::size_t>& passedOver) {
     line += (line.empty() ? "" : ", ") + std::to_string(count) + " " + kind;
   }
   if (rest != 0) line += " and " + std::to_string(rest) + " of other kinds";
-  return "idlexport: passed over " + line + "\n";
+  return "passed over " + line;
 }
 
 }  // namespace
@@ -48,16 +40,8 @@ std::vector<Diagnostic> DiagnosticsOf(const xmi::Reader& reader) {
   return diagnostics;
 }
 
-std::string PassedOverLine(const xmi::Reader& reader) {
+std::string PassedOverText(const xmi::Reader& reader) {
   return reader.PassedOver().empty() ? "" : SummaryOf(reader.PassedOver());
-}
-
-void PrintRemarks(const xmi::Reader& reader) {
-  // Standard error is not buffered, and a model may draw a warning for each of its elements.
-  std::string text;
-  for (const xmi::Remark& remark : reader.Remarks()) text += LineOf(remark);
-  text += PassedOverLine(reader);
-  std::fwrite(text.data(), 1, text.size(), stderr);
 }
 
 }  // namespace command

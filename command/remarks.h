@@ -1,4 +1,4 @@
-// Tells the user on standard error what the reader of the model has to say.
+// What the reader of the model has to say.
 #pragma once
 
 #include <string>
@@ -12,11 +12,8 @@ namespace command {
 /// The warnings about the input.
 std::vector<Diagnostic> DiagnosticsOf(const xmi::Reader& reader);
 
-/// A line that counts what was passed over, "idlexport: passed over 12 xmi:Extension", the most
-/// frequent kinds first; empty when nothing was.
-std::string PassedOverLine(const xmi::Reader& reader);
-
-/// One line for each warning about the input, then one that counts what was passed over.
-void PrintRemarks(const xmi::Reader& reader);
+/// What was passed over, "passed over 12 xmi:Extension", the most frequent kinds first; empty when
+/// nothing was.
+std::string PassedOverText(const xmi::Reader& reader);
 
 }  // namespace command

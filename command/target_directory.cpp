@@ -48,10 +48,8 @@ fs::path PlanTargetDirectory(const TargetRequest& request) {
 }
 
 fs::path TargetDirectoryOf(model::Element& artifact, const std::optional<std::string>& output) {
-  TargetRequest request{output, SettingOf(artifact, "targetDir"), SettingOf(artifact, "fileName"),
-                        artifact.GetValue("Uri", 0)};
-  if (request.fileName.empty()) request.fileName = artifact.GetValue("Name", 0);
-  return PlanTargetDirectory(request);
+  return PlanTargetDirectory({output, SettingOf(artifact, "targetDir"),
+                              FileSettingsOf(artifact).fileName, artifact.GetValue("Uri", 0)});
 }
 
 }  // namespace command

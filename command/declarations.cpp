@@ -1,0 +1,154 @@
+#include "command/declarations.h"
+
+#include <algorithm>
+#include <unordered_set>
+
+#include "command/model_words.h"
+#include "command/one_line.h"
+
+namespace command {
+namespace {
+
+using model::Element;
+using Kind = DeclarationKind;
+
+/// A declaration to be made, or, when `isEnd`, one whose members have all been made.
+struct Step {
+  Element* element;
+  DeclarationIndex parent;
+  Kind kind;
+  bool isEnd;
+};
+
+/// Whether others refer to declarations of the kind by name.
+bool IsReferredTo(Kind kind) {
+  switch (kind) {
+    case Kind::kAttribute:
+    case Kind::kOperation:
+    case Kind::kFactory:
+    case Kind::kParameter:
+    case Kind::kField:
+    case Kind::kState:
+    case Kind::kCase:
+    case Kind::kPort:
+      return false;
+    default:
+      return true;
+  }
+}
+
+bool HoldsDeclarations(Kind kind) {
+  switch (kind) {
+    case Kind::kTypedef:
+    case Kind::kSequence:
+    case Kind::kBoxedValue:
+    case Kind::kHomeExecutor:
+    case Kind::kSegment:
+      return false;
+    default:
+      return IsReferredTo(kind) || kind == Kind::kOperation || kind == Kind::kFactory;
+  }
+}
+
+}  // namespace
+
+std::vector<std::pair<Element*, Kind>> ExportedBy(const Element& artifact) {
+  std::vector<std::pair<Element*, Kind>> exported;
+  for (const Element* dependency : artifact.Entities(words::clientDependency)) {
+    Element* supplier = dependency->Entity(words::supplier);
+    if (supplier == nullptr || !IsMarked(*dependency, words::manifest)) continue;
+    if (const auto kind = KindAtTop(*supplier)) exported.emplace_back(supplier, *kind);
+  }
+  return exported;
+}
+
+bool IncludesFiles(const Element& artifact) {
+  return std::ranges::any_of(artifact.Entities(words::clientDependency), [](Element* dependency) {
+    const Element* supplier = dependency->Entity(words::supplier);
+    return supplier != nullptr && !IsMarked(*dependency, words::manifest) &&
+           supplier->Metaclass() == words::artifact && IsMarked(*supplier, words::idlFile);
+  });
+}
+
+Declarations::Declarations(std::span<Element* const> artifacts) {
+  for (const Element* artifact : artifacts) {
+    for (const auto& [supplier, kind] : ExportedBy(*artifact)) AddTree(*supplier, kind);
+  }
+  IndexElements();
+}
+
+// With a list of steps, not recursively: how deep packages nest is for the model to say. A package
+// that a bad model puts into itself is not entered again.
+void Declarations::AddTree(Element& top, Kind topKind) {
+  std::unordered_set<const Element*> modules;
+  std::vector<Step> steps = {{&top, kNoDeclaration, topKind, false}};
+  while (!steps.empty()) {
+    const Step step = steps.back();
+    steps.pop_back();
+    if (step.isEnd) {
+      declarations_[step.parent].end = Size();
+      continue;
+    }
+    if (step.kind == Kind::kModule && !modules.insert(step.element).second) continue;
+    const DeclarationIndex index = Size();
+    declarations_.push_back({step.element, step.parent, index + 1, step.kind});
+    if (!HoldsDeclarations(step.kind)) continue;
+    steps.push_back({nullptr, index, step.kind, true});
+    const std::size_t first = steps.size();
+    for (Element* member : step.element->Entities(MembersOf(step.kind))) {
+      if (const auto kind = KindOfMember(step.kind, *member)) {
+        steps.push_back({member, index, *kind, false});
+      }
+    }
+    std::reverse(steps.begin() + static_cast<std::ptrdiff_t>(first), steps.end());
+  }
+}
+
+void Declarations::IndexElements() {
+  for (DeclarationIndex index = 0; index < Size(); ++index) {
+    if (!IsReferredTo(declarations_[index].kind)) continue;
+    byElement_.emplace_back(declarations_[index].element, index);
+  }
+  std::ranges::sort(byElement_);
+}
+
+std::string_view Declarations::Name(DeclarationIndex index) const {
+  const Declaration& declaration = declarations_[index];
+  if (declaration.kind == Kind::kComposition) {
+    static const model::Symbol composite("composite");
+    const Element* application = declaration.element->Application(words::corbaComponentImpl);
+    const Element* value = application == nullptr ? nullptr : application->Entity(composite);
+    const std::string_view given =
+        value == nullptr ? "" : value->Text(model::Symbol("ValueString"));
+    if (!given.empty()) return given;
+  }
+  return declaration.element->Text(words::name);
+}
+
+std::string Declarations::ScopedName(DeclarationIndex index, std::string_view separator) const {
+  std::vector<std::string_view> inwards;
+  for (; index != kNoDeclaration; index = declarations_[index].parent) {
+    inwards.push_back(Name(index));
+  }
+  std::string name(inwards.back());
+  for (std::size_t i = inwards.size() - 1; i-- > 0;) name.append(separator).append(inwards[i]);
+  return name;
+}
+
+std::string Declarations::Describe(DeclarationIndex index) const {
+  return std::string(WordFor(declarations_[index].kind)) + " " + OneLine(ScopedName(index));
+}
+
+DeclarationIndex Declarations::Find(const Element* element) const {
+  const auto behind = std::ranges::upper_bound(
+      byElement_, std::pair<const Element*, DeclarationIndex>(element, kNoDeclaration));
+  if (behind == byElement_.begin() || std::prev(behind)->first != element) return kNoDeclaration;
+  return std::prev(behind)->second;
+}
+
+bool Declarations::IsInside(DeclarationIndex index, DeclarationIndex outer) const {
+  if (outer == kNoDeclaration) return true;
+  return index >= outer && index < declarations_[outer].end;
+}
+
+}  // namespace command

@@ -1,0 +1,164 @@
+#include "command/inheritance_check.h"
+
+#include <algorithm>
+#include <span>
+#include <string>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include "command/declaration_uses.h"
+#include "command/idl_identifier.h"
+
+namespace command {
+namespace {
+
+using Kind = DeclarationKind;
+
+/// Each edge from a base to what inherits it, by base.
+struct Edge {
+  DeclarationIndex base;
+  DeclarationIndex derived;
+  friend auto operator<=>(const Edge&, const Edge&) = default;
+};
+
+std::vector<Edge> EdgesOf(const Declarations& declarations) {
+  std::vector<Edge> edges;
+  std::vector<Use> uses;
+  for (DeclarationIndex index = 0; index < declarations.Size(); ++index) {
+    if (!InheritsMembers(declarations[index].kind)) continue;
+    uses.clear();
+    AppendUses(declarations, index, uses);
+    for (const Use& use : uses) {
+      const bool isBase = use.place == UsePlace::kBase;
+      if (isBase && InheritsMembers(declarations[use.used].kind))
+        edges.push_back({use.used, index});
+    }
+  }
+  std::ranges::sort(edges);
+  return edges;
+}
+
+/// Something declared in an interface, or in what else inherits.
+struct Member {
+  std::string key;
+  DeclarationIndex owner;
+  DeclarationIndex declaration;
+  bool isInherited;
+};
+
+bool IsInherited(Kind kind) {
+  return kind == Kind::kAttribute || kind == Kind::kOperation || kind == Kind::kState ||
+         kind == Kind::kPort;
+}
+
+/// All that stands in what can inherit, by name, those of one name in the model's order. An
+/// enumerator counts as a member where its enumeration does.
+std::vector<Member> MembersOfAll(const Declarations& declarations) {
+  std::vector<Member> members;
+  for (DeclarationIndex index = 0; index < declarations.Size(); ++index) {
+    DeclarationIndex owner = declarations[index].parent;
+    if (declarations[index].kind == Kind::kEnumerator) owner = declarations[owner].parent;
+    if (owner == kNoDeclaration || !InheritsMembers(declarations[owner].kind)) continue;
+    const std::string_view name = declarations.Name(index);
+    if (name.empty()) continue;
+    members.push_back({ComparisonKey(name), owner, index, IsInherited(declarations[index].kind)});
+  }
+  std::ranges::stable_sort(members, {}, &Member::key);
+  return members;
+}
+
+/// Follows the members of one name from where they are declared to all that inherit them. What
+/// inherits is entered once for each name, so neither diamonds nor circles make it long.
+class NameInheritance {
+ public:
+  NameInheritance(const Declarations& declarations, std::span<const Edge> edges,
+                  NameFindings& findings)
+      : declarations_(declarations), edges_(edges), findings_(findings) {}
+
+  /// Returns how much there was to do.
+  std::size_t Check(std::span<const Member> members) {
+    inherited_.clear();
+    own_.clear();
+    reported_.clear();
+    queue_.clear();
+    for (const Member& member : members) {
+      own_.try_emplace(member.owner, member.declaration);
+      if (!member.isInherited) continue;
+      if (inherited_.try_emplace(member.owner, member.declaration).second) {
+        queue_.push_back(member.owner);
+      }
+    }
+    std::size_t steps = 0;
+    for (std::size_t i = 0; i < queue_.size(); ++i) steps += PassOn(queue_[i]);
+    return steps;
+  }
+
+ private:
+  std::size_t PassOn(DeclarationIndex base) {
+    const auto derived = std::ranges::equal_range(edges_, base, {}, &Edge::base);
+    for (const Edge& edge : derived) Receive(edge.derived, inherited_[base]);
+    return derived.size() + 1;
+  }
+
+  void Receive(DeclarationIndex heir, DeclarationIndex member) {
+    const auto [entry, isNew] = inherited_.try_emplace(heir, member);
+    if (isNew) queue_.push_back(heir);
+    const auto own = own_.find(heir);
+    const bool isOwn = own != own_.end() && own->second != member;
+    const bool isOther = entry->second != member;
+    if (!isOwn && !isOther) return;
+    if (!reported_.insert(heir).second) return;
+    if (isOwn) {
+      findings_.Warn("name-clash", own->second,
+                     declarations_.Describe(own->second) + " clashes with the inherited " +
+                         declarations_.Describe(member));
+    } else {
+      findings_.Warn("name-clash", heir,
+                     declarations_.Describe(heir) + " inherits both " +
+                         declarations_.Describe(std::min(entry->second, member)) + " and " +
+                         declarations_.Describe(std::max(entry->second, member)));
+    }
+  }
+
+  const Declarations& declarations_;
+  std::span<const Edge> edges_;
+  NameFindings& findings_;
+  std::unordered_map<DeclarationIndex, DeclarationIndex> own_;        // by owner, the first
+  std::unordered_map<DeclarationIndex, DeclarationIndex> inherited_;  // what each passes on
+  std::unordered_set<DeclarationIndex> reported_;
+  std::vector<DeclarationIndex> queue_;
+};
+
+/// Whether members of one name can clash: one alone can't, nor can types among themselves, which an
+/// heir may declare anew.
+bool MayClash(std::span<const Member> members) {
+  return members.size() > 1 && std::ranges::any_of(members, &Member::isInherited);
+}
+
+}  // namespace
+
+// Names that only one interface declares, which is most of them, cost nothing further. What many
+// declare is followed as far as that costs no more than a fixed multiple of the model's size.
+void CheckInheritance(const Declarations& declarations, NameFindings& findings) {
+  constexpr std::size_t stepsPerDeclaration = 64;
+  const std::vector<Edge> edges = EdgesOf(declarations);
+  if (edges.empty()) return;
+  const std::vector<Member> members = MembersOfAll(declarations);
+  NameInheritance inheritance(declarations, edges, findings);
+  std::size_t steps = 0;
+  for (auto first = members.begin(); first != members.end();) {
+    const auto last = std::find_if(first, members.end(),
+                                   [&](const Member& member) { return member.key != first->key; });
+    const std::span<const Member> ofOneName(first, last);
+    if (MayClash(ofOneName)) steps += inheritance.Check(ofOneName);
+    if (steps > stepsPerDeclaration * (declarations.Size() + edges.size())) {
+      findings.Warn("name-clash", kNoDeclaration,
+                    "so much is inherited so widely that not every inherited name was checked");
+      return;
+    }
+    first = last;
+  }
+}
+
+}  // namespace command

@@ -1,0 +1,138 @@
+#include "command/scope_check.h"
+
+#include <unordered_map>
+#include <vector>
+
+#include "command/idl_identifier.h"
+#include "command/scope_names.h"
+#include "command/use_check.h"
+
+namespace command {
+namespace {
+
+using Kind = DeclarationKind;
+
+/// Whether IDL forbids the name of the scope for what is declared directly in it.
+bool KeepsItsName(Kind scope) {
+  return scope != Kind::kOperation && scope != Kind::kFactory && scope != Kind::kComposition;
+}
+
+bool IsScope(Kind kind) {
+  switch (kind) {
+    case Kind::kModule:
+    case Kind::kComposition:
+    case Kind::kStruct:
+    case Kind::kUnion:
+    case Kind::kException:
+    case Kind::kOperation:
+    case Kind::kFactory:
+      return true;
+    default:
+      return InheritsMembers(kind);
+  }
+}
+
+std::string_view Unescaped(std::string_view name) {
+  return IsEscaped(name) ? name.substr(1) : name;
+}
+
+class ScopeCheck {
+ public:
+  ScopeCheck(const Declarations& declarations, NameFindings& findings)
+      : declarations_(declarations), findings_(findings), useCheck_(declarations, findings) {}
+
+  /// From the outside in, with a list of the scopes still to be checked.
+  void Run() {
+    scopes_.push_back({kNoDeclaration});
+    for (std::size_t i = 0; i < scopes_.size(); ++i) {
+      const Bodies bodies = std::move(scopes_[i]);
+      Check(bodies);
+    }
+  }
+
+ private:
+  /// A scope: one declaration, or all of a module that is opened several times. `kNoDeclaration` is
+  /// the scope around all.
+  using Bodies = std::vector<DeclarationIndex>;
+
+  void Check(const Bodies& bodies) {
+    ScopeNames names;
+    std::unordered_map<DeclarationIndex, std::size_t> openModules;
+    for (const DeclarationIndex body : bodies) {
+      declarations_.ForEachChild(body, [&](DeclarationIndex member) {
+        const DeclarationIndex first = Enter(names, body, member);
+        Open(member, first, openModules);
+        if (declarations_[member].kind != Kind::kEnum) return;
+        declarations_.ForEachChild(
+            member, [&](DeclarationIndex enumerator) { Enter(names, body, enumerator); });
+      });
+    }
+    for (const DeclarationIndex body : bodies) {
+      if (body != kNoDeclaration) useCheck_.Check(names, body);
+    }
+  }
+
+  /// Notes a member's own scope, together with those of the modules that it reopens.
+  void Open(DeclarationIndex member, DeclarationIndex first,
+            std::unordered_map<DeclarationIndex, std::size_t>& openModules) {
+    const Kind kind = declarations_[member].kind;
+    if (!IsScope(kind)) return;
+    if (first != kNoDeclaration && declarations_[first].element == declarations_[member].element) {
+      return;  // the same again; its members would all be said to clash
+    }
+    const auto open = openModules.find(first);
+    if (kind == Kind::kModule && open != openModules.end()) {
+      scopes_[open->second].push_back(member);
+      return;
+    }
+    if (kind == Kind::kModule) openModules.emplace(member, scopes_.size());
+    scopes_.push_back({member});
+  }
+
+  /// Enters a member's name; returns the member that had it before.
+  DeclarationIndex Enter(ScopeNames& names, DeclarationIndex scope, DeclarationIndex member) {
+    const std::string_view name = declarations_.Name(member);
+    if (name.empty()) return kNoDeclaration;
+    const DeclarationIndex first = names.Enter(name, member);
+    if (first != kNoDeclaration) Compare(first, member);
+    if (scope == kNoDeclaration || !KeepsItsName(declarations_[scope].kind)) return first;
+    if (ComparisonKey(name) == ComparisonKey(declarations_.Name(scope))) {
+      findings_.Warn("name-hides-scope", member,
+                     declarations_.Describe(member) + " has the name of the " +
+                         std::string(WordFor(declarations_[scope].kind)) + " around it");
+    }
+    return first;
+  }
+
+  void Compare(DeclarationIndex first, DeclarationIndex second) {
+    const Declaration& one = declarations_[first];
+    const Declaration& other = declarations_[second];
+    if (one.element == other.element) {
+      findings_.Warn("name-clash", second, declarations_.Describe(second) + " is exported twice");
+      return;
+    }
+    const bool areModules = one.kind == Kind::kModule && other.kind == Kind::kModule;
+    if (areModules &&
+        Unescaped(declarations_.Name(first)) == Unescaped(declarations_.Name(second))) {
+      return;
+    }
+    const bool isEnumerators = one.kind == Kind::kEnumerator || other.kind == Kind::kEnumerator;
+    const bool isSameEnum = one.kind == other.kind && one.parent == other.parent;
+    findings_.Warn(
+        isEnumerators && !isSameEnum ? "enumerator-clash" : "name-clash", second,
+        declarations_.Describe(second) + " clashes with " + declarations_.Describe(first));
+  }
+
+  const Declarations& declarations_;
+  NameFindings& findings_;
+  UseCheck useCheck_;
+  std::vector<Bodies> scopes_;
+};
+
+}  // namespace
+
+void CheckScopes(const Declarations& declarations, NameFindings& findings) {
+  ScopeCheck(declarations, findings).Run();
+}
+
+}  // namespace command

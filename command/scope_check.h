@@ -1,0 +1,11 @@
+// Clashes of names inside one scope: among its declarations, with its own name, with what it uses.
+#pragma once
+
+#include "command/declarations.h"
+#include "command/name_findings.h"
+
+namespace command {
+
+void CheckScopes(const Declarations& declarations, NameFindings& findings);
+
+}  // namespace command

@@ -1,0 +1,161 @@
+#include "command/use_check.h"
+
+#include <list>
+#include <string>
+
+#include "command/model_words.h"
+
+namespace command {
+namespace {
+
+using model::Element;
+using Kind = DeclarationKind;
+
+/// Whether what a module's member names counts as used in the module.
+bool IsUsedInModule(Kind member) {
+  return member == Kind::kConstant || member == Kind::kTypedef || member == Kind::kSequence ||
+         member == Kind::kBoxedValue;
+}
+
+/// The scope that a declaration's name lies in: an enumerator's is that around the enumeration.
+DeclarationIndex ScopeOf(const Declarations& declarations, DeclarationIndex index) {
+  const bool isEnumerator = declarations[index].kind == Kind::kEnumerator;
+  const DeclarationIndex parent = declarations[index].parent;
+  return isEnumerator ? declarations[parent].parent : parent;
+}
+
+std::string_view LastPart(std::string_view name) {
+  const auto separator = name.rfind("::");
+  return separator == name.npos ? name : name.substr(separator + 2);
+}
+
+bool IsTagTrue(Element& element, const std::string& expression) {
+  mdk::IMdeEntity* value = element.EvalExpression(expression, 0);
+  return value != nullptr && value->GetValue("Name", 0) == "true";
+}
+
+/// The labels that a case is given, as texts.
+std::vector<std::string> LabelsOf(Element& unionCase) {
+  std::vector<std::string> labels;
+  mdk::IMdeEntity* value = unionCase.EvalExpression("'case' (. label .)", 0);
+  if (value == nullptr) return labels;
+  if (!value->IsKindOf("ListExpr")) return {value->GetValue("ValueString", 0)};
+  std::list<mdk::IMdeEntity*> items;
+  value->GetEntities("Expression", items);
+  for (mdk::IMdeEntity* item : items) labels.push_back(item->GetValue("Value", 0));
+  return labels;
+}
+
+}  // namespace
+
+void UseCheck::Check(const ScopeNames& names, DeclarationIndex scope) {
+  names_ = &names;
+  scope_ = scope;
+  const Declaration& declaration = declarations_[scope];
+  if (declaration.kind == Kind::kModule) {
+    declarations_.ForEachChild(scope, [&](DeclarationIndex member) {
+      if (IsUsedInModule(declarations_[member].kind)) CheckUses(member);
+    });
+    return;
+  }
+  for (DeclarationIndex user = scope; user < declaration.end; ++user) CheckUses(user);
+}
+
+void UseCheck::CheckUses(DeclarationIndex user) {
+  uses_.clear();
+  AppendUses(declarations_, user, uses_);
+  for (const Use& use : uses_) CheckUse(use, user);
+  if (declarations_[user].kind == Kind::kUnion) CheckLabels(user);
+}
+
+void UseCheck::CheckUse(const Use& use, DeclarationIndex user) {
+  if (use.place == UsePlace::kBase || use.place == UsePlace::kHeader) return;
+  const std::string_view name = declarations_.Name(use.used);
+  const bool isRaised = use.place == UsePlace::kRaised;
+  // The type of an operation's result is used outside the operation.
+  const bool isOperation = declarations_[user].kind == Kind::kOperation;
+  if (isOperation && user == scope_ && !isRaised) return;
+  if (isRaised || IsVisible(use.used, user)) {
+    if (use.place != UsePlace::kInTemplate || !IsHidden(use.used)) {
+      return CheckName(name, use.used, user, use.place);
+    }
+  }
+  const DeclarationIndex outermost = Outermost(use.used);
+  CheckName(declarations_.Name(outermost), outermost, user, use.place);
+}
+
+// Only labels that name enumerators are looked at: numbers and characters are no names.
+void UseCheck::CheckLabels(DeclarationIndex unionDeclaration) {
+  const Element* discriminator = DiscriminatorOf(*declarations_[unionDeclaration].element);
+  const DeclarationIndex type = discriminator == nullptr
+                                    ? kNoDeclaration
+                                    : declarations_.Find(discriminator->Entity(words::type));
+  if (type == kNoDeclaration || declarations_[type].kind != Kind::kEnum) return;
+  if (!IsVisible(type, unionDeclaration)) return;  // then they are spelled like the type
+  const bool isSimple =
+      IsTagTrue(*declarations_[unionDeclaration].element, "CORBAUnion (. isSimple .)");
+  DeclarationIndex next = type + 1;
+  declarations_.ForEachChild(unionDeclaration, [&](DeclarationIndex member) {
+    Element& element = *declarations_[member].element;
+    if (!isSimple) {
+      for (const std::string& label : LabelsOf(element)) {
+        CheckName(LastPart(label), type, member, UsePlace::kPlain);
+      }
+    } else if (next < declarations_[type].end && !IsTagTrue(element, "'case' (. isDefault .)")) {
+      CheckName(declarations_.Name(next), next, member, UsePlace::kPlain);
+      ++next;
+    }
+  });
+}
+
+void UseCheck::CheckName(std::string_view name, DeclarationIndex used, DeclarationIndex user,
+                         UsePlace place) {
+  const DeclarationIndex hit = names_->Find(name);
+  // What is named as the scope itself is told of elsewhere.
+  if (hit == kNoDeclaration || used == scope_ || isReported_[hit] || IsItself(hit, used)) return;
+  // An exception is used in the operation that raises it: for the interface around it only what is
+  // declared before gets into its way.
+  if (place == UsePlace::kRaised && user != scope_ && hit > user) return;
+  isReported_[hit] = true;
+  findings_.Warn("use-clash", hit,
+                 declarations_.Describe(hit) + " clashes with " + declarations_.Describe(used) +
+                     ", which is used in " + declarations_.Describe(scope_));
+}
+
+/// Whether the agent spells a name in a template past another in this scope.
+bool UseCheck::IsHidden(DeclarationIndex used) const {
+  const Kind kind = declarations_[scope_].kind;
+  const bool hides = kind == Kind::kModule || InheritsMembers(kind);
+  const std::string_view name = declarations_.Name(used);
+  const DeclarationIndex hit = names_->Find(name);
+  return hides && hit != kNoDeclaration && hit != used && declarations_.Name(hit) == name;
+}
+
+/// Whether the name found is that of what is used, or one of the enumerators that it declares.
+bool UseCheck::IsItself(DeclarationIndex found, DeclarationIndex used) const {
+  const Declaration& declaration = declarations_[found];
+  const bool isEnumerator = declaration.kind == Kind::kEnumerator && declaration.parent == used;
+  return isEnumerator || declaration.element == declarations_[used].element;
+}
+
+/// Whether the agent writes a declaration by its simple name: it compares the names of scopes as
+/// texts, so a module that is opened twice counts as one.
+bool UseCheck::IsVisible(DeclarationIndex used, DeclarationIndex user) const {
+  const DeclarationIndex scope = ScopeOf(declarations_, used);
+  if (declarations_.IsInside(user, scope)) return true;
+  // Few names clash: the texts are worth making for those only.
+  if (names_->Find(declarations_.Name(used)) == kNoDeclaration &&
+      names_->Find(declarations_.Name(Outermost(used))) == kNoDeclaration) {
+    return false;
+  }
+  return declarations_.ScopedName(user).starts_with(declarations_.ScopedName(scope));
+}
+
+DeclarationIndex UseCheck::Outermost(DeclarationIndex declaration) const {
+  while (declarations_[declaration].parent != kNoDeclaration) {
+    declaration = declarations_[declaration].parent;
+  }
+  return declaration;
+}
+
+}  // namespace command

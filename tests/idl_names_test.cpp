@@ -1,0 +1,358 @@
+// Names are checked before the export by IDL's rules: an IDL compiler refuses what is warned of,
+// and accepts what lies close to it.
+#include "command/idl_names.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <string>
+#include <vector>
+
+#include "command/idl_keywords.h"
+#include "tests/support/process.h"
+#include "tests/support/small_model.h"
+#include "tests/support/xmi_files.h"
+
+namespace {
+
+using command::Diagnostic;
+using command::Severity;
+using support::ProcessResult;
+using support::XmiFiles;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// "error [rule] text", one for each finding.
+std::vector<std::string> Findings(const std::string& model) {
+  XmiFiles files;
+  files.Write("model.uml", model).Read();
+  EXPECT_THAT(files.Remarks(), IsEmpty());
+  std::vector<std::string> lines;
+  for (const Diagnostic& found : command::CheckNames(files.Reader(), files["out"])) {
+    const std::string severity = found.severity == Severity::kError ? "error " : "";
+    lines.push_back(severity + "[" + found.rule + "] " + found.text);
+  }
+  return lines;
+}
+
+/// What the compiler says about the model's export; empty when it accepts it.
+std::string CompilerErrors(const std::string& model) {
+  const support::ScratchDirectory directory;
+  support::WriteFile(directory.Path() / "model.uml", model);
+  const ProcessResult run =
+      support::RunProcess({IDLEXPORT_COMMAND, "-o", "out", "model.uml"}, directory.Path());
+  EXPECT_EQ(run.status, 0) << run.output << run.errors;
+  const ProcessResult compiled =
+      support::RunProcess({IDLEXPORT_OMNIIDL, "-bdump", "out/Out.idl"}, directory.Path());
+  return compiled.status == 0 ? "" : compiled.errors;
+}
+
+struct NameCase {
+  std::string_view model;
+  std::vector<std::string> findings;
+};
+
+/// The compiler must refuse what is warned of, and only that.
+void ExpectFindings(const std::vector<NameCase>& cases) {
+  for (const auto& [text, findings] : cases) {
+    SCOPED_TRACE(text);
+    const std::string model = support::SmallModel(text);
+    EXPECT_EQ(Findings(model), findings);
+    const std::string errors = CompilerErrors(model);
+    EXPECT_EQ(errors.empty(), findings.empty()) << errors;
+  }
+}
+
+TEST(IdlNames, MustBeIdentifiers) {
+  ExpectFindings({
+      {"module M { struct S1_a { field x2 : long } }", {}},
+      {"module M { struct _S { field x : long } }", {}},
+      {"module M { struct S { field 'two words' : long } }",
+       {"[idl-identifier] field M::S::two words: 'two words' is no IDL identifier"}},
+      {"module M { struct 1st { field x : long } }",
+       {"[idl-identifier] struct M::1st: '1st' is no IDL identifier"}},
+      {"module M { struct __S { field x : long } }",
+       {"[idl-identifier] struct M::__S: '__S' is no IDL identifier"}},
+      {"module M { enum E { literal größer } }",
+       {"[idl-identifier] enumerator M::E::größer: 'größer' is no IDL identifier"}},
+      {"module M { interface I { op f { in '' : long } } }",
+       {"[idl-identifier] parameter M::I::f:: has no name"}},
+      {"module M { interface I { op 'f\\ng' } }",
+       {"[idl-identifier] operation M::I::f\\ng: 'f\\ng' is no IDL identifier"}},
+  });
+}
+
+TEST(IdlNames, MustNotBeKeywords) {
+  ExpectFindings({
+      {"module M { struct S { field longer : long } }", {}},
+      {"module M { struct _long { field _Object : long } }", {}},
+      {"module M { struct entity { field composition : long } }", {}},
+      {"module M { struct union { field x : long } }",
+       {"[idl-keyword] struct M::union is named as the IDL keyword 'union'"}},
+      {"module M { struct S { field object : long } }",
+       {"[idl-keyword] field M::S::object is named as the IDL keyword 'Object', but for capitals"}},
+      {"module Context { interface I { op f { in Default : long } } }",
+       {"[idl-keyword] module Context is named as the IDL keyword 'context', but for capitals",
+        "[idl-keyword] parameter Context::I::f::Default is named as the IDL keyword 'default', "
+        "but for capitals"}},
+  });
+}
+
+/// What the compiler says about a struct of a name.
+std::string CompiledAsStruct(const std::string& name) {
+  const support::ScratchDirectory directory;
+  support::WriteFile(directory.Path() / "a.idl", "struct " + name + " { long x; };\n");
+  return support::RunProcess({IDLEXPORT_OMNIIDL, "-bdump", "a.idl"}, directory.Path()).errors;
+}
+
+TEST(IdlNames, KeywordsAreTheCompilers) {
+  // It only warns of the words of components, and knows nothing of their implementation.
+  for (const char* word : {"abstract", "TRUE", "valuebase", "typeprefix", "home", "primarykey",
+                           "emits", "wstring", "multiple", "import", "setraises", "truncatable"}) {
+    EXPECT_NE(CompiledAsStruct(word), "") << word;
+    EXPECT_NE(command::KeywordLike(word, false), "") << word;
+  }
+  for (const char* word : {"storage", "process", "executor", "name", "integer", "include"}) {
+    EXPECT_EQ(CompiledAsStruct(word), "") << word;
+    EXPECT_EQ(command::KeywordLike(word, false), "") << word;
+  }
+  const std::string parts =
+      "module A { composition C struct Process { field x : long } } "
+      "module B { struct process { field x : long } }";
+  EXPECT_THAT(Findings(support::SmallModel(parts)),
+              ElementsAre("[idl-keyword] struct A::Process is named as the IDL keyword 'process', "
+                          "but for capitals",
+                          "[idl-keyword] struct B::process is named as the IDL keyword 'process'"));
+  EXPECT_EQ(Findings(support::SmallModel(parts, "fileMapping=\"MODULE_FLAT\"")).size(), 1U)
+      << "in a file of its own B holds no composition";
+}
+
+TEST(IdlNames, MustDifferInAScope) {
+  ExpectFindings({
+      {"module M { struct A { field x : long } } module M { struct B { field x : long } }", {}},
+      {"module M { struct A { field x : long } struct a { field x : long } }",
+       {"[name-clash] struct M::a clashes with struct M::A"}},
+      {"module M { struct _A { field x : long } struct A { field x : long } }",
+       {"[name-clash] struct M::A clashes with struct M::_A"}},
+      {"module M { struct A { field x : long } } module M { exception A }",
+       {"[name-clash] exception M::A clashes with struct M::A"}},
+      {"module M { struct A { field x : long } } module m { struct B { field x : long } }",
+       {"[name-clash] module m clashes with module M"}},
+      {"module M { module N { const A : long = 1 } module N { const a : long = 2 } }",
+       {"[name-clash] constant M::N::a clashes with constant M::N::A"}},
+      {"module M { struct S { field x : long field X : long } }",
+       {"[name-clash] field M::S::X clashes with field M::S::x"}},
+      {"module M { union U { switch d : long case x : long = 1 case X : long = 2 } }",
+       {"[name-clash] case M::U::X clashes with case M::U::x"}},
+      {"module M { enum E { literal a literal A } }",
+       {"[name-clash] enumerator M::E::A clashes with enumerator M::E::a"}},
+      {"module M { interface I { op f { in a : long out A : long } op g { in a : long } } }",
+       {"[name-clash] parameter M::I::f::A clashes with parameter M::I::f::a"}},
+      {"module M { interface I { attr f : long op F } }",
+       {"[name-clash] operation M::I::F clashes with attribute M::I::f"}},
+      {"module M { value V { state a : long private A : long } }",
+       {"[name-clash] state member M::V::A clashes with state member M::V::a"}},
+  });
+}
+
+TEST(IdlNames, MustNotBeThatOfTheScopeAroundThem) {
+  ExpectFindings({
+      {"module M { module N { struct M { field n : long } } }", {}},
+      {"module M { interface I { op f { in f : long in i : long } } }", {}},
+      {"module M { struct m { field x : long } }",
+       {"[name-hides-scope] struct M::m has the name of the module around it"}},
+      {"module M { module M { const a : long = 1 } }",
+       {"[name-hides-scope] module M::M has the name of the module around it"}},
+      {"module M { exception E { field e : long } }",
+       {"[name-hides-scope] field M::E::e has the name of the exception around it"}},
+      {"module M { interface I { op i } }",
+       {"[name-hides-scope] operation M::I::i has the name of the interface around it"}},
+      {"module M { interface I { attr i : M::I } }",
+       {"[name-hides-scope] attribute M::I::i has the name of the interface around it"}},
+      {"module M { enum E { literal m } }",
+       {"[name-hides-scope] enumerator M::E::m has the name of the module around it"}},
+  });
+}
+
+TEST(IdlNames, OfEnumeratorsLieInTheScopeAround) {
+  ExpectFindings({
+      {"module M { enum E { literal a } interface I { enum F { literal a } } }", {}},
+      {"module M { enum E { literal a } enum F { literal b literal A } }",
+       {"[enumerator-clash] enumerator M::F::A clashes with enumerator M::E::a"}},
+      {"module M { enum E { literal a } struct A { field x : long } }",
+       {"[enumerator-clash] struct M::A clashes with enumerator M::E::a"}},
+      {"module M { enum E { literal e } }",
+       {"[enumerator-clash] enumerator M::E::e clashes with enum M::E"}},
+  });
+}
+
+TEST(IdlNames, MustNotBeThoseOfInheritedMembers) {
+  ExpectFindings({
+      {"module M { interface I { op f } interface J : M::I interface K : M::I "
+       "interface L : M::J , M::K }",
+       {}},
+      {"module M { interface I { struct S { field x : long } } "
+       "interface J : M::I { struct s { field x : long } } }",
+       {}},
+      {"module M { interface I { const f : long = 1 } interface J : M::I { op f } }", {}},
+      {"module M { interface I { op J } value V : M::I value W : M::V }", {}},
+      {"module M { interface I { op f } interface J : M::I interface K : M::J { attr F : long } }",
+       {"[name-clash] attribute M::K::F clashes with the inherited operation M::I::f"}},
+      {"module M { interface I { op f } interface J : M::I { enum E { literal f } } }",
+       {"[name-clash] enumerator M::J::E::f clashes with the inherited operation M::I::f"}},
+      {"module M { interface I { op f } interface J { attr F : long } "
+       "interface K : M::I , M::J interface L : M::K }",
+       {"[name-clash] interface M::K inherits both operation M::I::f and attribute M::J::F"}},
+      {"module M { value V { state a : long } value W : M::V { private A : long } }",
+       {"[name-clash] state member M::W::A clashes with the inherited state member M::V::a"}},
+      {"module M { interface I { op f } value V : M::I { op f } }",
+       {"[name-clash] operation M::V::f clashes with the inherited operation M::I::f"}},
+  });
+}
+
+TEST(IdlNames, MustNotBeThoseOfWhatTheScopeUses) {
+  const std::string color = "module M { enum Color { literal red } ";
+  const std::string other = "module O { struct T { field x : long } } module N { ";
+  ExpectFindings({
+      {color + "interface I { op get : M::Color { in color : long } } }", {}},
+      {color + "struct S { field tint : M::Color } } module N { struct color { field x : long } }",
+       {}},
+      {color + "module N { interface I { attr tint : M::Color } const color : long = 1 } }", {}},
+      {color + "struct S { field color : M::Color } }",
+       {"[use-clash] field M::S::color clashes with enum M::Color, which is used in struct M::S"}},
+      {color + "struct S { field Color : long field tint : M::Color [*] } }",
+       {"[use-clash] field M::S::Color clashes with enum M::Color, which is used in struct M::S"}},
+      {color + "interface I { attr color : long op get : M::Color } }",
+       {"[use-clash] attribute M::I::color clashes with enum M::Color, which is used in interface "
+        "M::I"}},
+      {color + "interface I { op color op put { in tint : M::Color } } }",
+       {"[use-clash] operation M::I::color clashes with enum M::Color, which is used in interface "
+        "M::I"}},
+      {color + "interface I { op put { in color : M::Color } } }",
+       {"[use-clash] parameter M::I::put::color clashes with enum M::Color, which is used in "
+        "operation M::I::put"}},
+      {color + "interface I { struct S { field c : M::Color } op color } }",
+       {"[use-clash] operation M::I::color clashes with enum M::Color, which is used in interface "
+        "M::I"}},
+      {color + "union U { switch d : M::Color case red : long = red } }",
+       {"[use-clash] case M::U::red clashes with enum M::Color, which is used in union M::U"}},
+      {color + "interface I { op Color struct S { field tints : M::Color [*] } } }", {}},
+      {color + "const Best : M::Color = red module N { const RED : M::Color = Best } }", {}},
+      {color + "module N { const c : M::Color = red const RED : long = 1 } }",
+       {"[use-clash] constant M::N::RED clashes with enumerator M::Color::red, which is used in "
+        "module M::N"}},
+      {"module M { const N : long = 2 struct S { field n : long [ N ] } }",
+       {"[use-clash] field M::S::n clashes with constant M::N, which is used in struct M::S"}},
+      {"module M { interface B interface I : M::B { op b } }", {}},
+      {"module M { struct T { field x : long } } module M { struct S { field t : M::T } }",
+       {"[use-clash] field M::S::t clashes with struct M::T, which is used in struct M::S"}},
+      {"module M { exception E interface I { op f { raises M::E } op e } }", {}},
+      {"module M { exception E interface I { op e op f { raises M::E } } }",
+       {"[use-clash] operation M::I::e clashes with exception M::E, which is used in interface "
+        "M::I"}},
+      {"module M { exception E interface I { op f { in e : long raises M::E } } }",
+       {"[use-clash] parameter M::I::f::e clashes with exception M::E, which is used in operation "
+        "M::I::f"}},
+      {other + "struct S { field t : O::T } }", {}},
+      {other + "struct S { field o : O::T } }",
+       {"[use-clash] field N::S::o clashes with module O, which is used in struct N::S"}},
+  });
+}
+
+TEST(IdlNames, OfWhatIsNotExportedMayBeAnything) {
+  EXPECT_THAT(Findings(support::SmallModel("module M { class union { field struct : long } "
+                                           "struct S { private long : long field x : long } "
+                                           "package 'a/b' { struct any } }")),
+              IsEmpty());
+}
+
+TEST(IdlNames, AreShownWithTheirPlace) {
+  XmiFiles files;
+  files.Write("model.uml", support::SmallModel("module M { struct S {\n field x : long } enum s }"))
+      .Read();
+  const std::vector<Diagnostic> found = command::CheckNames(files.Reader(), files["out"]);
+  ASSERT_EQ(found.size(), 1U);
+  EXPECT_EQ(found[0].location.file, files.Path("model.uml"));
+  EXPECT_EQ(found[0].location.line, files.Reader().Locate(files["M::s"]).line);
+  EXPECT_EQ(found[0].element, "M::s");
+  EXPECT_EQ(found[0].id, "M::s");
+}
+
+TEST(FileNames, StayInTheOutputDirectoryAndDiffer) {
+  const std::string bad = ", which must not be in the name of a file";
+  const std::string flat = "fileMapping=\"MODULE_FLAT\"";
+  const std::string structured = "fileMapping=\"MODULE_STRUCTURED\"";
+  const std::string inNames = "[idl-identifier] module ";
+  const std::string noName = "' is no IDL identifier";
+  const std::string body = " { const N : long = 1 } ";
+  const struct {
+    std::string model;
+    std::string settings;
+    std::vector<std::string> findings;
+  } cases[] = {
+      {"module M" + body, "fileName=\"a.b-c\" fileSuffix=\"_v1.2\"", {}},
+      {"module M" + body,
+       "fileName=\"../x\"",
+       {"error [unsafe-name] artifact Out: fileName '../x' holds a slash" + bad}},
+      {"module M" + body,
+       "fileName=\"a&#9;\" fileSuffix=\"\\x\"",
+       {"error [unsafe-name] artifact Out: fileName 'a\\t' holds a control character" + bad,
+        "error [unsafe-name] artifact Out: fileSuffix '\\x' holds a backslash" + bad}},
+      {"module '../M'" + body,
+       "",
+       {"error [unsafe-name] module ../M: '../M' holds a slash" + bad,
+        inNames + "../M: '../M" + noName}},
+      {"module '..'" + body,
+       structured,
+       {"error [unsafe-name] module ..: '..' holds '..'" + bad, inNames + "..: '.." + noName}},
+      {"module '.'" + body,
+       structured,
+       {"error [unsafe-name] module .: '.' is no name for a directory",
+        inNames + ".: '." + noName}},
+      {"module ''" + body,
+       flat,
+       {"error [unsafe-name] module  has no name to call its file by",
+        "[idl-identifier] module  has no name"}},
+      {"module A { module B" + body + "} module A_B" + body, "", {}},
+      {"module A { module B" + body + "} module A_B" + body,
+       flat,
+       {"error [file-clash] module A_B and module A::B have the same file 'A_B.idl'"}},
+      {"module A { module B" + body + "} module A_B" + body, structured, {}},
+      {"module A { module B" + body + "} module A_b" + body,
+       flat,
+       {"[file-clash] module A_b and module A::B have files that differ only in capitals, "
+        "'A_b.idl' and 'A_B.idl'"}},
+      {"module A" + body + "module A { const K : long = 2 }",
+       structured,
+       {"error [file-clash] module A and module A have the same file 'A/A.idl'"}},
+      {"module Bank" + body, flat + " fileName=\"Bank\"", {}},
+      {"module Bank" + body + "interface I",
+       flat + " fileName=\"Bank\"",
+       {"error [file-clash] module Bank and artifact Out have the same file 'Bank.idl'"}},
+  };
+  for (const auto& [model, settings, findings] : cases) {
+    SCOPED_TRACE(model + settings);
+    EXPECT_EQ(Findings(support::SmallModel(model, settings)), findings);
+  }
+}
+
+/// Interfaces of which each inherits from the two before it, or from the one before and itself.
+std::string InheritanceLadder(int height, bool isCircle) {
+  std::string text = "module M { interface I0 { op f op g } interface I1 : M::I0 ";
+  for (int i = 2; i < height; ++i) {
+    const std::string number = std::to_string(i);
+    text += "interface I" + number + " : M::I" + std::to_string(i - 1) + " , M::I" +
+            (isCircle ? number : std::to_string(i - 2)) + " { op f" + number + " } ";
+  }
+  return text + "}";
+}
+
+TEST(IdlNames, OfWideInheritanceAreCheckedInTime) {
+  const auto begin = std::chrono::steady_clock::now();
+  EXPECT_THAT(Findings(support::SmallModel(InheritanceLadder(3000, false))), IsEmpty());
+  EXPECT_THAT(Findings(support::SmallModel(InheritanceLadder(3000, true))), IsEmpty());
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(20));
+}
+
+}  // namespace

@@ -1,0 +1,26 @@
+// XMI files of small models from a line of text each, for tables of them.
+//
+//   module M {
+//     enum Color { literal red }
+//     struct S { field tint : M::Color field sizes : long [*] }
+//     interface I : M::J { attr a : long op get : M::S { in x : long out y : M::S raises M::E } }
+//     const N : long = 5
+//     union U { switch kind : M::Color case a : long = red }
+//   }
+//
+// Further words: value, event, exception, typedef, sequence, boxed, state, private, factory,
+// component, home, facet, manages. Names in quotes may hold anything; "\n" in them is a line end.
+// Types are paths from the top, or predefined types. Everything at the top is manifested by the
+// artifact "Out".
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace support {
+
+/// The file's text. `settings` are further attributes of the artifact's IDLGenerator. Throws
+/// `std::runtime_error` for a text that it doesn't understand.
+std::string SmallModel(std::string_view text, std::string_view settings = "");
+
+}  // namespace support
