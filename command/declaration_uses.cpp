@@ -8,6 +8,7 @@ namespace command {
 namespace {
 
 using model::Element;
+using model::Symbol;
 using Kind = DeclarationKind;
 
 /// The definition that a type expression, a bound or a value names; null when it names none.
@@ -38,6 +39,42 @@ class UseCollector {
   UseCollector(const Declarations& declarations, std::vector<Use>& uses)
       : declarations_(declarations), uses_(uses) {}
 
+  void Collect(const Declaration& declaration) {
+    const Element& element = *declaration.element;
+    switch (declaration.kind) {
+      case Kind::kConstant:
+        AddTypeOf(&element);
+        return Add(DefinitionOf(element.Entity(words::defaultValue)), UsePlace::kPlain);
+      case Kind::kAttribute:
+      case Kind::kParameter:
+      case Kind::kField:
+      case Kind::kState:
+      case Kind::kCase:
+        return AddTypeOf(&element);
+      case Kind::kTypedef:
+        return AddTypedef(element);
+      case Kind::kSequence:
+      case Kind::kBoxedValue:
+        return AddTypeOf(FirstAttribute(element));
+      case Kind::kUnion:
+        return AddTypeOf(DiscriminatorOf(element));
+      case Kind::kOperation:
+      case Kind::kFactory:
+        return AddOperation(element);
+      case Kind::kPort:
+        return AddPort(element);
+      case Kind::kHome:
+        AddBases(element);
+        return AddSuppliers(element, words::corbaManages, words::corbaPrimaryKey);
+      case Kind::kComposition:
+      case Kind::kHomeExecutor:
+        return AddSuppliers(element, words::corbaImplements);
+      default:
+        if (InheritsMembers(declaration.kind)) AddBases(element);
+    }
+  }
+
+ private:
   void Add(const Element* named, UsePlace place) {
     const DeclarationIndex used = declarations_.Find(named);
     if (used != kNoDeclaration) uses_.push_back({used, place});
@@ -82,14 +119,16 @@ class UseCollector {
     }
   }
 
-  void AddHeader(const Element& element, Kind kind) {
+  void AddBases(const Element& element) {
     for (const Element* generalization : element.Entities(words::generalization)) {
       Add(generalization->Entity(words::parent), UsePlace::kBase);
     }
-    if (kind != Kind::kHome) return;
+  }
+
+  /// What a home manages and by which key, and what an implementation implements.
+  void AddSuppliers(const Element& element, Symbol first, Symbol second = {}) {
     for (const Element* dependency : element.Entities(words::clientDependency)) {
-      if (IsMarked(*dependency, words::corbaManages) ||
-          IsMarked(*dependency, words::corbaPrimaryKey)) {
+      if (IsMarked(*dependency, first) || (second != Symbol() && IsMarked(*dependency, second))) {
         Add(dependency->Entity(words::supplier), UsePlace::kHeader);
       }
     }
@@ -101,7 +140,6 @@ class UseCollector {
     if (!types.empty()) Add(types.front(), UsePlace::kPlain);
   }
 
- private:
   const Declarations& declarations_;
   std::vector<Use>& uses_;
 };
@@ -117,35 +155,14 @@ const Element* DiscriminatorOf(const Element& unionElement) {
   return nullptr;
 }
 
-void AppendUses(const Declarations& declarations, DeclarationIndex user, std::vector<Use>& uses) {
-  UseCollector collector(declarations, uses);
-  const Declaration& declaration = declarations[user];
-  const Element& element = *declaration.element;
-  switch (declaration.kind) {
-    case Kind::kConstant:
-      collector.AddTypeOf(&element);
-      return collector.Add(DefinitionOf(element.Entity(words::defaultValue)), UsePlace::kPlain);
-    case Kind::kAttribute:
-    case Kind::kParameter:
-    case Kind::kField:
-    case Kind::kState:
-    case Kind::kCase:
-      return collector.AddTypeOf(&element);
-    case Kind::kTypedef:
-      return collector.AddTypedef(element);
-    case Kind::kSequence:
-    case Kind::kBoxedValue:
-      return collector.AddTypeOf(FirstAttribute(element));
-    case Kind::kUnion:
-      return collector.AddTypeOf(DiscriminatorOf(element));
-    case Kind::kOperation:
-    case Kind::kFactory:
-      return collector.AddOperation(element);
-    case Kind::kPort:
-      return collector.AddPort(element);
-    default:
-      if (InheritsMembers(declaration.kind)) collector.AddHeader(element, declaration.kind);
+DeclarationUses::DeclarationUses(const Declarations& declarations) {
+  UseCollector collector(declarations, uses_);
+  starts_.reserve(declarations.Size() + std::size_t{1});
+  for (DeclarationIndex user = 0; user < declarations.Size(); ++user) {
+    starts_.push_back(static_cast<std::uint32_t>(uses_.size()));
+    collector.Collect(declarations[user]);
   }
+  starts_.push_back(static_cast<std::uint32_t>(uses_.size()));
 }
 
 }  // namespace command

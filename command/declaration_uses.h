@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "command/declarations.h"
@@ -15,7 +16,7 @@ enum class UsePlace : std::uint8_t {
   kInTemplate,
   kRaised,
   kBase,
-  /// A component that a home manages, its key; in no scope of its own.
+  /// Behind a declaration's own name, or about it: in no scope that the declaration makes.
   kHeader,
 };
 
@@ -24,9 +25,20 @@ struct Use {
   UsePlace place;
 };
 
-/// Appends what a declaration names, in the order written. An operation names its result's type;
-/// its parameters are declarations of their own.
-void AppendUses(const Declarations& declarations, DeclarationIndex user, std::vector<Use>& uses);
+/// What each declaration names, in the order written. An operation names its result's type; its
+/// parameters are declarations of their own.
+class DeclarationUses {
+ public:
+  explicit DeclarationUses(const Declarations& declarations);
+
+  std::span<const Use> Of(DeclarationIndex user) const {
+    return std::span(uses_).subspan(starts_[user], starts_[user + 1] - starts_[user]);
+  }
+
+ private:
+  std::vector<Use> uses_;
+  std::vector<std::uint32_t> starts_;  // by user, where its uses begin
+};
 
 /// The attribute that gives a union its discriminator; null when there is none.
 const model::Element* DiscriminatorOf(const model::Element& unionElement);

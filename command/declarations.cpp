@@ -50,6 +50,17 @@ bool HoldsDeclarations(Kind kind) {
   }
 }
 
+/// A composition may be named apart from the implementation that it is made from.
+std::string_view WrittenName(const Element& element, Kind kind) {
+  if (kind == Kind::kComposition) {
+    const Element* application = element.Application(words::corbaComponentImpl);
+    const Element* value = application == nullptr ? nullptr : application->Entity(words::composite);
+    const std::string_view given = value == nullptr ? "" : value->Text(words::valueString);
+    if (!given.empty()) return given;
+  }
+  return element.Text(words::name);
+}
+
 }  // namespace
 
 std::vector<std::pair<Element*, Kind>> ExportedBy(const Element& artifact) {
@@ -91,7 +102,8 @@ void Declarations::AddTree(Element& top, Kind topKind) {
     }
     if (step.kind == Kind::kModule && !modules.insert(step.element).second) continue;
     const DeclarationIndex index = Size();
-    declarations_.push_back({step.element, step.parent, index + 1, step.kind});
+    declarations_.push_back(
+        {step.element, WrittenName(*step.element, step.kind), step.parent, index + 1, step.kind});
     if (!HoldsDeclarations(step.kind)) continue;
     steps.push_back({nullptr, index, step.kind, true});
     const std::size_t first = steps.size();
@@ -110,19 +122,6 @@ void Declarations::IndexElements() {
     byElement_.emplace_back(declarations_[index].element, index);
   }
   std::ranges::sort(byElement_);
-}
-
-std::string_view Declarations::Name(DeclarationIndex index) const {
-  const Declaration& declaration = declarations_[index];
-  if (declaration.kind == Kind::kComposition) {
-    static const model::Symbol composite("composite");
-    const Element* application = declaration.element->Application(words::corbaComponentImpl);
-    const Element* value = application == nullptr ? nullptr : application->Entity(composite);
-    const std::string_view given =
-        value == nullptr ? "" : value->Text(model::Symbol("ValueString"));
-    if (!given.empty()) return given;
-  }
-  return declaration.element->Text(words::name);
 }
 
 std::string Declarations::ScopedName(DeclarationIndex index, std::string_view separator) const {

@@ -23,6 +23,8 @@ inline constexpr DeclarationIndex kNoDeclaration = ~DeclarationIndex{0};
 
 struct Declaration {
   model::Element* element = nullptr;
+  /// The name that is written for it.
+  std::string_view name;
   /// What it stands in; `kNoDeclaration` at the top.
   DeclarationIndex parent = kNoDeclaration;
   /// Behind the last declaration inside it; those inside follow it without a gap.
@@ -38,8 +40,7 @@ class Declarations {
   DeclarationIndex Size() const { return static_cast<DeclarationIndex>(declarations_.size()); }
   const Declaration& operator[](DeclarationIndex index) const { return declarations_[index]; }
 
-  /// The name that is written for a declaration.
-  std::string_view Name(DeclarationIndex index) const;
+  std::string_view Name(DeclarationIndex index) const { return declarations_[index].name; }
   /// The names from the outermost declaration to this one, joined.
   std::string ScopedName(DeclarationIndex index, std::string_view separator = "::") const;
   /// "struct Accounts::Entry", on one line.

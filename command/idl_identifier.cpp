@@ -25,8 +25,12 @@ char Small(char character) {
 
 bool IsEscaped(std::string_view name) { return name.starts_with('_'); }
 
+std::string_view Unescaped(std::string_view name) {
+  return IsEscaped(name) ? name.substr(1) : name;
+}
+
 bool IsIdentifier(std::string_view name) {
-  if (IsEscaped(name)) name.remove_prefix(1);
+  name = Unescaped(name);
   return !name.empty() && IsLetter(name.front()) && std::ranges::all_of(name, MayFollow);
 }
 
@@ -36,9 +40,16 @@ std::string Folded(std::string_view text) {
   return folded;
 }
 
-std::string ComparisonKey(std::string_view name) {
-  if (IsEscaped(name)) name.remove_prefix(1);
-  return Folded(name);
+bool IsSameName(std::string_view left, std::string_view right) {
+  return std::ranges::equal(Unescaped(left), Unescaped(right), {}, Small, Small);
+}
+
+std::size_t NameHash::operator()(std::string_view name) const {
+  std::size_t hash = 14695981039346656037U;  // FNV-1a
+  for (const char character : Unescaped(name)) {
+    hash = (hash ^ static_cast<unsigned char>(Small(character))) * 1099511628211U;
+  }
+  return hash;
 }
 
 }  // namespace command

@@ -1,6 +1,7 @@
 // How IDL spells and compares names.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -13,11 +14,24 @@ bool IsIdentifier(std::string_view name);
 
 /// Whether the name is written with the underscore that makes any keyword a name.
 bool IsEscaped(std::string_view name);
+/// The name without that underscore.
+std::string_view Unescaped(std::string_view name);
 
 /// The text in small letters.
 std::string Folded(std::string_view text);
 
-/// What IDL compares names by: without the escaping underscore, and without regard to capitals.
-std::string ComparisonKey(std::string_view name);
+/// Whether IDL takes two names for one: without the escaping underscore, and without regard to
+/// capitals.
+bool IsSameName(std::string_view left, std::string_view right);
+
+/// For tables of names by what IDL takes for one.
+struct NameHash {
+  std::size_t operator()(std::string_view name) const;
+};
+struct NameEqual {
+  bool operator()(std::string_view left, std::string_view right) const {
+    return IsSameName(left, right);
+  }
+};
 
 }  // namespace command

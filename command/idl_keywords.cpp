@@ -1,6 +1,5 @@
 #include "command/idl_keywords.h"
 
-#include <string>
 #include <unordered_map>
 
 #include "command/idl_identifier.h"
@@ -33,18 +32,20 @@ struct Keyword {
   bool isImplementation;
 };
 
-std::unordered_map<std::string, Keyword> MakeKeywords() {
-  std::unordered_map<std::string, Keyword> keywords;
-  for (const auto text : implementationKeywords) keywords[Folded(text)] = {text, true};
-  for (const auto text : idlKeywords) keywords[Folded(text)] = {text, false};
+using Keywords = std::unordered_map<std::string_view, Keyword, NameHash, NameEqual>;
+
+Keywords MakeKeywords() {
+  Keywords keywords;
+  for (const auto text : implementationKeywords) keywords[text] = {text, true};
+  for (const auto text : idlKeywords) keywords[text] = {text, false};
   return keywords;
 }
 
 }  // namespace
 
 std::string_view KeywordLike(std::string_view name, bool isImplementation) {
-  static const auto keywords = MakeKeywords();
-  const auto found = keywords.find(Folded(name));
+  static const Keywords keywords = MakeKeywords();
+  const auto found = keywords.find(name);
   if (found == keywords.end()) return {};
   return isImplementation || !found->second.isImplementation ? found->second.text
                                                              : std::string_view();

@@ -1,5 +1,6 @@
 #include "command/idl_names.h"
 
+#include "command/declaration_uses.h"
 #include "command/declarations.h"
 #include "command/file_names_check.h"
 #include "command/generator_settings.h"
@@ -35,8 +36,9 @@ NameCheck CheckNames(const xmi::Reader& reader, model::Element& artifact) {
   CheckFileNames(declarations, settings, NameToShow(reader, artifact),
                  HasMainFile(declarations, artifact), findings);
   CheckSpelling(declarations, settings.mapping, findings);
-  CheckScopes(declarations, findings);
-  CheckInheritance(declarations, findings);
+  const DeclarationUses uses(declarations);
+  CheckScopes(declarations, uses, findings);
+  CheckInheritance(declarations, uses, findings);
   return {findings.Diagnostics(reader, declarations, artifact), declarations.Size()};
 }
 

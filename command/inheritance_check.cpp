@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <span>
-#include <string>
+#include <string_view>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
@@ -22,14 +22,11 @@ struct Edge {
   friend auto operator<=>(const Edge&, const Edge&) = default;
 };
 
-std::vector<Edge> EdgesOf(const Declarations& declarations) {
+std::vector<Edge> EdgesOf(const Declarations& declarations, const DeclarationUses& uses) {
   std::vector<Edge> edges;
-  std::vector<Use> uses;
   for (DeclarationIndex index = 0; index < declarations.Size(); ++index) {
     if (!InheritsMembers(declarations[index].kind)) continue;
-    uses.clear();
-    AppendUses(declarations, index, uses);
-    for (const Use& use : uses) {
+    for (const Use& use : uses.Of(index)) {
       const bool isBase = use.place == UsePlace::kBase;
       if (isBase && InheritsMembers(declarations[use.used].kind))
         edges.push_back({use.used, index});
@@ -41,7 +38,7 @@ std::vector<Edge> EdgesOf(const Declarations& declarations) {
 
 /// Something declared in an interface, or in what else inherits.
 struct Member {
-  std::string key;
+  std::size_t name;  // a number for each name
   DeclarationIndex owner;
   DeclarationIndex declaration;
   bool isInherited;
@@ -56,15 +53,17 @@ bool IsInherited(Kind kind) {
 /// enumerator counts as a member where its enumeration does.
 std::vector<Member> MembersOfAll(const Declarations& declarations) {
   std::vector<Member> members;
+  std::unordered_map<std::string_view, std::size_t, NameHash, NameEqual> names;
   for (DeclarationIndex index = 0; index < declarations.Size(); ++index) {
     DeclarationIndex owner = declarations[index].parent;
     if (declarations[index].kind == Kind::kEnumerator) owner = declarations[owner].parent;
     if (owner == kNoDeclaration || !InheritsMembers(declarations[owner].kind)) continue;
     const std::string_view name = declarations.Name(index);
     if (name.empty()) continue;
-    members.push_back({ComparisonKey(name), owner, index, IsInherited(declarations[index].kind)});
+    const std::size_t number = names.try_emplace(name, names.size()).first->second;
+    members.push_back({number, owner, index, IsInherited(declarations[index].kind)});
   }
-  std::ranges::stable_sort(members, {}, &Member::key);
+  std::ranges::stable_sort(members, {}, &Member::name);
   return members;
 }
 
@@ -140,16 +139,17 @@ bool MayClash(std::span<const Member> members) {
 
 // Names that only one interface declares, which is most of them, cost nothing further. What many
 // declare is followed as far as that costs no more than a fixed multiple of the model's size.
-void CheckInheritance(const Declarations& declarations, NameFindings& findings) {
+void CheckInheritance(const Declarations& declarations, const DeclarationUses& uses,
+                      NameFindings& findings) {
   constexpr std::size_t stepsPerDeclaration = 64;
-  const std::vector<Edge> edges = EdgesOf(declarations);
+  const std::vector<Edge> edges = EdgesOf(declarations, uses);
   if (edges.empty()) return;
   const std::vector<Member> members = MembersOfAll(declarations);
   NameInheritance inheritance(declarations, edges, findings);
   std::size_t steps = 0;
   for (auto first = members.begin(); first != members.end();) {
-    const auto last = std::find_if(first, members.end(),
-                                   [&](const Member& member) { return member.key != first->key; });
+    const auto last = std::find_if(
+        first, members.end(), [&](const Member& member) { return member.name != first->name; });
     const std::span<const Member> ofOneName(first, last);
     if (MayClash(ofOneName)) steps += inheritance.Check(ofOneName);
     if (steps > stepsPerDeclaration * (declarations.Size() + edges.size())) {

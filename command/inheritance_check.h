@@ -4,11 +4,13 @@
 // things of one name; the same thing inherited along two ways is one thing.
 #pragma once
 
+#include "command/declaration_uses.h"
 #include "command/declarations.h"
 #include "command/name_findings.h"
 
 namespace command {
 
-void CheckInheritance(const Declarations& declarations, NameFindings& findings);
+void CheckInheritance(const Declarations& declarations, const DeclarationUses& uses,
+                      NameFindings& findings);
 
 }  // namespace command

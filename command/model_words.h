@@ -10,10 +10,10 @@ using model::Symbol;
 // Properties.
 inline const Symbol actualTemplateParameter{"ActualTemplateParameter"};
 inline const Symbol clientDependency{"ClientDependency"};
+inline const Symbol composite{"composite"};
 inline const Symbol defaultValue{"DefaultValue"};
 inline const Symbol definition{"Definition"};
 inline const Symbol direction{"Direction"};
-inline const Symbol expression{"Expression"};
 inline const Symbol generalization{"Generalization"};
 inline const Symbol literal{"Literal"};
 inline const Symbol multiplicity{"Multiplicity"};
@@ -28,7 +28,7 @@ inline const Symbol supplier{"Supplier"};
 inline const Symbol targetType{"Target:Type"};
 inline const Symbol type{"Type"};
 inline const Symbol upperBound{"UpperBound"};
-inline const Symbol value{"Value"};
+inline const Symbol valueString{"ValueString"};
 inline const Symbol visibility{"Visibility"};
 
 // Metaclasses.
@@ -59,6 +59,7 @@ inline const Symbol corbaFactory{"CORBAFactory"};
 inline const Symbol corbaFinder{"CORBAFinder"};
 inline const Symbol corbaHome{"CORBAHome"};
 inline const Symbol corbaHomeImpl{"CORBAHomeImpl"};
+inline const Symbol corbaImplements{"CORBAImplements"};
 inline const Symbol corbaInterface{"CORBAInterface"};
 inline const Symbol corbaManages{"CORBAManages"};
 inline const Symbol corbaModule{"CORBAModule"};

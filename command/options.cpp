@@ -49,16 +49,14 @@ class CommandLine {
                     "Export this artifact: a \"::\"-qualified name below the root, or an xmi:id; "
                     "may be given several times")
         ->type_name("NAME")
-        ->expected(1)
-        ->take_all()
+        ->allow_extra_args(false)  // one text each time; the next word may be the model
         ->check(NotEmpty());
     app_.add_option_function<std::vector<std::string>>(
             "--map", [this](const std::vector<std::string>& texts) { TakeMaps(texts); },
             "Read references that begin with PREFIX from the directory DIR, such as "
             "pathmap://TYPES/=lib; may be given several times")
         ->type_name("PREFIX=DIR")
-        ->expected(1)
-        ->take_all()
+        ->allow_extra_args(false)  // one text each time; the next word may be the model
         ->check(IsMap());
   }
 

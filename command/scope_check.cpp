@@ -32,14 +32,10 @@ bool IsScope(Kind kind) {
   }
 }
 
-std::string_view Unescaped(std::string_view name) {
-  return IsEscaped(name) ? name.substr(1) : name;
-}
-
 class ScopeCheck {
  public:
-  ScopeCheck(const Declarations& declarations, NameFindings& findings)
-      : declarations_(declarations), findings_(findings), useCheck_(declarations, findings) {}
+  ScopeCheck(const Declarations& declarations, const DeclarationUses& uses, NameFindings& findings)
+      : declarations_(declarations), findings_(findings), useCheck_(declarations, uses, findings) {}
 
   /// From the outside in, with a list of the scopes still to be checked.
   void Run() {
@@ -96,7 +92,7 @@ class ScopeCheck {
     const DeclarationIndex first = names.Enter(name, member);
     if (first != kNoDeclaration) Compare(first, member);
     if (scope == kNoDeclaration || !KeepsItsName(declarations_[scope].kind)) return first;
-    if (ComparisonKey(name) == ComparisonKey(declarations_.Name(scope))) {
+    if (IsSameName(name, declarations_.Name(scope))) {
       findings_.Warn("name-hides-scope", member,
                      declarations_.Describe(member) + " has the name of the " +
                          std::string(WordFor(declarations_[scope].kind)) + " around it");
@@ -131,8 +127,9 @@ class ScopeCheck {
 
 }  // namespace
 
-void CheckScopes(const Declarations& declarations, NameFindings& findings) {
-  ScopeCheck(declarations, findings).Run();
+void CheckScopes(const Declarations& declarations, const DeclarationUses& uses,
+                 NameFindings& findings) {
+  ScopeCheck(declarations, uses, findings).Run();
 }
 
 }  // namespace command

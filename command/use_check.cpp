@@ -62,9 +62,7 @@ void UseCheck::Check(const ScopeNames& names, DeclarationIndex scope) {
 }
 
 void UseCheck::CheckUses(DeclarationIndex user) {
-  uses_.clear();
-  AppendUses(declarations_, user, uses_);
-  for (const Use& use : uses_) CheckUse(use, user);
+  for (const Use& use : uses_.Of(user)) CheckUse(use, user);
   if (declarations_[user].kind == Kind::kUnion) CheckLabels(user);
 }
 

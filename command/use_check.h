@@ -16,8 +16,11 @@ namespace command {
 
 class UseCheck {
  public:
-  UseCheck(const Declarations& declarations, NameFindings& findings)
-      : declarations_(declarations), findings_(findings), isReported_(declarations.Size()) {}
+  UseCheck(const Declarations& declarations, const DeclarationUses& uses, NameFindings& findings)
+      : declarations_(declarations),
+        uses_(uses),
+        findings_(findings),
+        isReported_(declarations.Size()) {}
 
   /// Checks what is used in one scope against the names declared in it.
   void Check(const ScopeNames& names, DeclarationIndex scope);
@@ -34,9 +37,9 @@ class UseCheck {
   DeclarationIndex Outermost(DeclarationIndex declaration) const;
 
   const Declarations& declarations_;
+  const DeclarationUses& uses_;
   NameFindings& findings_;
   std::vector<bool> isReported_;
-  std::vector<Use> uses_;
   const ScopeNames* names_ = nullptr;
   DeclarationIndex scope_ = kNoDeclaration;
 };

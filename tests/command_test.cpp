@@ -68,7 +68,10 @@ TEST_F(CommandTest, RefusesBadUsage) {
       {{"-o"}, "--output"},
       {{"-o", "", model}, "--output"},
       {{"-a", "", model}, "--artifact"},
-      {{"-a", "files::goods", "-a", "files::bad", model}, "--artifact"},
+      {{"--check", "--verify", model}, "--verify"},
+      {{"--mapping", "flat", model}, "module-flat"},
+      {{"--map", "pathmap", model}, "PREFIX=DIR"},
+      {{"--target", "x", model}, "--depfile"},
   };
   for (const auto& [arguments, complaint] : cases) {
     SCOPED_TRACE(testing::PrintToString(arguments));
@@ -117,14 +120,14 @@ TEST_F(CommandTest, ListsTheArtifactsThatCarryGeneratorSettings) {
 TEST_F(CommandTest, RemarksGoToStandardErrorWithTheirPlace) {
   const std::string model = DataFile("choice.uml");
   const ProcessResult result = Run({"--list", model});
-  EXPECT_THAT(result.errors, StartsWith(model + ":41: warning: "));
+  EXPECT_THAT(result.errors, StartsWith(model + ":41:3: warning: "));
   EXPECT_THAT(result.errors, EndsWith("\nidlexport: passed over 1 xmi:Extension\n"));
 }
 
 TEST_F(CommandTest, FindsTheArtifactByNameOrId) {
   for (const char* name : {"files::goods", "shop::files::goods", "files.goods"}) {
     SCOPED_TRACE(name);
-    const ProcessResult result = Run({"-a", name, DataFile("choice.uml")});
+    const ProcessResult result = Run({"-a", name, DataFile("choice.uml"), "--summary"});
     EXPECT_EQ(result.status, 0);
     EXPECT_THAT(support::ReadFile(Directory() / "out/goods.idl"), HasSubstr("struct Empty {"));
     fs::remove_all(Directory() / "out");
@@ -215,18 +218,17 @@ TEST_F(CommandTest, FailsWhereItCanNotWrite) {
   const std::string absolute = (Directory() / "blocked/there").string();
   const struct {
     std::string target;
-    std::string output;
     std::string complaint;
   } cases[] = {
-      {"blocked", started + "IDL exporter failed to open file blocked/goods.idl\n", ""},
-      {"blocked/there", started + "IDL exporter failed to open file blocked/there/goods.idl\n", ""},
-      {absolute, "", "idlexport: can't make the directory '" + absolute + "'"},
+      {"blocked", "idlexport: can't make the directory 'blocked': "},
+      {"blocked/there", "idlexport: can't make the directory 'blocked/there': "},
+      {absolute, "idlexport: can't make the directory '" + absolute + "': "},
   };
-  for (const auto& [target, output, complaint] : cases) {
+  for (const auto& [target, complaint] : cases) {
     SCOPED_TRACE(target);
     const ProcessResult result = Run({"-a", "files::goods", "-o", target, DataFile("choice.uml")});
     EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(result.output, output);
+    EXPECT_THAT(result.output, IsEmpty());
     EXPECT_THAT(result.errors, HasSubstr(complaint));
   }
 }

@@ -53,7 +53,9 @@ Tree Export(const fs::path& model, const std::string& artifact) {
   EXPECT_EQ(result.status, 0) << result.output;
   EXPECT_EQ(result.errors.find("warning"), std::string::npos) << result.errors;
   Tree tree = {{"messages.txt", result.output}};
-  for (auto& [file, text] : support::ReadTree(scratch.Path())) tree["files/" + file] = text;
+  for (auto& [file, text] : support::ReadTree(scratch.Path())) {
+    if (!file.ends_with(".idlexport")) tree["files/" + file] = text;
+  }
   return tree;
 }
 

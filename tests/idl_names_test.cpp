@@ -29,7 +29,7 @@ std::vector<std::string> Findings(const std::string& model) {
   files.Write("model.uml", model).Read();
   EXPECT_THAT(files.Remarks(), IsEmpty());
   std::vector<std::string> lines;
-  for (const Diagnostic& found : command::CheckNames(files.Reader(), files["out"])) {
+  for (const Diagnostic& found : command::CheckNames(files.Reader(), files["out"]).problems) {
     const std::string severity = found.severity == Severity::kError ? "error " : "";
     lines.push_back(severity + "[" + found.rule + "] " + found.text);
   }
@@ -271,7 +271,7 @@ TEST(IdlNames, AreShownWithTheirPlace) {
   XmiFiles files;
   files.Write("model.uml", support::SmallModel("module M { struct S {\n field x : long } enum s }"))
       .Read();
-  const std::vector<Diagnostic> found = command::CheckNames(files.Reader(), files["out"]);
+  const std::vector<Diagnostic> found = command::CheckNames(files.Reader(), files["out"]).problems;
   ASSERT_EQ(found.size(), 1U);
   EXPECT_EQ(found[0].location.file, files.Path("model.uml"));
   EXPECT_EQ(found[0].location.line, files.Reader().Locate(files["M::s"]).line);

@@ -76,11 +76,11 @@ std::string ModelText(const std::string& targetDir, const std::string& mapping) 
                            mapping);
 }
 
-/// Every file below the directory but for the model.
+/// Every file below the directory but for the model and the command's own.
 std::vector<std::string> FilesBelow(const fs::path& directory) {
   std::vector<std::string> files;
   for (const auto& [file, text] : support::ReadTree(directory)) {
-    if (!file.ends_with(".uml")) files.push_back(file);
+    if (!file.ends_with(".uml") && !file.ends_with(".idlexport")) files.push_back(file);
   }
   return files;
 }
