@@ -1,5 +1,6 @@
 #include "command/child_process.h"
 
+#include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -35,15 +36,16 @@ class UsualSignals {
   posix_spawnattr_t attributes_;
 };
 
-class OutputTo {
+class Streams {
  public:
-  explicit OutputTo(int output) {
+  explicit Streams(int output) {
     posix_spawn_file_actions_init(&actions_);
+    posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
     posix_spawn_file_actions_adddup2(&actions_, output, STDOUT_FILENO);
   }
-  ~OutputTo() { posix_spawn_file_actions_destroy(&actions_); }
-  OutputTo(const OutputTo&) = delete;
-  OutputTo& operator=(const OutputTo&) = delete;
+  ~Streams() { posix_spawn_file_actions_destroy(&actions_); }
+  Streams(const Streams&) = delete;
+  Streams& operator=(const Streams&) = delete;
 
   const posix_spawn_file_actions_t* Actions() const { return &actions_; }
 
@@ -56,7 +58,7 @@ constexpr int signalled = 128;
 int Wait(pid_t process) {
   int status = 0;
   while (waitpid(process, &status, 0) < 0) {
-    if (errno != EINTR) return -1;
+    if (errno != EINTR) return -errno;
   }
   return WIFEXITED(status) ? WEXITSTATUS(status) : signalled + WTERMSIG(status);
 }
@@ -65,14 +67,14 @@ int Wait(pid_t process) {
 
 int RunProgram(const std::vector<std::string>& words, int output) {
   const UsualSignals signals;
-  const OutputTo redirection(output);
+  const Streams streams(output);
   std::vector<char*> arguments;
   for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
   arguments.push_back(nullptr);
   pid_t process = 0;
-  const int error = posix_spawnp(&process, arguments.front(), redirection.Actions(),
+  const int error = posix_spawnp(&process, arguments.front(), streams.Actions(),
                                  signals.Attributes(), arguments.data(), environ);
-  return error == 0 ? Wait(process) : -1;
+  return error == 0 ? Wait(process) : -error;
 }
 
 }  // namespace command

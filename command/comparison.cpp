@@ -1,5 +1,6 @@
 #include "command/comparison.h"
 
+#include <cerrno>
 #include <filesystem>
 #include <string>
 
@@ -21,14 +22,15 @@ void PrintDifference(const std::string& name, const fs::path& inPlace, const fs:
   const auto label = [&name](const fs::path& path, const char* what) {
     return "--label=" + (path == nothing ? nothing : name) + "\t" + what;
   };
-  const int status = RunProgram(
-      {"diff", "-u", label(inPlace, "(in place)"), label(exported, "(exported)"), "--",
-       inPlace.string(), exported.string()},
-      output);
+  const int status =
+      RunProgram({"diff", "-u", label(inPlace, "(in place)"), label(exported, "(exported)"), "--",
+                  inPlace.string(), exported.string()},
+                 output);
   if (status == 0 || status == 1) return;
-  throw Failure(kExportFailed, status < 0 ? "'" + name + "' differs; the program \"diff\", which "
-                                            "tells the differences, is not installed"
-                                          : "can't compare '" + name + "'");
+  throw Failure(kExportFailed, status == -ENOENT ? "'" + name +
+                                                       "' differs; the program \"diff\", which "
+                                                       "tells the differences, is not installed"
+                                                 : "can't compare '" + name + "'");
 }
 
 }  // namespace

@@ -13,6 +13,7 @@
 #include "command/depfile.h"
 #include "command/element_finder.h"
 #include "command/generator_settings.h"
+#include "command/graph.h"
 #include "command/idl_names.h"
 #include "command/remarks.h"
 #include "command/target_directory.h"
@@ -33,8 +34,8 @@ std::string ManifestName(const xmi::Reader& reader, const model::Element& artifa
 void CheckThatFilesAreWhole(const StagedExport& exported) {
   for (const std::string& file : exported.files) {
     if (IsComplete(exported.Staged(file))) continue;
-    throw Failure(kExportFailed, "can't write all of '" + exported.Final(file).string() +
-                                     "'; is the disk full?");
+    throw Failure(kExportFailed,
+                  "can't write all of '" + exported.Final(file).string() + "'; is the disk full?");
   }
 }
 
@@ -62,10 +63,12 @@ ExportSession::ExportSession(const Options& options, Report& report, Progress& p
     : options_(options), report_(report), progress_(progress) {}
 
 ExitStatus ExportSession::Run() {
+  if (options_.graph) CheckGraphFile(*options_.graph);
   ReadModel();
   if (options_.purpose == Purpose::kList) return List();
   ChooseArtifacts();
   ExportAll();
+  if (options_.graph) WriteGraph(artifacts_, *options_.graph);
   if (report_.Errors() != 0) return kExportFailed;
   if (options_.warningsAreErrors && report_.Warnings() != 0) {
     report_.Say("there are warnings, and --werror was given");

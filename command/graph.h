@@ -5,7 +5,6 @@
 #include <span>
 
 #include "model/element.h"
-#include "xmi/reader.h"
 
 namespace command {
 
@@ -17,7 +16,6 @@ void CheckGraphFile(const std::filesystem::path& file);
 /// ".dot", or drawn by Graphviz's program `dot` into one that ends in ".svg". A relative path
 /// begins at the current directory of the process. Throws `Failure` for other files, when the file
 /// can't be written and when there is no such program; then the file is as it was.
-void WriteGraph(const xmi::Reader& reader, std::span<model::Element* const> artifacts,
-                const std::filesystem::path& file);
+void WriteGraph(std::span<model::Element* const> artifacts, const std::filesystem::path& file);
 
 }  // namespace command

@@ -15,7 +15,8 @@
 namespace command {
 
 struct NameCheck {
-  /// Everything wrong with the names of what the artifact exports, in the order of the declarations.
+  /// Everything wrong with the names of what the artifact exports, in the order of the
+  /// declarations.
   std::vector<Diagnostic> problems;
   /// How many declarations the artifact exports, members and parameters among them.
   std::size_t declarations = 0;

@@ -9,8 +9,8 @@ namespace command {
 namespace {
 
 struct State {
-  std::mutex mutex;         // held while steps that belong together are done
-  std::mutex listMutex;     // guards the list below
+  std::mutex mutex;      // held while steps that belong together are done
+  std::mutex listMutex;  // guards the list below
   std::set<std::filesystem::path> directories;
 };
 

@@ -111,8 +111,8 @@ class CommandLine {
         ->type_name("FORM");
     Choice("--color", options_.colour,
            std::map<std::string, ColourMode>{{"auto", ColourMode::kAuto},
-                                               {"always", ColourMode::kAlways},
-                                               {"never", ColourMode::kNever}},
+                                             {"always", ColourMode::kAlways},
+                                             {"never", ColourMode::kNever}},
            "Whether messages are coloured: auto, always or never")
         ->type_name("WHEN");
     Flag("--strict", options_.strict, "Names that are not legal in IDL are errors");
@@ -132,8 +132,8 @@ class CommandLine {
 
   /// At most one of these flags may be given.
   void PurposeFlag(const std::string& name, Purpose purpose, const std::string& help) {
-    CLI::Option* flag =
-        app_.add_flag_callback(name, [this, purpose] { options_.purpose = purpose; }, help);
+    CLI::Option* flag = app_.add_flag_callback(
+        name, [this, purpose] { options_.purpose = purpose; }, help);
     for (CLI::Option* other : purposes_) flag->excludes(other);
     purposes_.push_back(flag);
   }

@@ -86,8 +86,7 @@ std::set<std::string> StaleIn(const Manifest& manifest, const StagedExport& expo
   std::set<std::string> stale;
   for (const std::string& file : manifest.FilesOf(exported.artifact)) {
     std::error_code error;
-    const bool isMade =
-        std::binary_search(exported.files.begin(), exported.files.end(), file);
+    const bool isMade = std::binary_search(exported.files.begin(), exported.files.end(), file);
     const bool isThere = fs::is_regular_file(exported.output / file, error);
     if (!isMade && isThere && !manifest.IsOfAnother(exported.artifact, file)) stale.insert(file);
   }

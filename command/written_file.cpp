@@ -10,6 +10,7 @@
 #include <system_error>
 
 #include "command/failure.h"
+#include "command/whole_file.h"
 
 namespace command {
 namespace {
@@ -39,18 +40,9 @@ void Write(const fs::path& file, std::string_view text) {
 
 void WriteWhole(const fs::path& file, std::string_view text) {
   if (!IsReplaceable(file)) return Write(file, text);
-  const fs::path half = file.string() + ".idlexport-" + std::to_string(getpid());
-  std::error_code error;
-  try {
-    Write(half, text);
-    fs::rename(half, file);
-  } catch (const Failure&) {
-    fs::remove(half, error);
-    throw;
-  } catch (const fs::filesystem_error& problem) {
-    fs::remove(half, error);
-    Fail(file, problem.code().message());
-  }
+  WholeFile whole(file);
+  whole.Write(text);
+  whole.PutInPlace();
 }
 
 void Touch(const fs::path& file) {

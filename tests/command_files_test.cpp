@@ -50,8 +50,8 @@ class CommandFilesTest : public testing::Test {
 
   /// Runs the command below a shell, which can limit what it may do.
   ProcessResult RunInShell(const std::string& script) const {
-    return support::RunProcess({"sh", "-c", support::Replaced(script, "COMMAND", IDLEXPORT_COMMAND)},
-                               Directory());
+    return support::RunProcess(
+        {"sh", "-c", support::Replaced(script, "COMMAND", IDLEXPORT_COMMAND)}, Directory());
   }
 
   const fs::path& Directory() const { return scratch_.Path(); }
@@ -300,8 +300,8 @@ TEST_F(CommandFilesTest, OverrulesTheArtifactsSettings) {
 
 TEST_F(CommandFilesTest, ExportsSeveralArtifactsOfOneReading) {
   support::WriteFile(Directory() / "shop.uml", DataFile("choice.uml"));
-  const ProcessResult both = Run({"-a", "files::goods", "-a", "files", "-a", "files.goods",
-                                  "--summary", "shop.uml"});
+  const ProcessResult both =
+      Run({"-a", "files::goods", "-a", "files", "-a", "files.goods", "--summary", "shop.uml"});
   EXPECT_EQ(both.status, 0);
   EXPECT_THAT(OutputFiles(), ElementsAre(".idlexport", "files.idl", "goods.idl"));
   EXPECT_THAT(both.errors, HasSubstr("2 files written"));
@@ -312,17 +312,16 @@ TEST_F(CommandFilesTest, ExportsSeveralArtifactsOfOneReading) {
   EXPECT_EQ(Run({"-a", "files::goods", "-a", "files::godos", "-o", "new", "shop.uml"}).status, 2);
 
   // One file can't be made in two ways; in one way it can.
-  const std::vector<std::string> same = {"-a", "files::goods", "-a",       "files",
-                                         "-o", "new",          "--file-name", "x", "shop.uml"};
+  const std::vector<std::string> same = {"-a",  "files::goods", "-a", "files",   "-o",
+                                         "new", "--file-name",  "x",  "shop.uml"};
   EXPECT_EQ(Run(same).status, 0);
   support::WriteFile(Directory() / "shop.uml",
                      support::Replaced(DataFile("choice.uml"), "base_Artifact=\"artifact\"",
                                        "base_Artifact=\"artifact\" fileName=\"goods\""));
-  support::WriteFile(
-      Directory() / "bank.uml",
-      support::ReadFile(IDLEXPORT_SOURCE_DIR "/examples/bank.uml"));
-  const ProcessResult clash = Run({"-a", "one_file", "-a", "flat", "-o", "new",
-                                   "--file-name", "x", "bank.uml"});
+  support::WriteFile(Directory() / "bank.uml",
+                     support::ReadFile(IDLEXPORT_SOURCE_DIR "/examples/bank.uml"));
+  const ProcessResult clash =
+      Run({"-a", "one_file", "-a", "flat", "-o", "new", "--file-name", "x", "bank.uml"});
   EXPECT_EQ(clash.status, 1);
   EXPECT_THAT(clash.errors, HasSubstr("several of the artifacts make 'new/x.idl'"));
 }

@@ -27,7 +27,7 @@ std::string Drawn(std::string_view model, const std::string& name = "graph.dot")
   XmiFiles files;
   files.Write("model.uml", support::SmallModel(model)).Read();
   model::Element* const artifacts[] = {&files["out"], &files["out"]};
-  command::WriteGraph(files.Reader(), artifacts, files.Path(name));
+  command::WriteGraph(artifacts, files.Path(name));
   return support::ReadFile(files.Path(name));
 }
 
@@ -133,7 +133,7 @@ TEST(Graph, SaysWhyItCanNotBeDrawnAndLeavesNothing) {
     SCOPED_TRACE(file);
     setenv("PATH", searched.c_str(), 1);
     try {
-      command::WriteGraph(files.Reader(), artifacts, files.Path(file));
+      command::WriteGraph(artifacts, files.Path(file));
       ADD_FAILURE();
     } catch (const command::Failure& failure) {
       EXPECT_EQ(failure.Status(), status);
