@@ -34,8 +34,6 @@ target_link_libraries(idlcommand
 target_compile_definitions(idlcommand PRIVATE IDLEXPORT_VERSION="${PROJECT_VERSION}")
 
 add_executable(idlexport_command command/main.cpp)
-set_target_properties(idlexport_command PROPERTIES OUTPUT_NAME idlexport
-                                                   INSTALL_RPATH "$ORIGIN/../lib"
-                                                   BUILD_WITH_INSTALL_RPATH ON)
+set_target_properties(idlexport_command PROPERTIES OUTPUT_NAME idlexport)
 target_link_libraries(idlexport_command PRIVATE idlcommand)
 add_dependencies(idlexport_command idlexport_agent)

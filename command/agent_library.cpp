@@ -7,15 +7,19 @@
 #include <system_error>
 
 #include "command/failure.h"
+#include "model/model.h"
 
 namespace command {
 namespace {
 
+/// The agent stands beside the model's library, which the loader has found already.
 std::filesystem::path LibraryPath() {
+  Dl_info host{};
+  dladdr(reinterpret_cast<const void*>(&model::SetMessageSink), &host);
   std::error_code error;
-  const std::filesystem::path self = std::filesystem::read_symlink("/proc/self/exe", error);
-  if (error) throw Failure(kBadInput, "can't find the command's own place: " + error.message());
-  return self.parent_path().parent_path() / "lib" / "libidlexport.so";
+  const std::filesystem::path library = std::filesystem::canonical(host.dli_fname, error);
+  if (error) throw Failure(kBadInput, "can't find the model's library: " + error.message());
+  return library.parent_path() / "libidlexport.so";
 }
 
 /// `dlerror` names the file or the symbol that is to blame.

@@ -8,8 +8,8 @@ namespace command {
 /// The agent's two entries. The library stays loaded until the process ends.
 class AgentLibrary {
  public:
-  /// Loads the library from the folder "lib" beside the one that holds this command. Throws
-  /// `Failure` when it is not there or is no agent.
+  /// Loads the library from the folder that holds the model's library, with which this command was
+  /// started. Throws `Failure` when it is not there or is no agent.
   AgentLibrary();
 
   /// Exports the artifact; what the agent has to say goes to the model's message sink.

@@ -1,0 +1,70 @@
+# What an installation holds, and the Debian package made of it.
+
+include(GNUInstallDirs)
+include(CMakePackageConfigHelpers)
+
+# The libraries have no versions and serve this command and hosts of the agent only.
+set(private_library_dir ${CMAKE_INSTALL_LIBDIR}/idlexport)
+set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/idlexport)
+set(data_dir ${CMAKE_INSTALL_DATADIR}/idlexport)
+
+# The command finds them relative to itself: once installed, and before that in the build tree.
+file(RELATIVE_PATH libraries_from_command
+  ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR}/idlexport)
+set_target_properties(idlexport_command PROPERTIES
+  EXPORT_NAME idlexport
+  INSTALL_RPATH "$ORIGIN/${libraries_from_command};$ORIGIN/../lib"
+  BUILD_WITH_INSTALL_RPATH ON)
+set_target_properties(idlexport_agent PROPERTIES EXPORT_NAME agent)
+
+# The interfaces that a host of the agent implements; they include each other as "host/…".
+file(GLOB host_headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/host/*.h)
+add_library(idlexport_host INTERFACE)
+set_target_properties(idlexport_host PROPERTIES EXPORT_NAME host)
+target_compile_features(idlexport_host INTERFACE cxx_std_20)
+target_sources(idlexport_host INTERFACE
+  FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR} FILES ${host_headers})
+
+install(TARGETS idlexport_command idlexport_agent idlexport_host EXPORT idlexportTargets
+  LIBRARY DESTINATION ${private_library_dir}
+  FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/idlexport)
+install(TARGETS idlhost LIBRARY DESTINATION ${private_library_dir})
+
+# The examples refer to the profile and the library relative to themselves.
+install(FILES profile/CORBA.profile.uml profile/CORBA.library.uml DESTINATION ${data_dir}/profile)
+install(DIRECTORY examples DESTINATION ${data_dir})
+install(FILES README.md docs/modelling.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES docs/idlexport.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+
+install(FILES command/completions/idlexport.bash RENAME idlexport
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+install(FILES command/completions/idlexport.zsh RENAME _idlexport
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
+install(FILES command/completions/idlexport.fish
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
+
+# The package that other projects find with find_package(idlexport).
+configure_package_config_file(cmake/package/idlexportConfig.cmake.in idlexportConfig.cmake
+  INSTALL_DESTINATION ${package_dir} NO_SET_AND_CHECK_MACRO NO_CHECK_REQUIRED_COMPONENTS_MACRO)
+write_basic_package_version_file(idlexportConfigVersion.cmake COMPATIBILITY SameMinorVersion)
+install(FILES
+  ${PROJECT_BINARY_DIR}/idlexportConfig.cmake ${PROJECT_BINARY_DIR}/idlexportConfigVersion.cmake
+  cmake/package/idlexportGenerate.cmake
+  DESTINATION ${package_dir})
+install(EXPORT idlexportTargets NAMESPACE idlexport:: DESTINATION ${package_dir})
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_CONTACT "The idlexport developers <idlexport@localhost>")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION devel)
+set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
+set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "\
+Reads UML models in XMI files, as modelling tools save them, and writes
+the CORBA IDL that their marked packages, interfaces and classes stand for:
+declarations in the order that IDL wants, cycles broken by forward
+declarations, and what IDL doesn't allow reported by name.")
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY})
+include(CPack)
