@@ -33,7 +33,7 @@ install(TARGETS idlhost LIBRARY DESTINATION ${private_library_dir})
 # The examples refer to the profile and the library relative to themselves.
 install(FILES profile/CORBA.profile.uml profile/CORBA.library.uml DESTINATION ${data_dir}/profile)
 install(DIRECTORY examples DESTINATION ${data_dir})
-install(FILES README.md docs/modelling.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES README.md docs/modelling.md docs/messages.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES docs/idlexport.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 
 install(FILES command/completions/idlexport.bash RENAME idlexport

@@ -10,9 +10,9 @@ Exports IDL from a model as part of a build:
     [OPTIONS <option>...]
     [DEPENDS <file>...])
 
-Makes the custom target <target>, which exports the artifacts of the model (all of them can be left
-out when there is one) whenever one of the model's files has changed. Paths are relative to the
-current source directory.
+Makes the custom target <target>, which exports the artifacts of the model whenever one of the model's
+files has changed. ARTIFACT can be left out when the model has one. Paths are relative to the current
+source directory.
 
 OUTPUT_DIR    where the files go, relative to the current binary directory; left out, a directory
               there that is named like the target. Each call needs a directory of its own.
@@ -44,7 +44,7 @@ function(idlexport_generate target)
   _idlexport_absolute(arg_OUTPUT_DIR ${CMAKE_CURRENT_BINARY_DIR})
   _idlexport_absolute(arg_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR})
 
-  set(options --prune --output "${arg_OUTPUT_DIR}" ${arg_OPTIONS})
+  set(options --quiet --prune --output "${arg_OUTPUT_DIR}" ${arg_OPTIONS})
   foreach(artifact IN LISTS arg_ARTIFACT)
     list(APPEND options --artifact "${artifact}")
   endforeach()
@@ -62,7 +62,7 @@ function(idlexport_generate target)
     BYPRODUCTS ${outputs}
     COMMAND idlexport::idlexport ${options} --stamp ${stamp} --depfile ${stamp}.d --target ${stamp}
             "${arg_MODEL}"
-    DEPENDS "${arg_MODEL}" ${arg_DEPENDS}
+    DEPENDS "${arg_MODEL}" ${arg_DEPENDS} idlexport::idlexport idlexport::agent
     DEPFILE ${stamp}.d
     COMMENT "Exporting IDL from ${model_name}"
     VERBATIM)
@@ -108,6 +108,6 @@ function(_idlexport_list_outputs target outputs)
     message(FATAL_ERROR "idlexport_generate(${target}): there is nothing to export:${reasons}")
   endif()
   string(REPLACE "\n" ";" listed "${listed}")
-  list(TRANSFORM listed PREPEND "${arg_OUTPUT_DIR}/")
+  _idlexport_absolute(listed "${arg_OUTPUT_DIR}")
   set(${outputs} "${listed}" PARENT_SCOPE)
 endfunction()

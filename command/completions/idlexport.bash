@@ -25,7 +25,7 @@ _idlexport() {
   fi
   if ! values=$(_idlexport_values "$option"); then
     if [[ $current == -* ]]; then
-      values='-a -o -h --artifact --check --color --depfile --diagnostics --file-name --graph --help
+      values='-a -h -o -q --artifact --check --color --depfile --diagnostics --file-name --graph --help
         --list --map --mapping --oneway-default --output --outputs --prune --quiet --stamp --strict
         --suffix --summary --target --verify --version --werror'
     else

@@ -3,7 +3,7 @@
 
 _arguments -s -S \
   '*'{-a,--artifact=}'[export this artifact]:artifact:' \
-  '--check[report on the model and write nothing]' \
+  '--check[check the model and write no IDL]' \
   '--color=[colour the diagnostics]:when:(auto always never)' \
   '--depfile=[write a rule for make that names the files read]:file:_files' \
   '--diagnostics=[choose the form of diagnostics]:form:(text gcc json sarif)' \
@@ -11,19 +11,19 @@ _arguments -s -S \
   '--graph=[draw what uses what]:file:_files -g "*.(dot|svg)"' \
   '(- *)'{-h,--help}'[print the help and exit]' \
   '--list[list the artifacts that can be exported]' \
-  '*--map=[replace the start of addresses by a directory]:pathmap\://X/=DIR:' \
+  '*--map=[read what begins with a prefix from a directory]:PREFIX=DIR:' \
   '--mapping=[spread modules over files]:mapping:(one-file module-flat module-structured)' \
   '--oneway-default=[make operations oneway]:default:(true false)' \
   {-o,--output=}'[put the files there]:directory:_files -/' \
   '--outputs[list the files that an export makes]' \
   '--prune[remove files of earlier exports]' \
-  '--quiet[say nothing but warnings and errors]' \
+  {-q,--quiet}'[leave out progress and remarks]' \
   '--stamp=[touch this file after a successful run]:file:_files' \
-  '--strict[refuse what the reader only warns of]' \
+  '--strict[take names that IDL refuses for errors]' \
   '--suffix=[put a text behind the name of each file]:text:' \
-  '--summary[tell what was written]' \
+  '--summary[tell at the end what was done]' \
   '--target=[name the target of the rule for make]:name:' \
-  '--verify[compare with the files that are there]' \
+  '--verify[compare with the files in place]' \
   '(- *)--version[print the version and exit]' \
-  '--werror[treat warnings as errors]' \
+  '--werror[fail when there are warnings]' \
   '*:model:_files -g "*.(uml|xmi|xml)"'

@@ -1,0 +1,123 @@
+// The options of the command: the manual page and the completions know those that it has, and no
+// others.
+#include <gtest/gtest.h>
+
+#include <regex>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "tests/support/file_tree.h"
+#include "tests/support/process.h"
+
+namespace {
+
+/// What the first group of the expression matches, at all places in the text.
+std::set<std::string> Found(const std::string& text, const std::string& expression) {
+  const std::regex pattern(expression);
+  std::set<std::string> found;
+  for (std::sregex_iterator each(text.begin(), text.end(), pattern), end; each != end; ++each) {
+    found.insert((*each)[1]);
+  }
+  return found;
+}
+
+std::string Source(const std::string& file) {
+  return support::ReadFile(std::string(IDLEXPORT_SOURCE_DIR "/") + file);
+}
+
+/// What bash offers for a command line, the last word of which is being written.
+std::string Offered(const std::string& words) {
+  const std::string script = "source " IDLEXPORT_SOURCE_DIR
+                             "/command/completions/idlexport.bash\n"
+                             "COMP_WORDS=(" +
+                             words +
+                             ")\nCOMP_CWORD=$((${#COMP_WORDS[@]} - 1))\n_idlexport\n"
+                             "echo \"${COMPREPLY[*]}\"\n";
+  return support::RunProcess({"bash", "-c", script}, IDLEXPORT_SOURCE_DIR "/examples").output;
+}
+
+/// What names the options and how their long and short names stand there.
+struct Reference {
+  std::string name;
+  std::string text;
+  std::string longOption;
+  std::string shortOption;
+};
+
+std::vector<Reference> References() {
+  return {
+      {"the manual page", Source("docs/idlexport.1"), "\\.It (?:Fl \\w , )?Fl -([a-z-]+)",
+       "\\.It Fl (\\w) ,"},
+      {"all in the manual page", Source("docs/idlexport.1"), "Fl -([a-z-]+)", "Fl (\\w) "},
+      {"bash", Offered("idlexport -"), "--([a-z-]+)", "(?:^| )-(\\w)(?= )"},
+      {"zsh", Source("command/completions/idlexport.zsh"), "[',*)]--([a-z-]+)", "\\{-(\\w),"},
+      {"fish", Source("command/completions/idlexport.fish"), " -l ([a-z-]+)", " -s (\\w) "},
+  };
+}
+
+TEST(Documentation, NamesTheOptionsThatThereAre) {
+  const std::string help = support::RunProcess({IDLEXPORT_COMMAND, "--help"}).output;
+  const std::set<std::string> longOptions = Found(help, "\n +(?:-\\w,)?--([a-z-]+)");
+  const std::set<std::string> shortOptions = Found(help, "\n +-(\\w),--");
+  EXPECT_TRUE(longOptions.contains("artifact") && shortOptions.contains("o")) << help;
+  for (const Reference& reference : References()) {
+    EXPECT_EQ(Found(reference.text, reference.longOption), longOptions) << reference.name;
+    EXPECT_EQ(Found(reference.text, reference.shortOption), shortOptions) << reference.name;
+  }
+}
+
+std::set<std::string> Words(const std::string& text) { return Found(text, "([a-z-]+)"); }
+
+TEST(Documentation, NamesTheValuesThatThereAre) {
+  const std::string help = support::RunProcess({IDLEXPORT_COMMAND, "--help"}).output;
+  const std::set<std::string> options = Found(help, "\n +--([a-z-]+) [A-Z]+:\\{");
+  EXPECT_GT(options.size(), 2u) << help;
+  for (const std::string& option : options) {
+    SCOPED_TRACE(option);
+    const auto valuesIn = [](const std::string& text, const std::string& expression) {
+      const std::set<std::string> lists = Found(text, expression);
+      return lists.size() == 1 ? Words(*lists.begin()) : std::set<std::string>();
+    };
+    const std::set<std::string> values = valuesIn(help, "--" + option + " [A-Z]+:\\{([^}]*)\\}");
+    EXPECT_GT(values.size(), 1u);
+    EXPECT_EQ(valuesIn(Source("docs/idlexport.1"), "Fl -" + option + " Cm ([^\n]*)"), values);
+    EXPECT_EQ(Words(Offered("idlexport --" + option + " ''")), values);
+    EXPECT_EQ(valuesIn(Source("command/completions/idlexport.zsh"),
+                       "--" + option + "=[^\n]*:\\(([^)]*)\\)"),
+              values);
+    EXPECT_EQ(valuesIn(Source("command/completions/idlexport.fish"),
+                       " -l " + option + " -x -a '([^']*)'"),
+              values);
+  }
+}
+
+TEST(Documentation, ManualPageIsWellFormed) {
+  const support::ProcessResult result = support::RunProcess(
+      {"groff", "-mandoc", "-ww", "-Tascii", IDLEXPORT_SOURCE_DIR "/docs/idlexport.1"});
+  EXPECT_EQ(result.status, 0);
+  EXPECT_EQ(result.errors, "");
+  EXPECT_NE(result.output.find("pathmap://TYPES/"), std::string::npos);
+}
+
+TEST(Documentation, BashCompletesOptionsValuesAndFiles) {
+  const struct {
+    std::string words;
+    std::string offered;
+  } cases[] = {
+      {"idlexport --mapping ''", "one-file module-flat module-structured\n"},
+      {"idlexport --diagnostics = s", "sarif\n"},
+      {"idlexport --color = ''", "auto always never\n"},
+      {"idlexport --color =", "auto always never\n"},
+      {"idlexport --oneway-default t", "true\n"},
+      {"idlexport --art", "--artifact\n"},
+      {"idlexport --list ban", "bank.uml\n"},
+      {"idlexport --depfile ban", "bank.uml\n"},
+      {"idlexport -o mod", "modelling\n"},
+      {"idlexport -o ban", "\n"},
+      {"idlexport -a ban", "\n"},
+  };
+  for (const auto& [words, offered] : cases) EXPECT_EQ(Offered(words), offered) << words;
+}
+
+}  // namespace
