@@ -109,6 +109,27 @@ TEST_P(CMakeExample, FindsTheFilesOfTheModelItself) {
   EXPECT_THAT(BuildAll(), Not(exports));
 }
 
+TEST_P(CMakeExample, NeedsNoTargetOfItsOwn) {
+  WriteProject(R"(
+idlexport_generate(MODEL weather.uml ARTIFACT weather OUTPUT_DIR "my idl" OUTPUTS_VAR idl)
+add_custom_command(OUTPUT copied COMMAND ${CMAKE_COMMAND} -E echo copying
+  COMMAND ${CMAKE_COMMAND} -E cat ${idl} > copied DEPENDS ${idl} VERBATIM)
+add_custom_target(x ALL DEPENDS copied)
+)");
+  const ProcessResult configured = Configure(GetParam());
+  ASSERT_EQ(configured.status, 0) << configured.errors;
+  const auto exports = HasSubstr("Exporting IDL");
+  EXPECT_THAT(BuildAll(), AllOf(exports, HasSubstr("copying")));
+  EXPECT_THAT(BuildAll(), Not(testing::AnyOf(exports, HasSubstr("copying"))));
+  for (const char* name : {"celsius", "kelvin"}) {
+    Edit("units.uml", name == std::string("kelvin") ? "\"celsius\"" : "\"degrees\"",
+         "\"" + std::string(name) + "\"");
+    EXPECT_THAT(BuildAll(), AllOf(exports, HasSubstr("copying")));
+    EXPECT_THAT(support::ReadFile(Build() / "copied"), HasSubstr(name));
+    EXPECT_THAT(BuildAll(), Not(testing::AnyOf(exports, HasSubstr("copying"))));
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(Generators, CMakeExample, testing::Values("Ninja", "Unix Makefiles"),
                          [](const auto& info) { return support::Replaced(info.param, " ", ""); });
 
