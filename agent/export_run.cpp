@@ -54,6 +54,7 @@ class RunState {
 std::unique_ptr<Node> MakeTopLevelNode(mdk::IMdeEntity* dependency) {
   mdk::IMdeEntity* supplier = dependency->GetEntity("Supplier", 0);
   if (supplier == nullptr) return nullptr;
+  nodeRegistry.BeginTree(supplier);
   if (!isMarked(dependency, markings::manifest)) {
     const bool isFile = supplier->IsKindOf("Artifact") && isMarked(supplier, markings::idlFile);
     return isFile ? std::make_unique<Include>(supplier, nullptr) : nullptr;

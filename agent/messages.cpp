@@ -15,6 +15,8 @@ struct Row {
 constexpr std::array rows = {
     // Modules and ordering
     Row{Message::moduleIsEmpty, Severity::warning, "module {} is empty"},
+    Row{Message::memberDeclaredAlready, Severity::warning,
+        "{} has a member that is declared elsewhere and left out here: {}"},
     Row{Message::cannotBeForward, Severity::warning,
         "Definition{} cannot be a forward declaration"},
 

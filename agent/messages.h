@@ -15,6 +15,7 @@ enum class Severity { warning, error };
 enum class Message : std::size_t {
   // Modules and ordering
   moduleIsEmpty,
+  memberDeclaredAlready,
   cannotBeForward,
   // Structs
   structHasNoMembers,

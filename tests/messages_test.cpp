@@ -132,6 +132,7 @@ Error - boxed value {} cannot have an array type; box a typedef of it instead
 Error - sequence {} cannot have an array as its base type; use a typedef of it instead
 Error - union {} has a discriminator that is no integer, char, boolean or enum
 Warning - home interface {} manages no component that is included in the generation
+Warning - {} has a member that is declared elsewhere and left out here: {}
 )";
 
 /// Texts that can't be raised, each with the reason.
@@ -267,6 +268,7 @@ void BuildInterfaces(ExportBench& b, Element& m) {
   b.Range(b.Parameter(op, "many", "long"), 0, b.Constant(outside, "N", "long", 2));
   b.Returns(b.Operation(i, "typeless"), "");
   b.Returns(b.Operation(i, "text"), b.Template("string", {3}));
+  b.Module(m, "N").AddEntity(Symbol("OwnedMember"), i);
 }
 
 void BuildValues(ExportBench& b, Element& m) {

@@ -1,6 +1,24 @@
 #include "tree/classification.h"
 
+#include "agent/diagnostics.h"
+#include "tree/node_registry.h"
+
 namespace mdktoidl {
+
+namespace {
+
+/// Attributes own nothing, and a signal stands in every interface that receives it.
+bool mayStandTwice(const std::string& metaclass) {
+  return metaclass == "Attribute" || metaclass == "Signal";
+}
+
+bool Take(mdk::IMdeEntity* member, const Container& parent) {
+  if (nodeRegistry.Take(member)) return true;
+  Report(Message::memberDeclaredAlready, {parent.ScopedName("::"), member->GetValue("Name", 0)});
+  return false;
+}
+
+}  // namespace
 
 std::unique_ptr<Node> Classify(const Classification& table, mdk::IMdeEntity* member,
                                Container* parent) {
@@ -8,7 +26,9 @@ std::unique_ptr<Node> Classify(const Classification& table, mdk::IMdeEntity* mem
   for (const ClassificationRow& row : table) {
     if (!member->IsKindOf(row.metaclass)) continue;
     for (const Candidate& candidate : row.candidates) {
-      if (candidate.fits(member)) return candidate.make(member, parent);
+      if (!candidate.fits(member)) continue;
+      if (!mayStandTwice(row.metaclass) && !Take(member, *parent)) return nullptr;
+      return candidate.make(member, parent);
     }
     return nullptr;
   }

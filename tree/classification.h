@@ -25,7 +25,8 @@ struct ClassificationRow {
 
 using Classification = std::vector<ClassificationRow>;
 
-/// Builds the node of a member; null for one that is passed over, and for null.
+/// Builds the node of a member; null for one that is passed over, and for null. A member that was
+/// built elsewhere in the same top-level declaration is reported.
 std::unique_ptr<Node> Classify(const Classification& table, mdk::IMdeEntity* member,
                                Container* parent);
 

@@ -4,6 +4,7 @@
 #include <unordered_set>
 
 #include "agent/diagnostics.h"
+#include "agent/idl_exception.h"
 #include "options/options.h"
 #include "output/file.h"
 #include "output/layout.h"
@@ -62,13 +63,8 @@ const Classification moduleMembers = {
     {"Artifact", {{Carries<markings::corbaArtifact>, Make<Artifact>}}},
 };
 
-/// Whether an element is the one of a declaration or of something around it.
-bool isAround(const mdk::IMdeEntity* element, const Definition* declaration) {
-  for (; declaration != nullptr; declaration = declaration->Scope()) {
-    if (declaration->Entity() == element) return true;
-  }
-  return false;
-}
+/// Modules are the only declarations that nest without an end, and the tree is walked recursively.
+constexpr int deepest = 256;
 
 void WriteInclude(const std::string& fileName, std::ofstream& out) {
   newline(out);
@@ -96,7 +92,10 @@ class IncludeLines {
 
 }  // namespace
 
-Module::Module(mdk::IMdeEntity* element, Container* parent) : OrderedScope(element, parent) {
+Module::Module(mdk::IMdeEntity* element, Container* parent)
+    : OrderedScope(element, parent),
+      depth(parent == nullptr ? 1 : static_cast<const Module*>(parent)->depth + 1) {
+  if (depth > deepest) throw IDLException("module " + Name() + " is nested too deeply");
   CreateNodeRef();
   Init(element);
   if (children.empty()) Report(Message::moduleIsEmpty, {ScopedName("::")});
@@ -104,7 +103,6 @@ Module::Module(mdk::IMdeEntity* element, Container* parent) : OrderedScope(eleme
 
 void Module::Init(mdk::IMdeEntity* element) {
   for (mdk::IMdeEntity* member : Elements(element, "OwnedMember")) {
-    if (isAround(member, this)) continue;  // a package can't contain itself; a bad model may say so
     if (auto node = Classify(moduleMembers, member, this)) Adopt(std::move(node));
   }
 }

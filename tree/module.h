@@ -9,7 +9,8 @@ namespace mdktoidl {
 
 class Module : public OrderedScope {
  public:
-  /// A module inside `parent`; at the top of the tree when that is null.
+  /// A module inside `parent`, another module; at the top of the tree when that is null. Throws
+  /// `IDLException` when modules are nested more than 256 deep.
   Module(mdk::IMdeEntity* element, Container* parent);
 
   void EvaluateTypes(NodeList& deps) override;
@@ -34,6 +35,7 @@ class Module : public OrderedScope {
   void UnparseModuleScopeEnd(std::ofstream& out) const;
   void UnparsePackageRelationships(std::ofstream& out) const;
 
+  int depth;  // 1 at the top of the tree
   bool onlyModules = true;
   std::string fileName;
   NodeList external;  // what the contents use outside this module

@@ -19,6 +19,14 @@ Node* NodeRegistry::Find(const mdk::IMdeEntity* element, long serial) const {
   return node != nullptr && node->Entity() == element ? node : nullptr;
 }
 
-void NodeRegistry::Clear() { std::vector<Node*>().swap(nodes_); }
+void NodeRegistry::BeginTree(const mdk::IMdeEntity* element) {
+  taken_.clear();
+  taken_.insert(element);
+}
+
+void NodeRegistry::Clear() {
+  nodes_ = {};
+  taken_ = {};
+}
 
 }  // namespace mdktoidl

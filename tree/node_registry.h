@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <unordered_set>
 #include <vector>
 
 namespace mdk {
@@ -28,11 +29,20 @@ class NodeRegistry {
   /// The node with a number, if it was built for `element`; null otherwise.
   Node* Find(const mdk::IMdeEntity* element, long serial) const;
 
+  /// Begins a declaration at the top of the tree, which is built from `element`.
+  void BeginTree(const mdk::IMdeEntity* element);
+
+  /// Takes an element for a declaration inside the one that was begun. False when that has one for
+  /// it already: only a faulty model owns an element twice, and following it there would cost as
+  /// much as there are ways to it, or never end.
+  bool Take(const mdk::IMdeEntity* element) { return taken_.insert(element).second; }
+
   /// Forgets all nodes; for the beginning and the end of a run.
   void Clear();
 
  private:
   std::vector<Node*> nodes_;  // by number; null for one that can't be found
+  std::unordered_set<const mdk::IMdeEntity*> taken_;
 };
 
 extern NodeRegistry nodeRegistry;

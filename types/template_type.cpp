@@ -79,7 +79,7 @@ class TemplateChain {
   explicit TemplateChain(const TypeUser& user) : user_(user) {}
 
   void Build(mdk::IMdeEntity* outermost, TypeReference& result) {
-    mdk::IMdeEntity* element = outermost;
+    mdk::IMdeEntity* element = Enter(outermost);
     while (element != nullptr && element->GetMetaclass() == "TemplateInstantiation") {
       element = Enter(element);
     }
@@ -123,7 +123,7 @@ class TemplateChain {
       return Bounded(level);
     }
     if (element->IsKindOf("IntegerValue")) level.Refuse();
-    mdk::IMdeEntity* found = EvaluateBaseType2(element, user_, innermost);
+    mdk::IMdeEntity* found = EvaluatePlainType(element, innermost);
     if (found->IsKindOf("Attribute")) level.Refuse();
     return innermost.kind == primitiveType ? innermost.text : user_.Spell(found);
   }

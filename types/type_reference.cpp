@@ -63,18 +63,21 @@ mdk::IMdeEntity* GetType(mdk::IMdeEntity* element, const TypeUser& user, TypeRef
 
 mdk::IMdeEntity* EvaluateBaseType2(mdk::IMdeEntity* expression, const TypeUser& user,
                                    TypeReference& result) {
-  const std::string metaclass = expression->GetMetaclass();
-  if (metaclass == "TemplateInstantiation") {
-    RetrieveTemplate(expression, user, result);
-    return expression;
+  if (expression->GetMetaclass() != "TemplateInstantiation") {
+    return EvaluatePlainType(expression, result);
   }
+  RetrieveTemplate(expression, user, result);
+  return expression;
+}
+
+mdk::IMdeEntity* EvaluatePlainType(mdk::IMdeEntity* expression, TypeReference& result) {
   const std::string predefined = PrimitiveToString(expression);
   if (!predefined.empty()) {
     SetDefinition(nullptr, primitiveType, predefined, result);
     return expression;
   }
   const std::string name = expression->GetValue("Name", 0);
-  if (metaclass != "Ident") {
+  if (expression->GetMetaclass() != "Ident") {
     SetDefinition(expression, definition, name, result);
     return expression;
   }

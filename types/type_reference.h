@@ -38,4 +38,7 @@ mdk::IMdeEntity* GetType(mdk::IMdeEntity* element, const TypeUser& user, TypeRef
 mdk::IMdeEntity* EvaluateBaseType2(mdk::IMdeEntity* expression, const TypeUser& user,
                                    TypeReference& result);
 
+/// The same for what is no template, whatever its metaclass says.
+mdk::IMdeEntity* EvaluatePlainType(mdk::IMdeEntity* expression, TypeReference& result);
+
 }  // namespace mdktoidl

@@ -1,0 +1,246 @@
+// Models that are very deep, that lead in circles or that own an element in several places: the
+// agent's stack stays small and its time grows with the model.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <ctime>
+#include <string>
+#include <vector>
+
+#include "tests/support/export.h"
+#include "tests/support/small_stack.h"
+
+namespace {
+
+using model::Element;
+using model::Symbol;
+using support::ExportBench;
+using support::Exported;
+using testing::Contains;
+using testing::EndsWith;
+using testing::HasSubstr;
+
+#ifdef __OPTIMIZE__
+constexpr std::size_t many = 100'000;
+#else
+constexpr std::size_t many = 16'000;  // unoptimised and checked code takes its time
+#endif
+
+std::string Named(const char* name, std::size_t number) { return name + std::to_string(number); }
+
+/// Makes `count` things in a module and links each with the next; the last with the first in a
+/// circle, with none otherwise.
+template <typename MakeOne, typename Link>
+void Chain(std::size_t count, bool isCircle, MakeOne makeOne, Link link) {
+  std::vector<Element*> made;
+  for (std::size_t number = 0; number < count; ++number) made.push_back(&makeOne(number));
+  for (std::size_t number = 0; number + 1 < count; ++number) link(*made[number], *made[number + 1]);
+  if (isCircle) link(*made.back(), *made.front());
+}
+
+using Build = void (*)(ExportBench& bench, Element& module, std::size_t count, bool isCircle);
+
+void BuildInterfaces(ExportBench& b, Element& m, std::size_t count, bool isCircle) {
+  Chain(
+      count,
+      isCircle, [&](std::size_t number) -> auto& { return b.Interface(m, Named("I", number)); },
+      [&](Element& special, Element& general) { b.Generalize(special, general); });
+}
+
+void BuildValues(ExportBench& b, Element& m, std::size_t count, bool isCircle) {
+  Chain(
+      count, isCircle, [&](std::size_t number) -> auto& { return b.Value(m, Named("V", number)); },
+      [&](Element& special, Element& general) { b.Generalize(special, general); });
+}
+
+/// The first definition tells the cases of a union apart, too.
+void BuildTypedefs(ExportBench& b, Element& m, std::size_t count, bool isCircle) {
+  Element* first = nullptr;
+  Chain(
+      count, isCircle,
+      [&](std::size_t number) -> auto& {
+        auto& made = b.Class(m, Named("T", number), "CORBATypedef");
+        if (first == nullptr) first = &made;
+        if (number + 1 == count && !isCircle) b.Attribute(made, "of", "long");
+        return made;
+      },
+      [&](Element& alias, Element& aliased) { b.Attribute(alias, "of", aliased); });
+  auto& choice = b.Class(m, "Choice", "CORBAUnion");
+  b.Attribute(choice, "kind", *first);
+  b.Mark(b.Keyword(b.Attribute(choice, "rest", "long"), "case"), "case", {{"isDefault", "true"}});
+}
+
+/// Every constant bounds a sequence, too.
+void BuildConstants(ExportBench& b, Element& m, std::size_t count, bool isCircle) {
+  auto& holder = b.Struct(m, "Holder");
+  Chain(
+      count, isCircle,
+      [&](std::size_t number) -> auto& {
+        auto& made = b.Constant(m, Named("C", number), "long", 7);
+        b.Range(b.Attribute(holder, Named("x", number), "octet"), 0, made);
+        return made;
+      },
+      [&](Element& constant, Element& next) { b.Default(constant, next); });
+}
+
+void BuildTemplates(ExportBench& b, Element& m, std::size_t count, bool isCircle) {
+  Element* outermost = nullptr;
+  Chain(
+      count, isCircle,
+      [&](std::size_t number) -> auto& {
+        const bool isLast = number + 1 == count && !isCircle;
+        auto& made = isLast ? b.Template("sequence", {"long"}) : b.Template("sequence", {});
+        if (outermost == nullptr) outermost = &made;
+        return made;
+      },
+      [&](Element& outer, Element& inner) {
+        outer.AddEntity(Symbol("ActualTemplateParameter"), inner);
+      });
+  b.Attribute(b.Class(m, "Deep", "CORBATypedef"), "of", *outermost);
+}
+
+struct ShapeCase {
+  const char* what;
+  Build build;
+  bool isCircle;
+  const char* ending;  // of the messages
+};
+
+void PrintTo(const ShapeCase& shape, std::ostream* out) { *out << shape.what; }
+
+class AgentDepth : public testing::TestWithParam<ShapeCase> {};
+
+/// The processor time of the least of two runs.
+std::clock_t Cost(const ShapeCase& shape, std::size_t count) {
+  ExportBench bench;
+  auto& module = bench.Module("M");
+  shape.build(bench, module, count, shape.isCircle);
+  auto& artifact = bench.Artifact({&module});
+  std::clock_t least = 0;
+  for (int round = 0; round < 2; ++round) {
+    const std::clock_t start = std::clock();
+    EXPECT_THAT(bench.Run(&artifact).Messages(), EndsWith(shape.ending));
+    const std::clock_t cost = std::clock() - start;
+    least = round == 0 ? cost : std::min(least, cost);
+  }
+  return least;
+}
+
+TEST_P(AgentDepth, CostsTimeByItsSizeAndNoStack) {
+  constexpr std::size_t times = 8;
+  constexpr std::clock_t margin = 3;  // what grows with the square would take eight times more
+  support::OnSmallStack([] {
+    const std::clock_t few = Cost(GetParam(), many / times);
+    EXPECT_LT(Cost(GetParam(), many), margin * static_cast<std::clock_t>(times) * few);
+  });
+}
+
+const std::string finished = "IDL exporter finished.\n";
+
+INSTANTIATE_TEST_SUITE_P(
+    Shapes, AgentDepth,
+    testing::Values(
+        ShapeCase{"generalizations", BuildInterfaces, false,
+                  "started...\nIDL exporter finished.\n"},
+        ShapeCase{"a circle of generalizations", BuildInterfaces, true,
+                  "started...\nIDL exporter finished.\n"},
+        ShapeCase{"generalizations of values", BuildValues, false,
+                  "started...\nIDL exporter finished.\n"},
+        ShapeCase{"a circle of values", BuildValues, true, "started...\nIDL exporter finished.\n"},
+        ShapeCase{"type definitions", BuildTypedefs, false, "started...\nIDL exporter finished.\n"},
+        ShapeCase{"a circle of type definitions", BuildTypedefs, true,
+                  " warningsIDL exporter finished.\n"},
+        ShapeCase{"constants", BuildConstants, false, " warningsIDL exporter finished.\n"},
+        ShapeCase{"a circle of constants", BuildConstants, true,
+                  " warningsIDL exporter finished.\n"},
+        ShapeCase{"templates", BuildTemplates, false, "started...\nIDL exporter finished.\n"},
+        ShapeCase{
+            "a circle of templates", BuildTemplates, true,
+            "A parameter of sequence template has incorrect type\n\nIDL exporter aborted.\n"}));
+
+// --- Modules -------------------------------------------------------------------------------------
+
+/// Modules N1, N2... each inside the one before, the first in `outermost`; the last holds a struct.
+void NestModules(ExportBench& b, Element& outermost, std::size_t depth) {
+  Element* innermost = &outermost;
+  for (std::size_t level = 1; level <= depth; ++level) {
+    innermost = &b.Module(*innermost, Named("N", level));
+  }
+  b.Attribute(b.Struct(*innermost, "S"), "x", "long");
+}
+
+Exported ExportNested(std::size_t depth, const char* mapping) {
+  Exported result;
+  support::OnSmallStack([&] {
+    ExportBench bench;
+    auto& module = bench.Module("M");
+    NestModules(bench, module, depth);
+    result = bench.Export({&module}, {{"fileMapping", mapping}});
+  });
+  return result;
+}
+
+TEST(AgentDepthOfModules, EndsWithAClearTextAndTheStackStaysSmall) {
+  for (const char* mapping : {"ONE_FILE", "MODULE_FLAT", "MODULE_STRUCTURED"}) {
+    SCOPED_TRACE(mapping);
+    EXPECT_THAT(ExportNested(20, mapping).Messages(), EndsWith("started...\n" + finished));
+    EXPECT_THAT(ExportNested(255, mapping).Messages(), EndsWith(finished));
+    const std::string tooDeep =
+        "Internal error in IDL exporter agent: module N256 is nested too deeply\n"
+        "\nIDL exporter aborted.\n";
+    EXPECT_THAT(ExportNested(256, mapping).Messages(), EndsWith(tooDeep));
+    EXPECT_THAT(ExportNested(many, mapping).Messages(), EndsWith(tooDeep));
+  }
+}
+
+std::string LeftOut(const std::string& owner, const std::string& member) {
+  return "Warning - " + owner +
+         " has a member that is declared elsewhere and left out here: " + member + "\n";
+}
+
+TEST(AgentDepthOfModules, AModuleThatContainsItselfIsDeclaredOnce) {
+  ExportBench bench;
+  auto& outer = bench.Module("Outer");
+  auto& inner = bench.Module(outer, "Inner");
+  bench.Attribute(bench.Struct(inner, "S"), "x", "long");
+  inner.AddEntity(Symbol("OwnedMember"), outer);
+  inner.AddEntity(Symbol("OwnedMember"), inner);
+  const Exported run = bench.Export({&outer});
+  EXPECT_EQ(run.Diagnostics(), LeftOut("Outer::Inner", "Inner") + LeftOut("Outer::Inner", "Outer"));
+  EXPECT_THAT(run.Body(), HasSubstr("module Outer {\n    \n    module Inner {"));
+}
+
+// Each of the levels stands twice in the one above, so there are more ways down than can be walked.
+TEST(AgentDepthOfModules, WhatIsOwnedTwiceIsDeclaredOnce) {
+  ExportBench bench;
+  std::vector<Element*> levels{&bench.Module("M")};
+  for (std::size_t level = 1; level <= 100; ++level) {
+    levels.push_back(&bench.Module(*levels.back(), Named("N", level)));
+    levels[level - 1]->AddEntity(Symbol("OwnedMember"), *levels[level]);
+  }
+  auto& interface = bench.Interface(*levels.back(), "I");
+  auto& type = bench.Struct(interface, "S");
+  bench.Attribute(type, "x", "long");
+  bench.Parameter(bench.Operation(interface, "op"), "x", type);
+  const auto members = interface.Entities(Symbol("OwnedMember"));
+  for (Element* member : std::vector<Element*>(members.begin(), members.end())) {
+    interface.AddEntity(Symbol("OwnedMember"), *member);
+  }
+  const Exported run = bench.Export({levels.front()});
+  EXPECT_THAT(run.pieces, Contains("There were 0 errors and 102 warnings"));
+  EXPECT_THAT(run.Body(), HasSubstr("op(in S x);"));
+}
+
+// A signal is declared in every interface that receives it.
+TEST(AgentDepthOfModules, SignalsMayStandInSeveralInterfaces) {
+  ExportBench bench;
+  auto& module = bench.Module("M");
+  auto& signal = bench.Signal(bench.Interface(module, "I"), "changed");
+  bench.Interface(module, "J").AddEntity(Symbol("OwnedMember"), signal);
+  EXPECT_EQ(bench.Export({&module}).Outcome(),
+            "\ninterface I {\n    oneway void changed();\n};\n\ninterface J {\n"
+            "    oneway void changed();\n};");
+}
+
+}  // namespace
