@@ -40,7 +40,11 @@ struct Cache {
 const Expression& Expression::Of(std::string_view text) {
   static Cache& cache = *new Cache;  // never freed, like the symbols
   const std::uint32_t number = cache.texts.Enter(text);
-  if (number == cache.parsed.size()) cache.parsed.push_back(Parse(text));
+  // As a rule one, unless memory ran out between the two steps.
+  while (cache.parsed.size() <= number) {
+    const auto missing = static_cast<std::uint32_t>(cache.parsed.size());
+    cache.parsed.push_back(Parse(cache.texts.Text(missing)));
+  }
   return cache.parsed[number];
 }
 

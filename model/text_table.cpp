@@ -68,8 +68,8 @@ std::uint32_t TextTable::Enter(std::string_view text) {
     place = Place(text, hash);
   }
   const auto number = static_cast<std::uint32_t>(texts_.size());
+  texts_.push_back(arena_.Copy(text));  // first, because it may fail
   cells_[place] = {hash, number};
-  texts_.push_back(arena_.Copy(text));
   return number;
 }
 
