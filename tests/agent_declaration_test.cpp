@@ -79,15 +79,6 @@ module N {
   ExpectOutcomes(cases);
 }
 
-TEST(AgentModule, ThatContainsItselfIsBuiltOnce) {
-  ExportBench bench;
-  auto& module = bench.Module("M");
-  auto& nested = bench.Module(module, "N");
-  nested.AddEntity(Symbol("OwnedMember"), module);
-  nested.AddEntity(Symbol("OwnedMember"), nested);
-  EXPECT_EQ(bench.Export({&module}).Outcome(), "Warning - module M::N is empty\n\nmodule N {\n};");
-}
-
 TEST(AgentStruct, HasItsPublicAttributesAsMembers) {
   const OutcomeCase cases[] = {
       {"members in model order; a visibility that isn't given is public",
