@@ -24,3 +24,10 @@ if(IDLEXPORT_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
 endif()
+
+# Fuzzers watch which code an input reaches, in every part of the project.
+option(IDLEXPORT_BUILD_FUZZERS "Build the fuzzers, which takes clang" OFF)
+if(IDLEXPORT_BUILD_FUZZERS)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+  add_link_options(-fsanitize=fuzzer-no-link)
+endif()
