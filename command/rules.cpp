@@ -93,6 +93,7 @@ constexpr Rule rules[] = {
     {"nothing-to-export", "The artifact manifests what it exports"},
     {"file-not-opened", "The files can be written"},
     {"export-aborted", "The export comes to its end"},
+    {"failure", "The command can do what it was asked to"},
     {"unclassified", "A message without a rule of its own"},
 
     // The names that would be written
@@ -102,7 +103,9 @@ constexpr Rule rules[] = {
     {"name-hides-scope", "A declaration does not have the name of the scope around it"},
     {"enumerator-clash",
      "An enumerator's name is the only one in the scope around its enumeration"},
-    {"unsafe-name", "Names do nothing in a file or a path but name"},
+    {"use-clash", "A declaration does not have the name of something that its scope uses"},
+    {"unsafe-name", "A name that makes up a file's path leads to no other place"},
+    {"file-clash", "Every module with a file of its own has a file name of its own"},
 
     // The model's files
     {"dangling-reference", "A reference leads to an element"},

@@ -274,26 +274,42 @@ TEST(Diagnostics, LeadFromTheAgentsTextsToTheSpotInTheFile) {
 
 TEST(Diagnostics, TellOfTheReadersRemarks) {
   support::XmiFiles files;
-  files.ReadModel(
-      R"(<packagedElement xmi:type="uml:Class" xmi:id="a" name="A" visibility="odd">
-           <ownedAttribute xmi:id="a" name="x" type="nowhere"/>
-           <ownedAttribute xmi:id="y" name="y">
-             <type href="http://far.away/t.uml#t"/>
-           </ownedAttribute>
-           <ownedAttribute xmi:id="z" name="z"><type href="missing.uml#t"/></ownedAttribute>
-         </packagedElement>
-         <packagedElement xmi:type="uml:Dependency" xmi:id="d" client="a"/>)",
-      R"(<C:CORBAStruct xmi:id="s" base_Class="gone"/>)");
-  std::vector<std::string> rules;
+  files.Write("page.uml", "<project/>");
+  files.Write("part.uml", "<uml:Package " + std::string(support::kNamespaces) + " xmi:id='f'/>");
+  files.ReadModel(R"(
+      <packagedElement xmi:type="uml:Class" xmi:id="a" name="A" visibility="odd">
+        <ownedAttribute xmi:id="a" name="x" type="nowhere"/>
+        <ownedAttribute xmi:id="w"><type href="http://far.away/t.uml#t"/></ownedAttribute>
+        <ownedAttribute xmi:id="y"><type href="missing.uml#t"/></ownedAttribute>
+        <ownedAttribute xmi:id="z" type="a">
+          <upperValue xmi:type="uml:LiteralString" value="1 + 2"/>
+        </ownedAttribute>
+      </packagedElement>
+      <packagedElement xmi:type="uml:Class" xmi:id="t" name="T"><templateBinding>
+        <signature href="CORBA.library.uml#sequence_signature"/>
+        <parameterSubstitution actual="t"/>
+        <parameterSubstitution>
+          <ownedActual xmi:type="uml:LiteralString" value="1 + 2"/>
+        </parameterSubstitution>
+      </templateBinding></packagedElement>
+      <packagedElement xmi:type="uml:Package" href="part.uml#f"/>
+      <packagedElement xmi:type="uml:Package" href="part.uml#f"/>
+      <packagedElement xmi:type="uml:Package" href="page.uml#f"/>
+      <packagedElement xmi:type="uml:Dependency" xmi:id="d" client="a"/>)",
+                  R"(<C:CORBAStruct base_Class="a"/><C:CORBAStruct base_Class="a"/>
+                     <C:CORBAStruct base_Class="gone"/>)");
+  std::set<std::string> rules;
   for (const Diagnostic& each : command::DiagnosticsOf(files.Reader())) {
     EXPECT_EQ(each.severity, command::Severity::kWarning);
     EXPECT_NE(each.location.line, 0U) << each.text;
     EXPECT_NE(command::FindRule(each.rule), nullptr) << each.rule;
-    rules.push_back(each.rule);
+    rules.insert(each.rule);
   }
-  EXPECT_THAT(rules, testing::UnorderedElementsAre(
-                         "value-unknown", "duplicate-id", "reference-not-local", "file-unreadable",
-                         "dangling-reference", "dependency-incomplete", "stereotype-dangling"));
+  EXPECT_THAT(
+      rules, ElementsAre("bound-unreadable", "dangling-reference", "dependency-incomplete",
+                         "duplicate-id", "file-not-a-model", "file-unreadable", "misplaced-element",
+                         "reference-not-local", "stereotype-dangling", "stereotype-twice",
+                         "template-parameter-unreadable", "template-recursive", "value-unknown"));
 }
 
 // The document is a table: | severity | `message` | `rule` | meaning and remedy |
