@@ -90,16 +90,27 @@ const Element& ElementFinder::Find(const MessageMeaning& message) {
 
 const Element* ElementFinder::FindScoped(std::string_view name, Named named) {
   std::optional<std::string_view> path = name;
-  SameNamed found;
-  for (Scope* scope = &scopes_.front(); path; scope = &Inner(*scope, found)) {
+  Scope* scope = &scopes_.front();
+  SameNamed found = Take(scope->members, path);
+  if (found.empty()) return nullptr;
+  while (path) {
+    scope = &Inner(*scope, found);
     const SameNamed next = Take(scope->members, path);
-    if (next.empty()) return found.empty() ? nullptr : found.front().element;
+    if (next.empty()) return found.front().element;
     found = next;
   }
+  return Fittest(found, named);
+}
+
+const Element* ElementFinder::Fittest(SameNamed found, Named named) {
+  // Many messages may be about a name that many elements have; a later one is no better a guess.
+  constexpr std::size_t mostCompared = 64;
+  const auto end =
+      found.begin() + static_cast<std::ptrdiff_t>(std::min(found.size(), mostCompared));
   const auto lessFit = [named](const Member& left, const Member& right) {
     return Fitness(*left.element, named) < Fitness(*right.element, named);
   };
-  return std::max_element(found.begin(), found.end(), lessFit)->element;
+  return std::max_element(found.begin(), end, lessFit)->element;
 }
 
 /// The message leaves out the scope, but it says that there are too many types.

@@ -53,6 +53,8 @@ class ElementFinder {
   static SameNamed Find(const Members& members, std::string_view name);
   static SameNamed Take(const Members& members, std::optional<std::string_view>& path);
 
+  static const model::Element* Fittest(SameNamed found, Named named);
+
   const model::Element* FindScoped(std::string_view name, Named named);
   const model::Element* FindPort(std::string_view name);
   Scope& Inner(Scope& scope, SameNamed owners);

@@ -185,10 +185,14 @@ TEST(ElementFinder, StaysLinearInManyMessagesOnOneScope) {
     names.push_back("f" + std::to_string(i));
     b.Make(s, "Attribute", names.back());
   }
+  auto& twins = b.Struct(m, "Twins");
+  for (int i = 0; i < count; ++i) b.Make(twins, "Attribute", "twin");
   command::ElementFinder finder(b.Artifact({&m}));
   const auto fields = s.Entities(model::Symbol("OwnedMember"));
   for (std::size_t i = 0; i < count; ++i) {
     ASSERT_EQ(&finder.Find({"type-unknown", Named::kAttribute, "M::S::" + names[i]}), fields[i]);
+    ASSERT_EQ(&finder.Find({"type-unknown", Named::kAttribute, "M::Twins::twin"}),
+              twins.Entities(model::Symbol("OwnedMember"))[0]);
   }
 }
 
