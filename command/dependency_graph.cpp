@@ -18,9 +18,10 @@ std::optional<std::uint32_t> Place(std::uint32_t place) {
   return place == none ? std::nullopt : std::optional(place);
 }
 
-void SortUnique(Pairs& pairs) {
-  std::ranges::sort(pairs);
-  pairs.erase(std::ranges::unique(pairs).begin(), pairs.end());
+template <typename Item>
+void SortUnique(std::vector<Item>& items) {
+  std::sort(items.begin(), items.end());
+  items.erase(std::unique(items.begin(), items.end()), items.end());
 }
 
 class GraphMaker {
@@ -99,8 +100,7 @@ class GraphMaker {
         if (isData) dataEdges_.emplace_back(datum, datumOf_[use.used]);
       }
     }
-    std::ranges::sort(graph_.edges);
-    graph_.edges.erase(std::ranges::unique(graph_.edges).begin(), graph_.edges.end());
+    SortUnique(graph_.edges);
     SortUnique(dataEdges_);
   }
 
@@ -122,8 +122,7 @@ class GraphMaker {
     for (const auto& [from, to] : dataEdges_) {
       if (components[from] == components[to]) cyclic.push_back(nodeOf_[from]);
     }
-    std::ranges::sort(cyclic);
-    cyclic.erase(std::ranges::unique(cyclic).begin(), cyclic.end());
+    SortUnique(cyclic);
     for (const std::uint32_t node : cyclic) graph_.edges.push_back({node, node, false, true});
   }
 

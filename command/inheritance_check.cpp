@@ -95,9 +95,12 @@ class NameInheritance {
 
  private:
   std::size_t PassOn(DeclarationIndex base) {
-    const auto derived = std::ranges::equal_range(edges_, base, {}, &Edge::base);
-    for (const Edge& edge : derived) Receive(edge.derived, inherited_[base]);
-    return derived.size() + 1;
+    std::size_t steps = 1;
+    auto edge = std::ranges::lower_bound(edges_, base, {}, &Edge::base);
+    for (; edge != edges_.end() && edge->base == base; ++edge, ++steps) {
+      Receive(edge->derived, inherited_[base]);
+    }
+    return steps;
   }
 
   void Receive(DeclarationIndex heir, DeclarationIndex member) {
