@@ -12,7 +12,7 @@ using Kind = DeclarationKind;
 constexpr std::string_view head =
     "digraph idl {\n"
     "  graph [fontname=\"Helvetica,Arial,sans-serif\", fontsize=12, fontcolor=\"#3c4858\",\n"
-    "         rankdir=TB, nodesep=0.3, ranksep=0.55, pad=0.25, newrank=true]\n"
+    "         nodesep=0.3, ranksep=0.55, pad=0.25]\n"
     "  node [fontname=\"Helvetica,Arial,sans-serif\", fontsize=11, fontcolor=\"#1f2933\",\n"
     "        shape=box, style=\"filled,rounded\", margin=\"0.14,0.07\", height=0.3,\n"
     "        color=\"#7f9bbd\", fillcolor=\"#e6f0fb\"]\n"
@@ -69,6 +69,10 @@ class DotWriter {
 
   std::string Write() && {
     text_ = head;
+    // Many modules side by side make a picture that no window shows; below each other they can be
+    // scrolled through.
+    constexpr std::size_t mostSideBySide = 12;
+    if (graph_.modules.size() > mostSideBySide) Line(1, "rankdir=LR");
     WriteModules();
     for (const GraphEdge& edge : graph_.edges) WriteEdge(edge);
     text_ += "}\n";
