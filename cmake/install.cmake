@@ -65,6 +65,8 @@ Reads UML models in XMI files, as modelling tools save them, and writes
 the CORBA IDL that their marked packages, interfaces and classes stand for:
 declarations in the order that IDL wants, cycles broken by forward
 declarations, and what IDL doesn't allow reported by name.")
+# Draws the pictures of --graph.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS graphviz)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY})
 include(CPack)
