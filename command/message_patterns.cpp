@@ -196,7 +196,11 @@ constexpr Pattern patterns[] = {
     {"parameter {} has a type that is not marked as a CORBA type or not included in the generation",
      "type-not-exported", Named::kParameter},
 
-    // What ends an export, and mentions no element
+    // Any container
+    {"{} has a member that is declared elsewhere and left out here: {}", "member-declared-twice"},
+
+    // What ends an export, and mentions no element by its scoped name
+    {"module {} is nested too deeply", "module-too-deep", Named::kNothing},
     {"Failed to find value for {}", "setting-missing", Named::kNothing},
     {"Failed to interpret ident correctly", "name-unresolved", Named::kNothing},
     {"A parameter of {} template has incorrect type", "template-parameter", Named::kNothing},

@@ -8,6 +8,8 @@ namespace {
 constexpr Rule rules[] = {
     // Modules and ordering
     {"module-empty", "A module holds at least one declaration"},
+    {"member-declared-twice", "An element is a member of one scope only"},
+    {"module-too-deep", "Modules are nested at most 256 deep"},
     {"forward-impossible",
      "A cycle of declarations needs forward declarations, which IDL has for "
      "interfaces, value types, structs, unions and components alone"},

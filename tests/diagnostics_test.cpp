@@ -53,9 +53,9 @@ const std::set<Message> valueMessages = {
 std::string Composed(Message message, const std::string& name) {
   if (valueMessages.contains(message)) return mdktoidl::Compose(message, {"event", name});
   const std::string_view text = Text(message);
+  if (text.find("{}") != text.rfind("{}")) return mdktoidl::Compose(message, {name, "another"});
   if (text.starts_with("{}")) return mdktoidl::Compose(message, {"union case " + name});
-  if (text.find("{}") == text.rfind("{}")) return mdktoidl::Compose(message, {name});
-  return mdktoidl::Compose(message, {name, "another"});
+  return mdktoidl::Compose(message, {name});
 }
 
 TEST(MessagePatterns, GiveEveryMessageItsRule) {
