@@ -54,6 +54,11 @@ class Declarations {
   /// Whether `index` is `outer` or stands inside it. Everything stands inside `kNoDeclaration`.
   bool IsInside(DeclarationIndex index, DeclarationIndex outer) const;
 
+  /// The scope that a declaration's name lies in: an enumerator's is that around the enumeration.
+  DeclarationIndex ScopeOf(DeclarationIndex index) const;
+  /// The declaration at the top that one is or stands in.
+  DeclarationIndex Outermost(DeclarationIndex index) const;
+
   /// Calls `visit` with each declaration directly inside one, or at the top for `kNoDeclaration`.
   template <typename Visit>
   void ForEachChild(DeclarationIndex parent, Visit visit) const {

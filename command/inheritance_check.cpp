@@ -36,12 +36,15 @@ std::vector<Edge> EdgesOf(const Declarations& declarations, const DeclarationUse
   return edges;
 }
 
-/// Something declared in an interface, or in what else inherits.
+/// How a name stands in an interface, or in what else inherits.
+enum class Role { kInherited, kOwn, kUsed };
+
 struct Member {
   std::size_t name;  // a number for each name
   DeclarationIndex owner;
   DeclarationIndex declaration;
-  bool isInherited;
+  Role role;
+  DeclarationIndex user = kNoDeclaration;  // what uses it, if it is used
 };
 
 bool IsInherited(Kind kind) {
@@ -49,22 +52,63 @@ bool IsInherited(Kind kind) {
          kind == Kind::kPort;
 }
 
-/// All that stands in what can inherit, by name, those of one name in the model's order. An
-/// enumerator counts as a member where its enumeration does.
-std::vector<Member> MembersOfAll(const Declarations& declarations) {
-  std::vector<Member> members;
-  std::unordered_map<std::string_view, std::size_t, NameHash, NameEqual> names;
-  for (DeclarationIndex index = 0; index < declarations.Size(); ++index) {
-    DeclarationIndex owner = declarations[index].parent;
-    if (declarations[index].kind == Kind::kEnumerator) owner = declarations[owner].parent;
-    if (owner == kNoDeclaration || !InheritsMembers(declarations[owner].kind)) continue;
-    const std::string_view name = declarations.Name(index);
-    if (name.empty()) continue;
-    const std::size_t number = names.try_emplace(name, names.size()).first->second;
-    members.push_back({number, owner, index, IsInherited(declarations[index].kind)});
+/// Collects all that stands in what can inherit, and all that it uses.
+class MemberCollector {
+ public:
+  explicit MemberCollector(const Declarations& declarations) : declarations_(declarations) {}
+
+  /// An enumerator counts as a member where its enumeration does.
+  void AddMembers() {
+    for (DeclarationIndex index = 0; index < declarations_.Size(); ++index) {
+      const DeclarationIndex owner = declarations_.ScopeOf(index);
+      if (owner == kNoDeclaration || !InheritsMembers(declarations_[owner].kind)) continue;
+      const Role role = IsInherited(declarations_[index].kind) ? Role::kInherited : Role::kOwn;
+      Add(declarations_.Name(index), {0, owner, index, role});
+    }
   }
-  std::ranges::stable_sort(members, {}, &Member::name);
-  return members;
+
+  /// What an heir uses, by the name that it is written with: the outermost where it isn't visible.
+  void AddUses(DeclarationIndex owner, const DeclarationUses& uses) {
+    for (DeclarationIndex user = owner; user < declarations_[owner].end; ++user) {
+      for (const Use& use : uses.Of(user)) {
+        const bool isInBody = use.place != UsePlace::kBase && use.place != UsePlace::kHeader;
+        if (!isInBody || declarations_.IsInside(use.used, owner)) continue;
+        const bool isVisible = use.place == UsePlace::kRaised ||
+                               declarations_.IsInside(owner, declarations_.ScopeOf(use.used));
+        const auto written = isVisible ? use.used : declarations_.Outermost(use.used);
+        Add(declarations_.Name(written), {0, owner, use.used, Role::kUsed, user});
+      }
+    }
+  }
+
+  /// By name, those of one name in the order added.
+  std::vector<Member> Sorted() && {
+    std::ranges::stable_sort(members_, {}, &Member::name);
+    return std::move(members_);
+  }
+
+ private:
+  void Add(std::string_view name, Member member) {
+    if (name.empty()) return;
+    member.name = names_.try_emplace(name, names_.size()).first->second;
+    members_.push_back(member);
+  }
+
+  const Declarations& declarations_;
+  std::vector<Member> members_;
+  std::unordered_map<std::string_view, std::size_t, NameHash, NameEqual> names_;
+};
+
+std::vector<Member> MembersOf(const Declarations& declarations, const DeclarationUses& uses,
+                              std::span<const Edge> edges) {
+  std::vector<bool> inherits(declarations.Size());
+  for (const Edge& edge : edges) inherits[edge.derived] = true;
+  MemberCollector collector(declarations);
+  collector.AddMembers();
+  for (DeclarationIndex index = 0; index < declarations.Size(); ++index) {
+    if (inherits[index]) collector.AddUses(index, uses);
+  }
+  return std::move(collector).Sorted();
 }
 
 /// Follows the members of one name from where they are declared to all that inherit them. What
@@ -79,11 +123,16 @@ class NameInheritance {
   std::size_t Check(std::span<const Member> members) {
     inherited_.clear();
     own_.clear();
+    used_.clear();
     reported_.clear();
     queue_.clear();
     for (const Member& member : members) {
+      if (member.role == Role::kUsed) {
+        used_.try_emplace(member.owner, &member);
+        continue;
+      }
       own_.try_emplace(member.owner, member.declaration);
-      if (!member.isInherited) continue;
+      if (member.role != Role::kInherited) continue;
       if (inherited_.try_emplace(member.owner, member.declaration).second) {
         queue_.push_back(member.owner);
       }
@@ -106,6 +155,7 @@ class NameInheritance {
   void Receive(DeclarationIndex heir, DeclarationIndex member) {
     const auto [entry, isNew] = inherited_.try_emplace(heir, member);
     if (isNew) queue_.push_back(heir);
+    CheckUse(heir, member);
     const auto own = own_.find(heir);
     const bool isOwn = own != own_.end() && own->second != member;
     const bool isOther = entry->second != member;
@@ -123,11 +173,22 @@ class NameInheritance {
     }
   }
 
+  void CheckUse(DeclarationIndex heir, DeclarationIndex member) {
+    const auto used = used_.find(heir);
+    if (used == used_.end() || used->second->declaration == member) return;
+    findings_.Warn("use-clash", used->second->user,
+                   declarations_.Describe(used->second->user) + " uses " +
+                       declarations_.Describe(used->second->declaration) +
+                       ", which the inherited " + declarations_.Describe(member) + " hides");
+    used_.erase(used);
+  }
+
   const Declarations& declarations_;
   std::span<const Edge> edges_;
   NameFindings& findings_;
   std::unordered_map<DeclarationIndex, DeclarationIndex> own_;        // by owner, the first
   std::unordered_map<DeclarationIndex, DeclarationIndex> inherited_;  // what each passes on
+  std::unordered_map<DeclarationIndex, const Member*> used_;          // by owner, the first
   std::unordered_set<DeclarationIndex> reported_;
   std::vector<DeclarationIndex> queue_;
 };
@@ -135,7 +196,8 @@ class NameInheritance {
 /// Whether members of one name can clash: one alone can't, nor can types among themselves, which an
 /// heir may declare anew.
 bool MayClash(std::span<const Member> members) {
-  return members.size() > 1 && std::ranges::any_of(members, &Member::isInherited);
+  const auto isInherited = [](const Member& member) { return member.role == Role::kInherited; };
+  return members.size() > 1 && std::ranges::any_of(members, isInherited);
 }
 
 }  // namespace
@@ -147,7 +209,7 @@ void CheckInheritance(const Declarations& declarations, const DeclarationUses& u
   constexpr std::size_t stepsPerDeclaration = 64;
   const std::vector<Edge> edges = EdgesOf(declarations, uses);
   if (edges.empty()) return;
-  const std::vector<Member> members = MembersOfAll(declarations);
+  const std::vector<Member> members = MembersOf(declarations, uses, edges);
   NameInheritance inheritance(declarations, edges, findings);
   std::size_t steps = 0;
   for (auto first = members.begin(); first != members.end();) {

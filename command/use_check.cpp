@@ -17,13 +17,6 @@ bool IsUsedInModule(Kind member) {
          member == Kind::kBoxedValue;
 }
 
-/// The scope that a declaration's name lies in: an enumerator's is that around the enumeration.
-DeclarationIndex ScopeOf(const Declarations& declarations, DeclarationIndex index) {
-  const bool isEnumerator = declarations[index].kind == Kind::kEnumerator;
-  const DeclarationIndex parent = declarations[index].parent;
-  return isEnumerator ? declarations[parent].parent : parent;
-}
-
 std::string_view LastPart(std::string_view name) {
   const auto separator = name.rfind("::");
   return separator == name.npos ? name : name.substr(separator + 2);
@@ -78,7 +71,7 @@ void UseCheck::CheckUse(const Use& use, DeclarationIndex user) {
       return CheckName(name, use.used, user, use.place);
     }
   }
-  const DeclarationIndex outermost = Outermost(use.used);
+  const DeclarationIndex outermost = declarations_.Outermost(use.used);
   CheckName(declarations_.Name(outermost), outermost, user, use.place);
 }
 
@@ -139,21 +132,14 @@ bool UseCheck::IsItself(DeclarationIndex found, DeclarationIndex used) const {
 /// Whether the agent writes a declaration by its simple name: it compares the names of scopes as
 /// texts, so a module that is opened twice counts as one.
 bool UseCheck::IsVisible(DeclarationIndex used, DeclarationIndex user) const {
-  const DeclarationIndex scope = ScopeOf(declarations_, used);
+  const DeclarationIndex scope = declarations_.ScopeOf(used);
   if (declarations_.IsInside(user, scope)) return true;
   // Few names clash: the texts are worth making for those only.
   if (names_->Find(declarations_.Name(used)) == kNoDeclaration &&
-      names_->Find(declarations_.Name(Outermost(used))) == kNoDeclaration) {
+      names_->Find(declarations_.Name(declarations_.Outermost(used))) == kNoDeclaration) {
     return false;
   }
   return declarations_.ScopedName(user).starts_with(declarations_.ScopedName(scope));
-}
-
-DeclarationIndex UseCheck::Outermost(DeclarationIndex declaration) const {
-  while (declarations_[declaration].parent != kNoDeclaration) {
-    declaration = declarations_[declaration].parent;
-  }
-  return declaration;
 }
 
 }  // namespace command

@@ -34,7 +34,6 @@ class UseCheck {
   bool IsHidden(DeclarationIndex used) const;
   bool IsItself(DeclarationIndex found, DeclarationIndex used) const;
   bool IsVisible(DeclarationIndex used, DeclarationIndex user) const;
-  DeclarationIndex Outermost(DeclarationIndex declaration) const;
 
   const Declarations& declarations_;
   const DeclarationUses& uses_;

@@ -245,6 +245,17 @@ TEST(IdlNames, MustNotBeThoseOfWhatTheScopeUses) {
       {"module M { const N : long = 2 struct S { field n : long [ N ] } }",
        {"[use-clash] field M::S::n clashes with constant M::N, which is used in struct M::S"}},
       {"module M { interface B interface I : M::B { op b } }", {}},
+      {"module M { interface A { attr b : long } interface B interface I : M::A "
+       "interface J : M::I { attr tint : M::B } }",
+       {"[use-clash] attribute M::J::tint uses interface M::B, which the inherited attribute "
+        "M::A::b hides"}},
+      {"module M { module P { struct T { field x : long } } interface A { attr m : long attr p : "
+       "long } interface I : M::A { attr y : M::P::T } }",
+       {"[use-clash] attribute M::I::y uses struct M::P::T, which the inherited attribute M::A::m "
+        "hides"}},
+      {other + "interface A { attr o : long op t } interface I : N::A { op f { in x : O::T } } }",
+       {"[use-clash] parameter N::I::f::x uses struct O::T, which the inherited attribute N::A::o "
+        "hides"}},
       {"module M { struct T { field x : long } } module M { struct S { field t : M::T } }",
        {"[use-clash] field M::S::t clashes with struct M::T, which is used in struct M::S"}},
       {"module M { exception E interface I { op f { raises M::E } op e } }", {}},
