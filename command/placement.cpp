@@ -41,7 +41,7 @@ std::vector<std::string> PrepareChanged(const StagedExport& exported) {
       throw Failure(kExportFailed, "can't write '" + final.string() + "': is a directory");
     }
     if (SameBytes(exported.Staged(file), final)) continue;
-    MakeDirectory(final.parent_path());
+    MakeDirectory(exported.output / fs::path(file).parent_path());
     changed.push_back(file);
   }
   return changed;
