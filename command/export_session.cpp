@@ -69,11 +69,7 @@ ExitStatus ExportSession::Run() {
   ChooseArtifacts();
   ExportAll();
   if (options_.graph) WriteGraph(artifacts_, *options_.graph);
-  if (report_.Errors() != 0) return kExportFailed;
-  if (options_.warningsAreErrors && report_.Warnings() != 0) {
-    report_.Say("there are warnings, and --werror was given");
-    return kExportFailed;
-  }
+  if (!MayUseFiles()) return kExportFailed;
   const ExitStatus status = UseFiles();
   if (status != kSuccess) return status;
   if (options_.depfile) WriteDepfile();
@@ -82,13 +78,34 @@ ExitStatus ExportSession::Run() {
   return kSuccess;
 }
 
+bool ExportSession::MayUseFiles() {
+  const std::string consequence =
+      options_.purpose == Purpose::kExport ? "; the files in place stay as they are" : "";
+  if (report_.Errors() != 0) {
+    report_.Say("there are errors" + consequence);
+    return false;
+  }
+  if (options_.warningsAreErrors && report_.Warnings() != 0) {
+    report_.Say("there are warnings, which --werror takes for errors" + consequence);
+    return false;
+  }
+  return true;
+}
+
 void ExportSession::ReadModel() {
   for (const auto& [prefix, directory] : options_.maps) reader_.Map(prefix, directory);
-  progress_.Show([this] { return "reading " + options_.model; });
-  reader_.Read(options_.model);
-  progress_.Stop();
+  ReadModelFile();
   for (const Diagnostic& remark : DiagnosticsOf(reader_)) report_.Add(remark);
   if (!options_.quiet && !reader_.PassedOver().empty()) report_.Say(PassedOverText(reader_));
+}
+
+void ExportSession::ReadModelFile() {
+  const Progress::Activity activity = progress_.Show([this] {
+    const xmi::ReadingProgress& reading = reader_.Progress();
+    const std::string line = "reading " + options_.model;
+    return reading.total == 0 ? line : line + ": " + Megabytes(reading.done, reading.total);
+  });
+  reader_.Read(options_.model);
 }
 
 ExitStatus ExportSession::List() {
@@ -143,12 +160,14 @@ bool ExportSession::CheckArtifactNames(model::Element& artifact) {
 void ExportSession::RunAgent(const AgentLibrary& agent, model::Element& artifact,
                              const fs::path& directory) {
   AgentMessages messages;
-  progress_.Show([name = NameOf(reader_, artifact)] { return "exporting " + name; });
-  command::RunAgent(agent, artifact, directory, [&](const std::string& piece) {
-    messages.Take(piece);
-    report_.AgentText(piece);
-  });
-  progress_.Stop();
+  {
+    const Progress::Activity activity =
+        progress_.Show([name = NameOf(reader_, artifact)] { return "exporting " + name; });
+    command::RunAgent(agent, artifact, directory, [&](const std::string& piece) {
+      messages.Take(piece);
+      report_.AgentText(piece);
+    });
+  }
   ElementFinder finder(artifact);
   const std::vector<Diagnostic> diagnostics = DiagnosticsOf(messages, reader_, finder);
   for (const Diagnostic& diagnostic : diagnostics) report_.AddTold(diagnostic);

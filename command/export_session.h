@@ -27,6 +27,7 @@ class ExportSession {
 
  private:
   void ReadModel();
+  void ReadModelFile();
   ExitStatus List();
   void ChooseArtifacts();
   void ExportAll();
@@ -35,6 +36,7 @@ class ExportSession {
   bool CheckArtifactNames(model::Element& artifact);
   void RunAgent(const AgentLibrary& agent, model::Element& artifact,
                 const std::filesystem::path& directory);
+  bool MayUseFiles();
   ExitStatus UseFiles();
   void PutAllInPlace();
   ExitStatus Verify();

@@ -51,7 +51,12 @@ Progress::~Progress() {
   thread_.join();
 }
 
-void Progress::Show(std::function<std::string()> line) {
+Progress::Activity Progress::Show(std::function<std::string()> line) {
+  SetLine(std::move(line));
+  return Activity(*this);
+}
+
+void Progress::SetLine(std::function<std::string()> line) {
   const std::lock_guard lock(mutex_);
   line_ = std::move(line);
   if (!line_) Erase();

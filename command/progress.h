@@ -21,16 +21,27 @@ class Progress {
   Progress(const Progress&) = delete;
   Progress& operator=(const Progress&) = delete;
 
-  /// From now on shows what `line` answers. It is called from another thread, until the next call
-  /// of `Show` or `Stop`.
-  void Show(std::function<std::string()> line);
-  void Stop() { Show(nullptr); }
+  /// While it lives the line is shown.
+  class Activity {
+   public:
+    explicit Activity(Progress& progress) : progress_(progress) {}
+    ~Activity() { progress_.SetLine(nullptr); }
+    Activity(const Activity&) = delete;
+    Activity& operator=(const Activity&) = delete;
+
+   private:
+    Progress& progress_;
+  };
+
+  /// Shows what `line` answers, one activity at a time. It is called from another thread.
+  [[nodiscard]] Activity Show(std::function<std::string()> line);
   /// Takes the line away before other text is written; it comes back a little later.
   void Hide();
 
  private:
   using Clock = std::chrono::steady_clock;
 
+  void SetLine(std::function<std::string()> line);
   void Run();
   void Draw();
   void Erase();

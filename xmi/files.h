@@ -64,7 +64,7 @@ class Files {
   Remarks* remarks_;
   std::vector<std::unique_ptr<File>> files_;
   std::vector<std::string> paths_;
-  std::map<std::string, std::string> directories_;  // by the prefix of addresses
+  std::map<std::string, std::string> directories_;        // by the prefix of addresses
   std::unordered_map<std::string, FileIndex> byPath_;     // by canonical path
   std::unordered_map<std::string, FileIndex> byAddress_;  // addresses that are no local files
   FileIndex library_ = Target::kNoFile;

@@ -102,6 +102,8 @@ void Reader::Read(const std::string& path) {
   impl_->Finish();
 }
 
+const ReadingProgress& Reader::Progress() const { return impl_->reading.progress; }
+
 const std::vector<Remark>& Reader::Remarks() const { return impl_->reading.remarks.All(); }
 
 const std::map<std::string, std::size_t>& Reader::PassedOver() const { return impl_->passedOver; }

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "model/model.h"
+#include "xmi/reading_progress.h"
 
 namespace xmi {
 
@@ -52,6 +53,9 @@ class Reader {
 
   /// Reads the file and those that it refers to. Called once. Throws `ReadError`.
   void Read(const std::string& path);
+
+  /// How far `Read` is; valid as long as the reader.
+  const ReadingProgress& Progress() const;
 
   /// What is wrong with the input, in the order found; each text once for a place.
   const std::vector<Remark>& Remarks() const;

@@ -74,6 +74,7 @@ struct Reading {
   std::vector<Link> links;       ///< In the order of the items that they come from.
   std::vector<ItemIndex> roots;  ///< Of all files.
   std::unordered_map<std::string, std::size_t> passedOver;
+  ReadingProgress progress;
 
   Location Locate(ItemIndex item) const {
     return files[items[item].file].document->Locate(items[item].offset);

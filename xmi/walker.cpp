@@ -38,6 +38,8 @@ void Walker::Walk(FileIndex file) {
   // Room that isn't used costs nothing, but moving millions of entries to larger room does.
   reading_.items.Reserve(size / kBytesPerEntry);
   reading_.references.reserve(reading_.references.size() + size / kBytesPerEntry);
+  before_ = reading_.progress.total;
+  reading_.progress.total += size;
   namespaces_ = Namespaces();
   const pugi::xml_node root = reading_.files[file].document->Root();
   tag_.ReadRoot(root, namespaces_);
@@ -51,6 +53,7 @@ void Walker::Walk(FileIndex file) {
   const bool isXmi = tag_.space == Space::kXmi;
   WalkBelow({root, isXmi ? Below{Mode::kRoots, kNoItem} : EnterRoot(root), namespaces_.Mark()});
   EnterIds();
+  reading_.progress.done = reading_.progress.total.load();
 }
 
 std::string Walker::RootProblem(pugi::xml_node root) const {
@@ -100,6 +103,8 @@ void Walker::WalkBelow(const Frame& top) {
       node = node.next_sibling();
       continue;
     }
+    reading_.progress.done.store(before_ + reading_.files[file_].document->OffsetOf(node),
+                                 std::memory_order_relaxed);
     const std::size_t mark = namespaces_.Mark();
     const Below below = Enter(node, stack.back().below);
     const pugi::xml_node child = below.mode == Mode::kSkip ? pugi::xml_node() : node.first_child();

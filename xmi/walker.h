@@ -70,6 +70,7 @@ class Walker {
   Reading& reading_;
   ElementBuilder builder_;
   FileIndex file_ = 0;
+  std::size_t before_ = 0;  // bytes of the files walked before
   Namespaces namespaces_;
   StartTag tag_;
   std::string text_;
