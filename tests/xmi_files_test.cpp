@@ -163,6 +163,24 @@ TEST(XmiReferences, LeadIntoOtherFilesWhichAreReadOnce) {
   EXPECT_EQ(files["k"].GetValue("Uri", 0), files.Path("sub dir/lib.uml"));
 }
 
+TEST(XmiReferences, FollowMappedAddresses) {
+  XmiFiles files;
+  const std::string type = R"(<packagedElement xmi:type="uml:DataType" xmi:id="t" name="NAME"/>)";
+  for (const std::string name : {"Near", "Far"}) {
+    files.Write(name + "/types.uml", support::ModelFile(support::Replaced(type, "NAME", name)));
+  }
+  files.Reader().Map("pathmap://X/", files.Path("Far"));
+  files.Reader().Map("pathmap://X/near/", files.Path("Near"));
+  files.ReadModel(R"(
+      <packagedElement xmi:type="uml:Class" xmi:id="c" name="C">
+        <ownedAttribute xmi:id="a"><type href="pathmap://X/near/types.uml#t"/></ownedAttribute>
+        <ownedAttribute xmi:id="b"><type href="pathmap://X/types.uml#t"/></ownedAttribute>
+        <ownedAttribute xmi:id="other"><type href="pathmap://Y/types.uml#t"/></ownedAttribute>
+      </packagedElement>)");
+  EXPECT_EQ(TypeText(files["a"]) + TypeText(files["b"]), "NearFar");
+  EXPECT_THAT(files.Remarks(), ElementsAre(HasSubstr("\"pathmap://Y/types.uml\" is not on the")));
+}
+
 TEST(XmiReferences, ToWhatCantBeReadAreOneRemarkForEachFile) {
   XmiFiles files;
   files.Write("bad.uml", "<a>").Write("diagram.di", "<Diagram/>").ReadModel(R"(
