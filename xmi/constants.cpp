@@ -49,7 +49,7 @@ ItemIndex Constants::FindQualified(std::string_view name) {
       qualified_.emplace(path, index);
       qualified_.emplace(std::string(reading_.items.NameOf(root)) + "::" + path, index);
       const ItemIndex owner = reading_.items[index].owner;
-      if (!reading_.items[owner].Has(Item::kHolder)) continue;
+      if (owner == kNoItem || !reading_.items[owner].Has(Item::kHolder)) continue;
       qualified_.emplace(
           reading_.items.QualifiedName(owner) + "::" + std::string(reading_.items.NameOf(index)),
           index);

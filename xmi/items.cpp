@@ -37,6 +37,23 @@ std::string Items::QualifiedName(ItemIndex index) const {
   return result;
 }
 
+std::string Items::ShortName(ItemIndex index) const {
+  constexpr std::size_t mostNames = 20;
+  std::string result;
+  std::size_t names = 0;
+  for (ItemIndex scope = ScopeOf(index); scope != kNoItem; scope = ScopeOf(index)) {
+    if (++names > mostNames) return "...::" + result;
+    result = Shortened(NameOf(index)) + (result.empty() ? "" : "::") + result;
+    index = scope;
+  }
+  return result;
+}
+
+std::string Shortened(std::string_view name) {
+  constexpr std::size_t most = 200;
+  return name.size() <= most ? std::string(name) : std::string(name.substr(0, most)) + "...";
+}
+
 ItemIndex Items::Find(const model::Element& element) const {
   const std::less<const model::Element*> before;
   const auto address = [this](ItemIndex index) { return items_[index].element; };

@@ -56,6 +56,9 @@ class Items {
   ItemIndex ScopeOf(ItemIndex index) const;
   /// The "::"-qualified name below the root; empty for a root.
   std::string QualifiedName(ItemIndex index) const;
+  /// The same for people: the outer names of a deep element and the end of a long name are left
+  /// out.
+  std::string ShortName(ItemIndex index) const;
   /// The item of an element; `kNoItem` for one that stands in no file. Slow when first called.
   ItemIndex Find(const model::Element& element) const;
 
@@ -64,6 +67,9 @@ class Items {
   mutable std::vector<ItemIndex> byAddress_;
   mutable std::size_t sortedSize_ = 0;
 };
+
+/// A name, or the beginning of a very long one.
+std::string Shortened(std::string_view name);
 
 /// True for a type whose elements own members under their names.
 bool IsPackage(Word type);

@@ -6,13 +6,17 @@ std::string Reading::Describe(ItemIndex item) const {
   std::string_view kind = TextOf(items[item].type);
   if (items[item].element == nullptr) kind = "part";
   if (kind.empty()) kind = items[item].element->Metaclass().Text();
-  const std::string name = items.QualifiedName(item);
+  const std::string name = items.ShortName(item);
   if (!items.NameOf(item).empty() && !name.empty()) return std::string(kind) + " " + name;
   const ItemIndex owner = items.ScopeOf(item);
-  if (owner == kNoItem) return std::string(kind) + " " + std::string(items.NameOf(item));
-  const std::string ownerName = items.QualifiedName(owner);
+  if (owner == kNoItem) return std::string(kind) + " " + Shortened(items.NameOf(item));
+  const std::string ownerName = items.ShortName(owner);
   return "a " + std::string(kind) + " in " +
-         (ownerName.empty() ? std::string(items.NameOf(owner)) : ownerName);
+         (ownerName.empty() ? Shortened(items.NameOf(owner)) : ownerName);
+}
+
+void Reading::Refuse(const Location& place, const std::string& text) const {
+  throw ReadError(place.file + ":" + std::to_string(place.line) + ": " + text);
 }
 
 }  // namespace xmi

@@ -58,6 +58,10 @@ struct Application {
   pugi::xml_node node;
 };
 
+/// How many stereotypes or keywords an element may have, tags a stereotype, and namespaces a tag.
+/// Far more than any tool writes; they are looked through one by one.
+inline constexpr std::size_t kMostOfAKind = 1000;
+
 struct Reading {
   explicit Reading(model::Model& filled) : model(filled), files(remarks) {}
 
@@ -89,8 +93,10 @@ struct Reading {
     while (next < links.size() && links[next].from == item) ++next;
     return {links.data() + begin, next - begin};
   }
-  /// How a remark names an item: its kind and its qualified name, or else its id.
+  /// How a remark names an item: its kind and its qualified name, shortened when it is very long.
   std::string Describe(ItemIndex item) const;
+  /// Ends the reading with a `ReadError`: what stands there is in no model.
+  [[noreturn]] void Refuse(const Location& place, const std::string& text) const;
   /// Adds a remark about an item.
   void Warn(ItemIndex item, std::string_view rule, const std::string& text) {
     remarks.Add(Locate(item), rule, text);

@@ -1,6 +1,7 @@
 #include "xmi/stereotypes.h"
 
 #include <algorithm>
+#include <unordered_set>
 #include <utility>
 
 #include "xmi/start_tag.h"
@@ -72,7 +73,8 @@ void Stereotypes::ApplyOne(const Application& application) {
   for (const ItemIndex subject : SubjectsOf(application, name)) {
     model::Element& element = *reading_.items[subject].element;
     bool applied = false;
-    for (const model::Element* other : element.Entities(symbols::stereotypeInstance)) {
+    const auto others = element.Entities(symbols::stereotypeInstance);
+    for (const model::Element* other : others) {
       applied = applied || other->Entity(symbols::instanceOf) == known.element;
     }
     if (applied) {
@@ -81,7 +83,12 @@ void Stereotypes::ApplyOne(const Application& application) {
                         reading_.Describe(subject) + "; the first counts");
       continue;
     }
-    SetTags(reading_.model.Apply(element, *known.element), name, application.node);
+    if (others.size() == kMostOfAKind) {
+      reading_.Refuse(reading_.Locate(subject), "more than " + std::to_string(kMostOfAKind) +
+                                                    " stereotypes are applied to " +
+                                                    reading_.Describe(subject));
+    }
+    SetTags(reading_.model.Apply(element, *known.element), name, application);
     Mark(subject, known);
   }
 }
@@ -107,6 +114,10 @@ std::vector<ItemIndex> Stereotypes::SubjectsOf(const Application& application,
                          "the stereotype " + std::string(name) +
                              " is applied to nothing that is in the model; passed over");
   }
+  if (subjects.size() > 1) {
+    std::unordered_set<ItemIndex> present;
+    std::erase_if(subjects, [&](ItemIndex each) { return !present.insert(each).second; });
+  }
   return subjects;
 }
 
@@ -116,8 +127,7 @@ void Stereotypes::AddSubject(const Application& application, std::string_view te
   if (entry == nullptr) return;
   exists = true;
   const bool usable = !entry->inner && reading_.items[entry->item].element != nullptr;
-  const bool isNew = std::find(subjects.begin(), subjects.end(), entry->item) == subjects.end();
-  if (usable && isNew) subjects.push_back(entry->item);
+  if (usable) subjects.push_back(entry->item);
 }
 
 void Stereotypes::Mark(ItemIndex subject, const Known& known) {
@@ -137,25 +147,37 @@ void Stereotypes::Mark(ItemIndex subject, const Known& known) {
 }
 
 void Stereotypes::SetTags(model::Element& instance, std::string_view stereotype,
-                          pugi::xml_node node) {
-  for (const pugi::xml_attribute attribute : node.attributes()) {
+                          const Application& application) {
+  std::size_t count = 0;
+  for (const pugi::xml_attribute attribute : application.node.attributes()) {
     const std::string_view name = attribute.name();
     const bool isTag = name.find(':') == std::string_view::npos && name != "xmlns";
-    if (isTag && !IsBase(name)) SetTag(instance, stereotype, name, {attribute.value()});
+    if (!isTag || IsBase(name)) continue;
+    RequireFew(++count, application);
+    SetTag(instance, stereotype, name, {attribute.value()});
   }
   std::vector<std::pair<std::string_view, std::vector<std::string_view>>> tags;
-  for (const pugi::xml_node child : node.children()) {
+  for (const pugi::xml_node child : application.node.children()) {
     const std::string_view name = child.name();
     if (child.type() != pugi::node_element || IsBase(name)) continue;
     if (name.find(':') != std::string_view::npos) continue;
     if (LocalAttribute(child, "nil", true) == "true") continue;
     auto tag = std::find_if(tags.begin(), tags.end(), [&](auto& t) { return t.first == name; });
-    if (tag == tags.end()) tag = tags.insert(tags.end(), {name, {}});
+    if (tag == tags.end()) {
+      RequireFew(++count, application);
+      tag = tags.insert(tags.end(), {name, {}});
+    }
     std::string buffer;
     const std::string_view text = TextOf(child, buffer);
     tag->second.push_back(text.data() == buffer.data() ? reading_.model.Store(text) : text);
   }
   for (const auto& [name, values] : tags) SetTag(instance, stereotype, name, values);
+}
+
+void Stereotypes::RequireFew(std::size_t tags, const Application& application) const {
+  if (tags <= kMostOfAKind) return;
+  reading_.Refuse(reading_.LocateNode(application.file, application.node),
+                  "a stereotype has more than " + std::to_string(kMostOfAKind) + " tagged values");
 }
 
 void Stereotypes::SetTag(model::Element& instance, std::string_view stereotype,

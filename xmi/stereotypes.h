@@ -36,7 +36,9 @@ class Stereotypes {
   void AddSubject(const Application& application, std::string_view text, bool isHref,
                   std::vector<ItemIndex>& subjects, bool& exists);
   void Mark(ItemIndex subject, const Known& known);
-  void SetTags(model::Element& instance, std::string_view stereotype, pugi::xml_node node);
+  void SetTags(model::Element& instance, std::string_view stereotype,
+               const Application& application);
+  void RequireFew(std::size_t tags, const Application& application) const;
   void SetTag(model::Element& instance, std::string_view stereotype, std::string_view tag,
               const std::vector<std::string_view>& values);
   void MakeConstants();

@@ -83,10 +83,14 @@ std::string Walker::RootProblem(pugi::xml_node root) const {
 }
 
 void Walker::FailTooDeep(pugi::xml_node node) const {
-  const Location place = reading_.LocateNode(file_, node);
-  throw ReadError(place.file + ":" + std::to_string(place.line) +
-                  ": elements are nested too deeply to be a model (more than " +
-                  std::to_string(kMaxDepth) + ")");
+  reading_.Refuse(
+      reading_.LocateNode(file_, node),
+      "elements are nested too deeply to be a model (more than " + std::to_string(kMaxDepth) + ")");
+}
+
+void Walker::FailCrowded(pugi::xml_node node, const std::string& what) const {
+  reading_.Refuse(reading_.LocateNode(file_, node),
+                  "there are more than " + std::to_string(kMostOfAKind) + " " + what);
 }
 
 void Walker::WalkBelow(const Frame& top) {
@@ -107,6 +111,7 @@ void Walker::WalkBelow(const Frame& top) {
                                  std::memory_order_relaxed);
     const std::size_t mark = namespaces_.Mark();
     const Below below = Enter(node, stack.back().below);
+    if (namespaces_.Mark() > kMostOfAKind) FailCrowded(node, "namespaces in force");
     const pugi::xml_node child = below.mode == Mode::kSkip ? pugi::xml_node() : node.first_child();
     if (child) {
       if (stack.size() >= kMaxDepth) FailTooDeep(node);
@@ -270,7 +275,12 @@ void Walker::TakeKeywords(pugi::xml_node node, ItemIndex owner) {
   for (const pugi::xml_node detail : node.children("details")) {
     std::string_view key = LocalAttribute(detail, "key", false);
     if (key.empty()) key = detail.child_value("key");
-    if (!key.empty()) reading_.model.AddKeyword(*reading_.items[owner].element, key);
+    if (key.empty()) continue;
+    model::Element& element = *reading_.items[owner].element;
+    reading_.model.AddKeyword(element, key);
+    if (element.Entities(model::Symbol("Keyword")).size() > kMostOfAKind) {
+      FailCrowded(node, "keywords on one element");
+    }
   }
 }
 

@@ -66,6 +66,7 @@ class Walker {
   void EnterIds();
   std::string RootProblem(pugi::xml_node root) const;
   [[noreturn]] void FailTooDeep(pugi::xml_node node) const;
+  [[noreturn]] void FailCrowded(pugi::xml_node node, const std::string& what) const;
 
   Reading& reading_;
   ElementBuilder builder_;
