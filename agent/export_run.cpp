@@ -104,6 +104,17 @@ void Abort(std::ofstream& out, const std::string& heading, const std::string& re
   Print(aborted);
 }
 
+/// Set while a run goes on: a host may answer a message by asking for another export.
+bool isRunning = false;
+
+class RunningMark {
+ public:
+  RunningMark() { isRunning = true; }
+  ~RunningMark() { isRunning = false; }
+  RunningMark(const RunningMark&) = delete;
+  RunningMark& operator=(const RunningMark&) = delete;
+};
+
 void RunGuarded(mdk::IMdeEntity* artifact) {
   RunState state;
   std::ofstream out;
@@ -123,6 +134,8 @@ void RunGuarded(mdk::IMdeEntity* artifact) {
 }  // namespace
 
 void RunExport(mdk::IMdeEntity* artifact) noexcept {
+  if (isRunning) return;
+  const RunningMark mark;
   try {
     pOut = mdk::GetModelAccess();
     if (pOut == nullptr || artifact == nullptr) return;

@@ -7,7 +7,8 @@ namespace mdktoidl {
 
 /// Runs one export and reports through the host's message output. Does nothing without an artifact
 /// or a model access object. Nothing is thrown, whatever the model or the host does, and nothing is
-/// kept between runs but the settings. Runs must not overlap: they share the process's globals.
+/// kept between runs but the settings. Runs share the process's globals and must not overlap: one
+/// that the host asks for while another goes on, on the same thread, does nothing.
 void RunExport(mdk::IMdeEntity* artifact) noexcept;
 
 }  // namespace mdktoidl

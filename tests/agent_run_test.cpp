@@ -273,6 +273,19 @@ TEST(AgentRun, ReportsWhateverTheHostThrows) {
   }
 }
 
+TEST(AgentRun, IsNotDisturbedByAHostThatAsksForAnotherMeanwhile) {
+  ExportBench bench;
+  auto& artifact = bench.Artifact({&bench.Module("M")});
+  std::string messages;
+  model::SetMessageSink([&](const std::string& text) {
+    messages += text;
+    mdktoidl::RunExport(&artifact);
+  });
+  mdktoidl::RunExport(&artifact);
+  model::SetMessageSink({});
+  EXPECT_EQ(messages, bench.Run(&artifact).Messages());
+}
+
 // --- What a run leaves behind --------------------------------------------------------------------
 
 /// Builds a module whose evaluation is aborted after the tree was built, by a constant that names

@@ -52,7 +52,7 @@ struct Instantiation {
     mdk::IMdeEntity* parameter = parameters[index];
     if (parameter == nullptr) Refuse();
     if (parameter->IsKindOf("Ident")) return std::to_string(Constant(parameter, least));
-    const std::string text = parameter->GetValue("ValueString", 0);
+    std::string text = parameter->GetValue("ValueString", 0);
     const auto value = IntegerLiteral(text);
     if (!parameter->IsKindOf("IntegerValue") || !value || *value < least) Refuse();
     return text;
