@@ -1,20 +1,23 @@
 #include "output/comment.h"
 
-#include <sstream>
+#include <algorithm>
 #include <string>
 
 #include "output/layout.h"
 #include "types/elements.h"
+#include "types/properties.h"
 #include "types/text.h"
 
 namespace mdktoidl {
 
 void WriteComments(mdk::IMdeEntity* element, std::ofstream& out) {
-  for (mdk::IMdeEntity* comment : Elements(element, "Comment")) {
-    std::istringstream text(comment->GetValue("Text", 0));
-    for (std::string line; std::getline(text, line);) {
+  for (mdk::IMdeEntity* comment : Elements(element, properties::comment)) {
+    const std::string text = comment->GetValue(properties::text, 0);
+    std::size_t end;
+    for (std::size_t begin = 0; begin < text.size(); begin = end + 1) {
+      end = std::min(text.find('\n', begin), text.size());
       newline(out);
-      out << "// " << TrimEndOfString(line);
+      Write(out, {"// ", TrimEndOfString(text.substr(begin, end - begin))});
     }
   }
 }

@@ -5,6 +5,8 @@
 #pragma once
 
 #include <fstream>
+#include <initializer_list>
+#include <string_view>
 
 namespace mdktoidl {
 
@@ -14,6 +16,9 @@ extern const int myIndent;
 /// Ends the line and indents the next. The line is not flushed: a stream that is closed is
 /// complete, and a system call for every line would cost more than all the rest of writing.
 void newline(std::ofstream& out);
+
+/// Writes the pieces of a line one after the other. Much cheaper than to insert each of them.
+void Write(std::ofstream& out, std::initializer_list<std::string_view> pieces);
 
 /// Indents what follows by one level more.
 void indent(std::ofstream& out);

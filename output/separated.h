@@ -4,23 +4,25 @@
 #include <fstream>
 #include <string_view>
 
+#include "output/layout.h"
+
 namespace mdktoidl {
 
 /// Writes each item with `write`, and ", " between two.
-template <typename Items, typename Write>
-void WriteSeparated(const Items& items, std::ofstream& out, Write write) {
-  std::string_view separator;
+template <typename Items, typename Writer>
+void WriteSeparated(const Items& items, std::ofstream& out, Writer write) {
+  bool isFirst = true;
   for (const auto& item : items) {
-    out << separator;
+    if (!isFirst) Write(out, {", "});
     write(item);
-    separator = ", ";
+    isFirst = false;
   }
 }
 
 /// Writes the items, texts, with ", " between two.
 template <typename Texts>
 void WriteSeparated(const Texts& texts, std::ofstream& out) {
-  WriteSeparated(texts, out, [&out](std::string_view text) { out << text; });
+  WriteSeparated(texts, out, [&out](std::string_view text) { Write(out, {text}); });
 }
 
 }  // namespace mdktoidl

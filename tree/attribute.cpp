@@ -1,6 +1,7 @@
 #include "tree/attribute.h"
 
 #include "output/layout.h"
+#include "types/properties.h"
 
 namespace mdktoidl {
 
@@ -11,13 +12,15 @@ void Attribute::EvaluateTypes(NodeList& deps) {
   ResolveType(Entity(), complaints, deps);
 }
 
-bool Attribute::isReadOnly() const { return Entity()->GetValue("Changeability", 0) == "CkFrozen"; }
+bool Attribute::isReadOnly() const {
+  return Entity()->GetValue(properties::changeability, 0) == "CkFrozen";
+}
 
 void Attribute::Unparse(std::ofstream& out) {
   UnparseComment(Entity(), out);
   newline(out);
-  if (isReadOnly()) out << "readonly ";
-  out << "attribute " << TypeText() << ' ' << Name() << DeclaratorSuffix() << ';';
+  const std::string_view keywords = isReadOnly() ? "readonly attribute " : "attribute ";
+  Write(out, {keywords, TypeText(), " ", Name(), DeclaratorSuffix(), ";"});
 }
 
 }  // namespace mdktoidl

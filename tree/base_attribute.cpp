@@ -2,11 +2,12 @@
 
 #include "agent/diagnostics.h"
 #include "types/elements.h"
+#include "types/properties.h"
 
 namespace mdktoidl {
 
 std::list<mdk::IMdeEntity*> OwnedAttributes(mdk::IMdeEntity* element) {
-  std::list<mdk::IMdeEntity*> members = Elements(element, "OwnedMember");
+  std::list<mdk::IMdeEntity*> members = Elements(element, properties::ownedMember);
   members.remove_if([](mdk::IMdeEntity* member) { return !member->IsKindOf("Attribute"); });
   return members;
 }
@@ -20,7 +21,7 @@ mdk::IMdeEntity* BaseAttribute(const Node& declaration, Message lacks, Message m
 }
 
 bool hasMultiplicity(mdk::IMdeEntity* element) {
-  return !Elements(element, "Multiplicity").empty();
+  return !Elements(element, properties::multiplicity).empty();
 }
 
 }  // namespace mdktoidl

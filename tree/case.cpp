@@ -3,6 +3,7 @@
 #include "output/layout.h"
 #include "types/elements.h"
 #include "types/marking.h"
+#include "types/properties.h"
 #include "types/text.h"
 
 namespace mdktoidl {
@@ -25,11 +26,11 @@ std::list<std::string> Case::GivenLabels() const {
   mdk::IMdeEntity* value = Entity()->EvalExpression(expression, 0);
   if (value == nullptr) return given;
   if (value->IsKindOf("ListExpr")) {
-    for (mdk::IMdeEntity* item : Elements(value, "Expression")) {
-      given.push_back(item->GetValue("Value", 0));
+    for (mdk::IMdeEntity* item : Elements(value, properties::expression)) {
+      given.push_back(item->GetValue(properties::value, 0));
     }
   } else {
-    given.push_back(value->GetValue("ValueString", 0));
+    given.push_back(value->GetValue(properties::valueString, 0));
   }
   // Tools leave an empty label behind where the user typed none.
   given.remove_if([](const std::string& label) { return TrimEndOfString(label).empty(); });

@@ -2,6 +2,7 @@
 
 #include "agent/diagnostics.h"
 #include "tree/node_registry.h"
+#include "types/properties.h"
 
 namespace mdktoidl {
 
@@ -14,7 +15,7 @@ bool mayStandTwice(const std::string& metaclass) {
 
 bool Take(mdk::IMdeEntity* member, const Container& parent) {
   if (nodeRegistry.Take(member)) return true;
-  Report(Message::memberDeclaredAlready, {parent.ScopedName("::"), member->GetValue("Name", 0)});
+  Report(Message::memberDeclaredAlready, {parent.ScopedName("::"), member->GetValue(properties::name, 0)});
   return false;
 }
 

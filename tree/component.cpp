@@ -7,6 +7,7 @@
 #include "tree/classification.h"
 #include "tree/port.h"
 #include "types/elements.h"
+#include "types/properties.h"
 
 namespace mdktoidl {
 
@@ -29,7 +30,7 @@ const Classification& ComponentMembers() {
 Component::Component(mdk::IMdeEntity* element, Container* parent) : Container(element, parent) {
   CreateNodeRef();
   AdoptMembers(ComponentMembers());
-  for (mdk::IMdeEntity* member : Elements(element, "OwnedMember")) {
+  for (mdk::IMdeEntity* member : Elements(element, properties::ownedMember)) {
     if (member->IsKindOf("Operation")) {
       Report(Message::componentHasOperation, {ScopedName("::")});
     }
@@ -38,8 +39,8 @@ Component::Component(mdk::IMdeEntity* element, Container* parent) : Container(el
 
 void Component::CollectGeneralizations() {
   bool hasBase = false;
-  for (mdk::IMdeEntity* generalization : Elements(Entity(), "Generalization")) {
-    mdk::IMdeEntity* parent = generalization->GetEntity("Parent", 0);
+  for (mdk::IMdeEntity* generalization : Elements(Entity(), properties::generalization)) {
+    mdk::IMdeEntity* parent = generalization->GetEntity(properties::parent, 0);
     if (parent == nullptr) continue;
     if (parent->HasStereotype("CORBAComponent", 0)) {
       if (hasBase) {

@@ -6,13 +6,14 @@
 #include "tree/single_supplier.h"
 #include "types/elements.h"
 #include "types/markings.h"
+#include "types/properties.h"
 
 namespace mdktoidl {
 
 ComponentImpl::ComponentImpl(mdk::IMdeEntity* element, Container* parent)
     : Container(element, parent) {
   CreateNodeRef();
-  for (mdk::IMdeEntity* member : Elements(element, "OwnedMember")) {
+  for (mdk::IMdeEntity* member : Elements(element, properties::ownedMember)) {
     if (member->IsKindOf("Class")) AdoptMember(member);
   }
   if (homeExecutor == nullptr) {
@@ -42,7 +43,8 @@ std::string ComponentImpl::Category() const {
 
 std::string ComponentImpl::CompositionName() const {
   mdk::IMdeEntity* composite = Entity()->EvalExpression("CORBAComponentImpl (. composite .)", 0);
-  const std::string given = composite == nullptr ? "" : composite->GetValue("ValueString", 0);
+  const std::string given =
+      composite == nullptr ? "" : composite->GetValue(properties::valueString, 0);
   return given.empty() ? Name() : given;
 }
 

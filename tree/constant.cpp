@@ -8,11 +8,12 @@
 #include "tree/enumeration.h"
 #include "types/constant_value.h"
 #include "types/elements.h"
+#include "types/properties.h"
 
 namespace mdktoidl {
 
 void Constant::EvaluateTypes(NodeList& deps) {
-  if (!Elements(Entity(), "Multiplicity").empty()) {
+  if (!Elements(Entity(), properties::multiplicity).empty()) {
     Report(Message::constantHasMultiplicity, {ScopedName("::")});
   }
   if (EvaluateType(deps)) EvaluateValue(deps);
@@ -53,7 +54,7 @@ bool Constant::EvaluateDefinition(const TypeReference& reference, NodeList& deps
 }
 
 void Constant::EvaluateValue(NodeList& deps) {
-  mdk::IMdeEntity* value = Entity()->GetEntity("DefaultValue", 0);
+  mdk::IMdeEntity* value = Entity()->GetEntity(properties::defaultValue, 0);
   if (value == nullptr) {
     Report(Message::constantHasNoValue, {ScopedName("::")});
     return;
@@ -61,7 +62,7 @@ void Constant::EvaluateValue(NodeList& deps) {
   const std::string metaclass = value->GetMetaclass();
   if (metaclass == "RealValue" || metaclass == "IntegerValue" || metaclass == "CharacterValue" ||
       metaclass == "CharstringValue") {
-    valueText = value->GetValue("ValueString", 0);
+    valueText = value->GetValue(properties::valueString, 0);
   } else if (metaclass == "Ident") {
     EvaluateIdentifier(value, deps);
   } else {
@@ -70,8 +71,8 @@ void Constant::EvaluateValue(NodeList& deps) {
 }
 
 void Constant::EvaluateIdentifier(mdk::IMdeEntity* identifier, NodeList& deps) {
-  valueText = identifier->GetValue("Name", 0);
-  mdk::IMdeEntity* named = identifier->GetEntity("Definition", 0);
+  valueText = identifier->GetValue(properties::name, 0);
+  mdk::IMdeEntity* named = identifier->GetEntity(properties::definition, 0);
   if (named == nullptr) throw IDLException("Failed to interpret ident correctly");
   const Alias base = type == nullptr ? Alias() : Unaliased(*type);
   const Enumeration* enumeration =

@@ -6,6 +6,7 @@
 #include "tree/classification.h"
 #include "tree/node_registry.h"
 #include "types/elements.h"
+#include "types/properties.h"
 
 namespace mdktoidl {
 
@@ -16,7 +17,7 @@ void Container::Adopt(std::unique_ptr<Node> child) {
 }
 
 void Container::AdoptMembers(const Classification& table) {
-  for (mdk::IMdeEntity* member : Elements(Entity(), "OwnedMember")) {
+  for (mdk::IMdeEntity* member : Elements(Entity(), properties::ownedMember)) {
     if (auto node = Classify(table, member, this)) Adopt(std::move(node));
   }
 }
@@ -34,13 +35,15 @@ Node* Container::ChildEnclosing(const Node& node) const {
 
 void Container::ObserveReferences(const Node&, const NodeList&) {}
 
-// Each child has a list of its own: what one leaves over can't become a dependency of the next, and
-// is not sorted again for each of its siblings.
+// The list is emptied for each child: what one leaves over can't become a dependency of the next,
+// and is not sorted again for each of its siblings.
 void Container::EvaluateChildren(NodeList& outside) {
   NodeList collected;
+  NodeList deps;
   for (const auto& child : children) {
-    NodeList deps;
+    deps.clear();
     child->EvaluateTypes(deps);
+    if (deps.empty()) continue;
     ObserveReferences(*child, deps);
     child->MoveLocalDeclarations(*this, deps);
     JoinList(deps, collected);

@@ -30,8 +30,8 @@ class Container : public Node {
   /// what the children refer to outside this container.
   void EvaluateChildren(NodeList& outside);
 
-  /// Called for each child with all that it refers to outside itself, before its dependencies are
-  /// taken out of that.
+  /// Called for each child that refers to anything outside itself, with all of that, before its
+  /// dependencies are taken out.
   virtual void ObserveReferences(const Node& child, const NodeList& references);
 
   /// Writes the members in braces.

@@ -1,5 +1,7 @@
 #include "tree/declaration_user.h"
 
+#include "types/properties.h"
+
 namespace mdktoidl {
 
 std::string DeclarationUser::Describe() const {
@@ -8,7 +10,7 @@ std::string DeclarationUser::Describe() const {
 
 std::string DeclarationUser::Spell(mdk::IMdeEntity* definition) const {
   const Node* node = Node::GetNodeRef(definition);
-  if (node == nullptr) return definition->GetValue("Name", 0);
+  if (node == nullptr) return definition->GetValue(properties::name, 0);
   return isHidden(*node) ? node->ScopedName("::") : declaration_.NameHere(*node);
 }
 

@@ -2,10 +2,12 @@
 
 #include <vector>
 
+#include "types/properties.h"
+
 namespace mdktoidl {
 
 std::string Definition::Name() const {
-  return entity == nullptr ? std::string() : entity->GetValue("Name", 0);
+  return entity == nullptr ? std::string() : entity->GetValue(properties::name, 0);
 }
 
 void Definition::BuildScopedName(std::string& result, const std::string& separator) const {

@@ -2,17 +2,19 @@
 
 #include "output/layout.h"
 #include "types/elements.h"
+#include "types/properties.h"
 
 namespace mdktoidl {
 
 Enumeration::Enumeration(mdk::IMdeEntity* element, Container* parent) : Node(element, parent) {
   CreateNodeRef();
-  literals = Elements(element, "Literal");
+  literals = Elements(element, properties::literal);
 }
 
 const std::vector<std::string>& Enumeration::Literals() const {
   if (names.size() != literals.size()) {
-    for (mdk::IMdeEntity* literal : literals) names.push_back(literal->GetValue("Name", 0));
+    for (mdk::IMdeEntity* literal : literals)
+      names.push_back(literal->GetValue(properties::name, 0));
     nameSet.insert(names.begin(), names.end());
   }
   return names;
@@ -40,9 +42,9 @@ void Enumeration::Unparse(std::ofstream& out) {
   newline(out);
   const char* separator = "";
   for (const std::string& name : Literals()) {
-    out << separator;
+    Write(out, {separator});
     if (*separator != '\0') newline(out);
-    out << name;
+    Write(out, {name});
     separator = ", ";
   }
   redent(out);

@@ -7,7 +7,7 @@ namespace mdktoidl {
 void Field::Unparse(std::ofstream& out) {
   UnparseComment(Entity(), out);
   newline(out);
-  out << TypeText() << ' ' << Name() << DeclaratorSuffix() << ';';
+  Write(out, {TypeText(), " ", Name(), DeclaratorSuffix(), ";"});
 }
 
 }  // namespace mdktoidl

@@ -5,6 +5,7 @@
 #include "tree/interface_members.h"
 #include "tree/single_supplier.h"
 #include "types/elements.h"
+#include "types/properties.h"
 
 namespace mdktoidl {
 
@@ -15,8 +16,8 @@ Home::Home(mdk::IMdeEntity* element, Container* parent) : OrderedScope(element, 
 
 void Home::CollectGeneralizations() {
   std::unordered_set<const Node*> supported;
-  for (mdk::IMdeEntity* generalization : Elements(Entity(), "Generalization")) {
-    mdk::IMdeEntity* parent = generalization->GetEntity("Parent", 0);
+  for (mdk::IMdeEntity* generalization : Elements(Entity(), properties::generalization)) {
+    mdk::IMdeEntity* parent = generalization->GetEntity(properties::parent, 0);
     if (parent != nullptr) CollectSupertype(parent, supported);
   }
 }

@@ -8,6 +8,7 @@
 #include "tree/interface_members.h"
 #include "types/elements.h"
 #include "types/marking.h"
+#include "types/properties.h"
 
 namespace mdktoidl {
 
@@ -16,7 +17,9 @@ Interface::Interface(mdk::IMdeEntity* element, Container* parent) : OrderedScope
   AdoptMembers(InterfaceMembers());
 }
 
-bool Interface::isAbstract() const { return Entity()->GetValue("IsAbstract", 0) == "true"; }
+bool Interface::isAbstract() const {
+  return Entity()->GetValue(properties::isAbstract, 0) == "true";
+}
 
 bool Interface::isLocal() const {
   static const std::string expression = "CORBAInterface (. isLocal .)";
@@ -25,8 +28,8 @@ bool Interface::isLocal() const {
 
 void Interface::CollectGeneralizations(NodeList& result) const {
   std::unordered_set<const Node*> present;
-  for (mdk::IMdeEntity* generalization : Elements(Entity(), "Generalization")) {
-    mdk::IMdeEntity* parent = generalization->GetEntity("Parent", 0);
+  for (mdk::IMdeEntity* generalization : Elements(Entity(), properties::generalization)) {
+    mdk::IMdeEntity* parent = generalization->GetEntity(properties::parent, 0);
     if (parent == nullptr) continue;
     Node* node = GetNodeRef(parent);
     if (node == nullptr) {

@@ -27,6 +27,7 @@
 #include "tree/value.h"
 #include "types/elements.h"
 #include "types/markings.h"
+#include "types/properties.h"
 
 namespace mdktoidl {
 
@@ -102,7 +103,7 @@ Module::Module(mdk::IMdeEntity* element, Container* parent)
 }
 
 void Module::Init(mdk::IMdeEntity* element) {
-  for (mdk::IMdeEntity* member : Elements(element, "OwnedMember")) {
+  for (mdk::IMdeEntity* member : Elements(element, properties::ownedMember)) {
     if (auto node = Classify(moduleMembers, member, this)) Adopt(std::move(node));
   }
 }
@@ -209,10 +210,10 @@ void Module::UnparsePackageRelationships(std::ofstream& out) const {
 
   IncludeLines lines(ScopedFileName(), out);
   for (const Node* file : files) lines.Write(FileName(file));
-  for (mdk::IMdeEntity* dependency : Elements(Entity(), "ClientDependency")) {
+  for (mdk::IMdeEntity* dependency : Elements(Entity(), properties::clientDependency)) {
     if (!dependency->HasStereotype("access", 0) && !dependency->HasStereotype("import", 0))
       continue;
-    mdk::IMdeEntity* supplier = dependency->GetEntity("Supplier", 0);
+    mdk::IMdeEntity* supplier = dependency->GetEntity(properties::supplier, 0);
     if (supplier == nullptr || !supplier->HasStereotype("CORBA", 0)) continue;
     const Node* node = GetNodeRef(supplier);
     if (node == nullptr) continue;  // not part of this export, so it has no file to include

@@ -8,7 +8,6 @@
 #include "tree/container.h"
 #include "tree/declaration_user.h"
 #include "tree/node_registry.h"
-#include "tree/node_tag.h"
 
 namespace mdktoidl {
 
@@ -17,13 +16,10 @@ Node::Node(mdk::IMdeEntity* element, Container* parent)
   scope = parent;
 }
 
-void Node::CreateNodeRef() {
-  nodeRegistry.Register(this);
-  WriteNodeTag(entity, serial);
-}
+void Node::CreateNodeRef() { nodeRegistry.Register(entity, this); }
 
 Node* Node::GetNodeRef(mdk::IMdeEntity* element) {
-  return element == nullptr ? nullptr : nodeRegistry.Find(element, ReadNodeTag(element));
+  return element == nullptr ? nullptr : nodeRegistry.Find(element);
 }
 
 void Node::JoinList(const NodeList& from, NodeList& to) {
@@ -34,18 +30,18 @@ void Node::JoinList(const NodeList& from, NodeList& to) {
 // a node, and which of its children does, needs no walk through the tree.
 void Node::MoveLocalDeclarations(const Container& locals, NodeList& deps, NodeList& out) const {
   SortByCreation(deps);
-  NodeList left;
+  auto left = deps.begin();
   const Node* moved = nullptr;
   for (Node* dependency : deps) {
     Node* child = locals.ChildEnclosing(*dependency);
     if (child == nullptr) {
-      left.push_back(dependency);
+      *left++ = dependency;
     } else if (child != moved && (child != this || dependency == this)) {
       out.push_back(child);
       moved = child;
     }
   }
-  deps = std::move(left);
+  deps.erase(left, deps.end());
 }
 
 void Node::MoveLocalDeclarations(const Container& locals, NodeList& deps) {
@@ -118,6 +114,7 @@ void Node::ResolveDefinitions(const TypeReference& reference, Message notExporte
 }
 
 void SortByCreation(NodeList& nodes) {
+  if (nodes.size() < 2) return;
   const auto earlier = [](const Node* left, const Node* right) {
     return left->Serial() < right->Serial();
   };

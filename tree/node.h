@@ -102,7 +102,7 @@ class Node : public Definition {
   /// A node inside `parent`, or at the top of the tree when that is null.
   Node(mdk::IMdeEntity* element, Container* parent);
 
-  /// Leaves a tag on the element by which `GetNodeRef` finds this node.
+  /// Lets `GetNodeRef` find this node by its element.
   void CreateNodeRef();
 
   /// Resolves the type of `typed` as the type of this declaration.

@@ -1,32 +1,53 @@
 #include "tree/node_registry.h"
 
-#include "tree/node.h"
+#include <cstdint>
+#include <utility>
 
 namespace mdktoidl {
 
 NodeRegistry nodeRegistry;
 
-std::uint32_t NodeRegistry::NextSerial() {
-  nodes_.push_back(nullptr);
-  return LastSerial();
+/// Where the element stands, or the free cell where it would.
+std::size_t NodeRegistry::PlaceOf(const mdk::IMdeEntity* element) const {
+  constexpr std::uint64_t spread = 0x9e3779b97f4a7c15u;
+  constexpr int usefulBits = 32;
+  const std::size_t mask = cells_.size() - 1;
+  std::size_t place = (reinterpret_cast<std::uintptr_t>(element) * spread >> usefulBits) & mask;
+  while (cells_[place].element != nullptr && cells_[place].element != element) {
+    place = (place + 1) & mask;
+  }
+  return place;
 }
 
-void NodeRegistry::Register(Node* node) { nodes_[node->Serial() - 1] = node; }
+/// The cell of an element, made when there is none. Valid until the next call.
+NodeRegistry::Cell& NodeRegistry::CellOf(const mdk::IMdeEntity* element) {
+  if (2 * used_ >= cells_.size()) Grow();
+  Cell& cell = cells_[PlaceOf(element)];
+  if (cell.element == nullptr) ++used_;
+  cell.element = element;
+  return cell;
+}
 
-Node* NodeRegistry::Find(const mdk::IMdeEntity* element, long serial) const {
-  if (serial < 1 || serial > static_cast<long>(nodes_.size())) return nullptr;
-  Node* node = nodes_[static_cast<std::size_t>(serial - 1)];
-  return node != nullptr && node->Entity() == element ? node : nullptr;
+Node* NodeRegistry::Find(const mdk::IMdeEntity* element) const {
+  return cells_.empty() ? nullptr : cells_[PlaceOf(element)].node;
 }
 
 void NodeRegistry::BeginTree(const mdk::IMdeEntity* element) {
-  taken_.clear();
-  taken_.insert(element);
+  ++tree_;
+  Take(element);
 }
 
-void NodeRegistry::Clear() {
-  nodes_ = {};
-  taken_ = {};
+bool NodeRegistry::Take(const mdk::IMdeEntity* element) {
+  return std::exchange(CellOf(element).tree, tree_) != tree_;
+}
+
+void NodeRegistry::Grow() {
+  constexpr std::size_t smallest = 256;
+  const std::size_t size = cells_.empty() ? smallest : 2 * cells_.size();
+  const std::vector<Cell> old = std::exchange(cells_, std::vector<Cell>(size));
+  for (const Cell& cell : old) {
+    if (cell.element != nullptr) cells_[PlaceOf(cell.element)] = cell;
+  }
 }
 
 }  // namespace mdktoidl

@@ -1,12 +1,11 @@
-// The nodes of the current run, by number.
+// The nodes of the current run: their numbers, and the way from a model element to its node.
 //
-// The tag that a node leaves on its element is the node's number. A tag may outlive its run, or be
-// written by somebody else, so a number is followed only to a node of this run that was built for
-// the very element that carries the tag.
+// The model is left alone: no mark on an element could be trusted to be of this run, and marking
+// each of a million elements would cost more than all questions about them.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
-#include <unordered_set>
 #include <vector>
 
 namespace mdk {
@@ -20,14 +19,14 @@ class Node;
 class NodeRegistry {
  public:
   /// The next number, from 1, in the order of creation.
-  std::uint32_t NextSerial();
-  std::uint32_t LastSerial() const { return static_cast<std::uint32_t>(nodes_.size()); }
+  std::uint32_t NextSerial() { return ++lastSerial_; }
+  std::uint32_t LastSerial() const { return lastSerial_; }
 
-  /// Lets a node be found by its number.
-  void Register(Node* node);
+  /// Lets a node be found by its element. Of several nodes of one element the last counts.
+  void Register(const mdk::IMdeEntity* element, Node* node) { CellOf(element).node = node; }
 
-  /// The node with a number, if it was built for `element`; null otherwise.
-  Node* Find(const mdk::IMdeEntity* element, long serial) const;
+  /// The node that was registered for an element; null when there is none.
+  Node* Find(const mdk::IMdeEntity* element) const;
 
   /// Begins a declaration at the top of the tree, which is built from `element`.
   void BeginTree(const mdk::IMdeEntity* element);
@@ -35,14 +34,27 @@ class NodeRegistry {
   /// Takes an element for a declaration inside the one that was begun. False when that has one for
   /// it already: only a faulty model owns an element twice, and following it there would cost as
   /// much as there are ways to it, or never end.
-  bool Take(const mdk::IMdeEntity* element) { return taken_.insert(element).second; }
+  bool Take(const mdk::IMdeEntity* element);
 
   /// Forgets all nodes; for the beginning and the end of a run.
-  void Clear();
+  void Clear() { *this = NodeRegistry(); }
 
  private:
-  std::vector<Node*> nodes_;  // by number; null for one that can't be found
-  std::unordered_set<const mdk::IMdeEntity*> taken_;
+  struct Cell {
+    const mdk::IMdeEntity* element = nullptr;  // null where the cell is free
+    Node* node = nullptr;                      // null for an element that is only taken
+    std::uint32_t tree = 0;                    // for which the element was taken last; 0 for none
+  };
+
+  Cell& CellOf(const mdk::IMdeEntity* element);
+  std::size_t PlaceOf(const mdk::IMdeEntity* element) const;
+  void Grow();
+
+  // Open addressing: the size is 0 or a power of two, and at least half of the cells are free.
+  std::vector<Cell> cells_;
+  std::size_t used_ = 0;
+  std::uint32_t lastSerial_ = 0;
+  std::uint32_t tree_ = 0;  // the number of the tree that was begun last
 };
 
 extern NodeRegistry nodeRegistry;

@@ -8,18 +8,31 @@
 #include "output/separated.h"
 #include "tree/parameter.h"
 #include "types/elements.h"
+#include "types/properties.h"
 
 namespace mdktoidl {
 
+namespace {
+
+// Kept, because every operation of a model is asked for them.
+const std::string finderStereotype = "CORBAFinder";
+const std::string factoryStereotype = "CORBAFactory";
+const std::string valueFactoryStereotype = "CORBAValueFactory";
+
+}  // namespace
+
 Operation::Operation(mdk::IMdeEntity* element, Container* parent)
     : Container(element, parent),
-      finder(element->HasStereotype("CORBAFinder", 0)),
-      factory(element->HasStereotype("CORBAFactory", 0) ||
-              element->HasStereotype("CORBAValueFactory", 0)) {
+      finder(element->HasStereotype(finderStereotype, 0)),
+      factory(element->HasStereotype(factoryStereotype, 0) ||
+              element->HasStereotype(valueFactoryStereotype, 0)) {
   CreateNodeRef();
-  for (mdk::IMdeEntity* parameter : Elements(element, "Parameter")) {
-    Adopt(std::make_unique<Parameter>(parameter, *this));
-    if (parameter->GetValue("Direction", 0) == "DkReturn") returnParameter = children.back().get();
+  const std::list<mdk::IMdeEntity*> parameters = Elements(element, properties::parameter);
+  children.reserve(parameters.size());
+  for (mdk::IMdeEntity* parameter : parameters) {
+    auto node = std::make_unique<Parameter>(parameter, *this);
+    if (node->isResult()) returnParameter = node.get();
+    Adopt(std::move(node));
   }
 }
 
@@ -30,7 +43,7 @@ bool Operation::isOneway() const {
   if (isSignal() || isFinder() || isFactory()) return true;
   mdk::IMdeEntity* isSynchronous = Entity()->EvalExpression(expression, 0);
   if (isSynchronous == nullptr) return options.isOneway();
-  return isSynchronous->GetValue("Name", 0) != "true";
+  return isSynchronous->GetValue(properties::name, 0) != "true";
 }
 
 void Operation::EvaluateTypes(NodeList& deps) {
@@ -51,13 +64,14 @@ void Operation::CheckOwner() const {
 }
 
 void Operation::EvaluateRaises(NodeList& deps) {
-  const std::list<mdk::IMdeEntity*> exceptions = Elements(Entity(), "RaisedException");
+  const std::list<mdk::IMdeEntity*> exceptions = Elements(Entity(), properties::raisedException);
   if (!exceptions.empty() && isOneway()) Report(Message::operationOnewayRaises, {ScopedName("::")});
   for (mdk::IMdeEntity* exception : exceptions) {
     if (Node* node = GetNodeRef(exception)) {
       raises.push_back(node);
     } else {
-      Report(Message::operationRaisesUndefined, {ScopedName("::"), exception->GetValue("Name", 0)});
+      Report(Message::operationRaisesUndefined,
+             {ScopedName("::"), exception->GetValue(properties::name, 0)});
     }
   }
   JoinList(raises, deps);
@@ -75,25 +89,25 @@ void Operation::Unparse(std::ofstream& out) {
   UnparseComment(Entity(), out);
   newline(out);
   UnparsePrefix(out);
-  out << Name() << '(';
+  Write(out, {Name(), "("});
   UnparseParameters(out);
-  out << ')';
+  Write(out, {")"});
   UnparseRaises(out);
   UnparseContext(out);
-  out << ';';
+  Write(out, {";"});
 }
 
 void Operation::UnparsePrefix(std::ofstream& out) const {
   if (isFinder()) {
-    out << "finder ";
+    Write(out, {"finder "});
   } else if (isFactory()) {
-    out << "factory ";
+    Write(out, {"factory "});
   } else if (isOneway()) {
-    out << "oneway void ";
+    Write(out, {"oneway void "});
   } else if (returnParameter != nullptr) {
-    out << TypeText() << DeclaratorSuffix() << ' ';
+    Write(out, {TypeText(), DeclaratorSuffix(), " "});
   } else {
-    out << "void ";
+    Write(out, {"void "});
   }
 }
 
@@ -107,20 +121,20 @@ void Operation::UnparseParameters(std::ofstream& out) const {
 
 void Operation::UnparseRaises(std::ofstream& out) const {
   if (raises.empty()) return;
-  out << " raises (";
-  WriteSeparated(raises, out, [&out](const Node* exception) { out << exception->Name(); });
-  out << ')';
+  Write(out, {" raises ("});
+  WriteSeparated(raises, out, [&out](const Node* exception) { Write(out, {exception->Name()}); });
+  Write(out, {")"});
 }
 
 void Operation::UnparseContext(std::ofstream& out) const {
   static const std::string expression = "CORBAOperation (. context .)";
   mdk::IMdeEntity* context = Entity()->EvalExpression(expression, 0);
   if (context == nullptr || !context->IsKindOf("ListExpr")) return;
-  const std::list<mdk::IMdeEntity*> expressions = Elements(context, "Expression");
+  const std::list<mdk::IMdeEntity*> expressions = Elements(context, properties::expression);
   if (expressions.empty()) return;
   out << " context (";
   WriteSeparated(expressions, out,
-                 [&out](mdk::IMdeEntity* each) { out << each->GetValue("Value", 0); });
+                 [&out](mdk::IMdeEntity* each) { out << each->GetValue(properties::value, 0); });
   out << ')';
 }
 

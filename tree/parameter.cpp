@@ -3,12 +3,28 @@
 #include "agent/diagnostics.h"
 #include "output/layout.h"
 #include "tree/operation.h"
+#include "types/properties.h"
 
 namespace mdktoidl {
+
+namespace {
+
+constexpr std::string_view in = "in ";
+
+std::string_view KeywordOf(std::string_view direction) {
+  if (direction == "DkIn" || direction == "DkNone") return in;
+  if (direction == "DkInOut") return "inout ";
+  return direction == "DkOut" ? "out " : "";
+}
+
+}  // namespace
 
 Parameter::Parameter(mdk::IMdeEntity* element, Operation& parent)
     : Node(element, &parent), operation(parent) {
   CreateNodeRef();
+  const std::string direction = element->GetValue(properties::direction, 0);
+  keyword = KeywordOf(direction);
+  result = direction == "DkReturn";
 }
 
 void Parameter::EvaluateTypes(NodeList& deps) {
@@ -16,23 +32,14 @@ void Parameter::EvaluateTypes(NodeList& deps) {
   static constexpr TypeComplaints complaints = {
       "parameter ", Message::parameterBoundUnknown, Message::parameterTypeUnknown,
       Message::parameterTypeAnonymous, Message::parameterTypeNotExported};
-  const std::string direction = Entity()->GetValue("Direction", 0);
-  if (direction != "DkIn" && direction != "DkNone" && operation.isOneway()) {
+  if (keyword != in && operation.isOneway()) {
     Report(Message::parameterReturnsValue, {operation.ScopedName("::")});
   }
   ResolveType(Entity(), complaints, deps);
 }
 
 void Parameter::Unparse(std::ofstream& out) {
-  const std::string direction = Entity()->GetValue("Direction", 0);
-  if (direction == "DkIn" || direction == "DkNone") {
-    out << "in ";
-  } else if (direction == "DkInOut") {
-    out << "inout ";
-  } else if (direction == "DkOut") {
-    out << "out ";
-  }
-  out << TypeText() << ' ' << Name() << DeclaratorSuffix();
+  Write(out, {keyword, TypeText(), " ", Name(), DeclaratorSuffix()});
 }
 
 }  // namespace mdktoidl

@@ -1,6 +1,8 @@
 // A parameter of an operation.
 #pragma once
 
+#include <string_view>
+
 #include "tree/container.h"
 
 namespace mdktoidl {
@@ -14,8 +16,13 @@ class Parameter : public Node {
   void EvaluateTypes(NodeList& deps) override;
   void Unparse(std::ofstream& out) override;
 
+  /// Whether this is the operation's result.
+  bool isResult() const { return result; }
+
  private:
   const Operation& operation;
+  std::string_view keyword;  // "in ", "out " or "inout "; empty for any other direction
+  bool result;
 };
 
 }  // namespace mdktoidl

@@ -4,11 +4,12 @@
 #include "output/layout.h"
 #include "output/separated.h"
 #include "types/elements.h"
+#include "types/properties.h"
 
 namespace mdktoidl {
 
 void Segment::EvaluateTypes(NodeList& deps) {
-  if (Elements(Entity(), "ClientDependency").empty()) {
+  if (Elements(Entity(), properties::clientDependency).empty()) {
     Report(Message::segmentHasNoDependencies, {ScopedName("::")});
     return;
   }

@@ -5,12 +5,13 @@
 #include "tree/field.h"
 #include "types/elements.h"
 #include "types/marking.h"
+#include "types/properties.h"
 
 namespace mdktoidl {
 
 Struct::Struct(mdk::IMdeEntity* element, Container* parent) : Container(element, parent) {
   CreateNodeRef();
-  const std::list<mdk::IMdeEntity*> members = Elements(element, "OwnedMember");
+  const std::list<mdk::IMdeEntity*> members = Elements(element, properties::ownedMember);
   if (members.empty()) Report(Message::structHasNoMembers, {ScopedName("::")});
   for (mdk::IMdeEntity* member : members) {
     if (!member->IsKindOf("Attribute") || !isPublic(member)) continue;
@@ -21,7 +22,7 @@ Struct::Struct(mdk::IMdeEntity* element, Container* parent) : Container(element,
 
 void Struct::Unparse(std::ofstream& out) {
   UnparseHeading(out);
-  out << "struct " << Name();
+  Write(out, {"struct ", Name()});
   UnparseBody(out);
 }
 

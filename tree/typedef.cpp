@@ -6,6 +6,7 @@
 #include "tree/declaration_user.h"
 #include "types/elements.h"
 #include "types/predefined_type.h"
+#include "types/properties.h"
 
 namespace mdktoidl {
 
@@ -27,8 +28,9 @@ Typedef::Typedef(mdk::IMdeEntity* element, Container* parent) : Node(element, pa
     if (attributes.size() > 1) Report(Message::typedefHasMoreAttributes, {ScopedName("::")});
     return;
   }
-  const std::list<mdk::IMdeEntity*> generalizations = Elements(element, "Generalization");
-  if (generalizations.size() == 1) general = generalizations.front()->GetEntity("Parent", 0);
+  const std::list<mdk::IMdeEntity*> generalizations = Elements(element, properties::generalization);
+  if (generalizations.size() == 1)
+    general = generalizations.front()->GetEntity(properties::parent, 0);
   if (general == nullptr) Report(Message::typedefLacksType, {ScopedName("::")});
 }
 
@@ -37,7 +39,8 @@ void Typedef::EvaluateTypes(NodeList& deps) {
   if (attribute != nullptr && hasMultiplicity(attribute)) {
     Report(Message::typedefHasMultiplicity, {ScopedName("::")});
   }
-  mdk::IMdeEntity* target = attribute == nullptr ? general : attribute->GetTarget("Type", 0);
+  mdk::IMdeEntity* target =
+      attribute == nullptr ? general : attribute->GetTarget(properties::type, 0);
   const TypeComplaints complaints = {
       word, std::nullopt,
       isTemplate(target) ? Message::typedefTemplateUnknown : Message::typedefTypeUnknown,
@@ -53,7 +56,8 @@ void Typedef::EvaluateTypes(NodeList& deps) {
 
 std::optional<Alias> Typedef::AliasOf() const {
   if (known) return known;
-  mdk::IMdeEntity* base = attribute == nullptr ? general : attribute->GetEntity("Type", 0);
+  mdk::IMdeEntity* base =
+      attribute == nullptr ? general : attribute->GetEntity(properties::type, 0);
   const std::string primitive = PrimitiveToString(base);
   if (!primitive.empty()) return Alias{nullptr, primitive};
   return Alias{GetNodeRef(base), {}};

@@ -10,6 +10,7 @@
 #include "tree/interface_members.h"
 #include "tree/state.h"
 #include "types/elements.h"
+#include "types/properties.h"
 
 namespace mdktoidl {
 
@@ -54,8 +55,8 @@ void Value::EvaluateKind() {
 
 void Value::CollectGeneralizations(NodeList& result) {
   std::unordered_set<const Node*> present;
-  for (mdk::IMdeEntity* generalization : Elements(Entity(), "Generalization")) {
-    mdk::IMdeEntity* parent = generalization->GetEntity("Parent", 0);
+  for (mdk::IMdeEntity* generalization : Elements(Entity(), properties::generalization)) {
+    mdk::IMdeEntity* parent = generalization->GetEntity(properties::parent, 0);
     if (parent == nullptr) continue;
     if (!parent->HasStereotype("CORBAValue", 0) && !parent->HasStereotype("CORBAEvent", 0))
       continue;
@@ -73,8 +74,8 @@ void Value::CollectGeneralizations(NodeList& result) {
 
 void Value::CollectSupports(NodeList& result) const {
   std::unordered_set<const Node*> present;
-  for (mdk::IMdeEntity* generalization : Elements(Entity(), "Generalization")) {
-    mdk::IMdeEntity* parent = generalization->GetEntity("Parent", 0);
+  for (mdk::IMdeEntity* generalization : Elements(Entity(), properties::generalization)) {
+    mdk::IMdeEntity* parent = generalization->GetEntity(properties::parent, 0);
     if (parent == nullptr) continue;
     if (!parent->HasStereotype("CORBAInterface", 0)) {
       if (generalization->HasStereotype("CORBASupports", 0)) {

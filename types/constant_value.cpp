@@ -3,6 +3,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "types/properties.h"
 #include "types/text.h"
 
 namespace mdktoidl {
@@ -18,11 +19,11 @@ struct Step {
 };
 
 Step Look(mdk::IMdeEntity* constant) {
-  mdk::IMdeEntity* expression = constant->GetEntity("DefaultValue", 0);
+  mdk::IMdeEntity* expression = constant->GetEntity(properties::defaultValue, 0);
   if (expression == nullptr) return {};
-  if (expression->IsKindOf("Ident")) return {{}, expression->GetEntity("Definition", 0)};
+  if (expression->IsKindOf("Ident")) return {{}, expression->GetEntity(properties::definition, 0)};
   if (!expression->IsKindOf("IntegerValue")) return {};
-  const auto value = IntegerLiteral(expression->GetValue("ValueString", 0));
+  const auto value = IntegerLiteral(expression->GetValue(properties::valueString, 0));
   if (!value) return {};
   return {{ConstantState::integer, *value}, nullptr};
 }

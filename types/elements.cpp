@@ -1,5 +1,7 @@
 #include "types/elements.h"
 
+#include "types/properties.h"
+
 namespace mdktoidl {
 
 std::list<mdk::IMdeEntity*> Elements(mdk::IMdeEntity* element, const std::string& property) {
@@ -11,9 +13,9 @@ std::list<mdk::IMdeEntity*> Elements(mdk::IMdeEntity* element, const std::string
 
 std::list<mdk::IMdeEntity*> Suppliers(mdk::IMdeEntity* element, const std::string& stereotype) {
   std::list<mdk::IMdeEntity*> suppliers;
-  for (mdk::IMdeEntity* dependency : Elements(element, "ClientDependency")) {
+  for (mdk::IMdeEntity* dependency : Elements(element, properties::clientDependency)) {
     if (dependency->HasStereotype(stereotype, 0)) {
-      suppliers.push_back(dependency->GetEntity("Supplier", 0));
+      suppliers.push_back(dependency->GetEntity(properties::supplier, 0));
     }
   }
   suppliers.remove(nullptr);

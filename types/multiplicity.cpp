@@ -5,6 +5,7 @@
 #include "agent/diagnostics.h"
 #include "types/constant_value.h"
 #include "types/elements.h"
+#include "types/properties.h"
 #include "types/text.h"
 
 namespace mdktoidl {
@@ -33,18 +34,18 @@ class MultiplicityReader {
  private:
   /// IDL has no lower bounds, so the lower one only has to be there and to be sound.
   std::string ReadRange(mdk::IMdeEntity* range) {
-    mdk::IMdeEntity* lower = range->GetEntity("LowerBound", 0);
+    mdk::IMdeEntity* lower = range->GetEntity(properties::lowerBound, 0);
     if (lower == nullptr) return Fail(Message::multiplicityLacksLowerBound);
     if (!IsBound(lower)) return Fail(Message::multiplicityBoundNotAllowed);
-    mdk::IMdeEntity* upper = range->GetEntity("UpperBound", 0);
+    mdk::IMdeEntity* upper = range->GetEntity(properties::upperBound, 0);
     if (upper == nullptr) return Fail(Message::multiplicityLacksUpperBound);
     return ReadUpper(upper, 0);
   }
 
   std::string ReadBoundary(mdk::IMdeEntity* condition) {
-    mdk::IMdeEntity* boundary = condition->GetEntity("Boundary", 0);
+    mdk::IMdeEntity* boundary = condition->GetEntity(properties::boundary, 0);
     if (boundary == nullptr) return Fail(Message::multiplicityNotUnderstood);
-    const std::string relation = condition->GetValue("Operator", 0);
+    const std::string relation = condition->GetValue(properties::comparison, 0);
     if (relation == "<=" || relation == "==") return ReadUpper(boundary, 0);
     if (relation == "<") return ReadUpper(boundary, 1);
     if (relation != ">=" && relation != ">" && relation != "!=") {
@@ -60,7 +61,7 @@ class MultiplicityReader {
   /// `excess` is what the bound lies above the greatest number allowed.
   std::string ReadUpper(mdk::IMdeEntity* bound, long excess) {
     if (bound->IsKindOf("IntegerValue"))
-      return ReadNumber(bound->GetValue("ValueString", 0), excess);
+      return ReadNumber(bound->GetValue(properties::valueString, 0), excess);
     if (bound->IsKindOf("Ident")) return ReadConstant(bound, excess);
     return Fail(Message::multiplicityBoundNotAllowed);
   }
@@ -79,10 +80,10 @@ class MultiplicityReader {
   }
 
   std::string ReadConstant(mdk::IMdeEntity* identifier, long excess) {
-    mdk::IMdeEntity* constant = identifier->GetEntity("Definition", 0);
+    mdk::IMdeEntity* constant = identifier->GetEntity(properties::definition, 0);
     bounded_ = true;
     entities_.push_back(constant);
-    if (constant == nullptr) return identifier->GetValue("Name", 0);
+    if (constant == nullptr) return identifier->GetValue(properties::name, 0);
     VisitedConstants visited;
     const ConstantValue value = EvaluateConstant(constant, visited);
     if (value.state == ConstantState::circular) return Fail(Message::multiplicityIsCircular);
@@ -102,7 +103,7 @@ class MultiplicityReader {
 std::string GetMultiplicity(mdk::IMdeEntity* element, const TypeUser& user, bool& bounded,
                             std::vector<mdk::IMdeEntity*>& entities) {
   bounded = false;
-  const std::list<mdk::IMdeEntity*> multiplicities = Elements(element, "Multiplicity");
+  const std::list<mdk::IMdeEntity*> multiplicities = Elements(element, properties::multiplicity);
   if (multiplicities.empty()) return single;
   MultiplicityReader reader(user, bounded, entities);
   // A sequence has one bound; a union of ranges has no counterpart.

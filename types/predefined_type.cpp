@@ -3,6 +3,8 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "types/properties.h"
+
 namespace mdktoidl {
 
 namespace {
@@ -38,10 +40,13 @@ const std::unordered_map<std::string_view, std::string_view> predefinedTypes = {
 
 }  // namespace
 
+std::string_view PredefinedType(const std::string& name) {
+  const auto row = predefinedTypes.find(name);
+  return row == predefinedTypes.end() ? std::string_view() : row->second;
+}
+
 std::string PrimitiveToString(mdk::IMdeEntity* type) {
-  if (type == nullptr) return "";
-  const auto row = predefinedTypes.find(type->GetValue("Name", 0));
-  return row == predefinedTypes.end() ? "" : std::string(row->second);
+  return type == nullptr ? "" : std::string(PredefinedType(type->GetValue(properties::name, 0)));
 }
 
 }  // namespace mdktoidl

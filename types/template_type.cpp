@@ -6,6 +6,7 @@
 
 #include "agent/idl_exception.h"
 #include "types/constant_value.h"
+#include "types/properties.h"
 #include "types/text.h"
 
 namespace mdktoidl {
@@ -25,10 +26,10 @@ struct Instantiation {
   std::vector<mdk::IMdeEntity*> parameters;
 
   explicit Instantiation(mdk::IMdeEntity* element) {
-    mdk::IMdeEntity* instantiated = element->GetEntity("InstanceOf", 0);
-    if (instantiated != nullptr) name = instantiated->GetValue("Name", 0);
+    mdk::IMdeEntity* instantiated = element->GetEntity(properties::instanceOf, 0);
+    if (instantiated != nullptr) name = instantiated->GetValue(properties::name, 0);
     std::list<mdk::IMdeEntity*> actuals;
-    element->GetEntities("ActualTemplateParameter", actuals);
+    element->GetEntities(properties::actualTemplateParameter, actuals);
     parameters.assign(actuals.begin(), actuals.end());
   }
 
@@ -52,7 +53,7 @@ struct Instantiation {
     mdk::IMdeEntity* parameter = parameters[index];
     if (parameter == nullptr) Refuse();
     if (parameter->IsKindOf("Ident")) return std::to_string(Constant(parameter, least));
-    std::string text = parameter->GetValue("ValueString", 0);
+    std::string text = parameter->GetValue(properties::valueString, 0);
     const auto value = IntegerLiteral(text);
     if (!parameter->IsKindOf("IntegerValue") || !value || *value < least) Refuse();
     return text;
@@ -60,7 +61,7 @@ struct Instantiation {
 
  private:
   long Constant(mdk::IMdeEntity* identifier, long least) const {
-    mdk::IMdeEntity* constant = identifier->GetEntity("Definition", 0);
+    mdk::IMdeEntity* constant = identifier->GetEntity(properties::definition, 0);
     if (constant == nullptr) throw IDLException("Failed to interpret ident correctly");
     VisitedConstants visited;
     const ConstantValue value = EvaluateConstant(constant, visited);

@@ -1,31 +1,41 @@
 #include "types/type_reference.h"
 
+#include <string_view>
+#include <utility>
+
 #include "agent/diagnostics.h"
 #include "agent/idl_exception.h"
 #include "types/multiplicity.h"
 #include "types/predefined_type.h"
+#include "types/properties.h"
 #include "types/template_type.h"
 
 namespace mdktoidl {
 
 namespace {
 
-void SetDefinition(mdk::IMdeEntity* definitionElement, TypeKind kind, const std::string& name,
+void SetPredefined(std::string_view text, TypeReference& result) {
+  result.kind = result.elementKind = primitiveType;
+  result.text = text;
+}
+
+void SetDefinition(mdk::IMdeEntity* definitionElement, TypeKind kind, std::string name,
                    TypeReference& result) {
   result.kind = result.elementKind = kind;
-  result.text = name;
-  if (definitionElement != nullptr) result.definitions.push_back(definitionElement);
+  result.text = std::move(name);
+  result.definitions.push_back(definitionElement);
 }
 
 /// The definition that a typed element's identifier names.
 mdk::IMdeEntity* EvaluateIdentifier(mdk::IMdeEntity* element, TypeReference& result) {
-  mdk::IMdeEntity* found = element->GetEntity("Type", 0);
+  mdk::IMdeEntity* found = element->GetEntity(properties::type, 0);
   if (found == nullptr) return nullptr;
-  const std::string predefined = PrimitiveToString(found);
-  if (!predefined.empty()) {
-    SetDefinition(nullptr, primitiveType, predefined, result);
+  std::string name = found->GetValue(properties::name, 0);
+  const std::string_view predefined = PredefinedType(name);
+  if (predefined.empty()) {
+    SetDefinition(found, definition, std::move(name), result);
   } else {
-    SetDefinition(found, definition, found->GetValue("Name", 0), result);
+    SetPredefined(predefined, result);
   }
   return found;
 }
@@ -50,7 +60,7 @@ void WrapInSequence(const std::string& multiplicity, bool bounded, const TypeUse
 mdk::IMdeEntity* GetType(mdk::IMdeEntity* element, const TypeUser& user, TypeReference& result) {
   bool bounded = false;
   const std::string multiplicity = GetMultiplicity(element, user, bounded, result.bounds);
-  mdk::IMdeEntity* target = element->GetTarget("Type", 0);
+  mdk::IMdeEntity* target = element->GetTarget(properties::type, 0);
   if (target == nullptr) return nullptr;
   mdk::IMdeEntity* found = target->GetMetaclass() == "Ident"
                                ? EvaluateIdentifier(element, result)
@@ -71,17 +81,17 @@ mdk::IMdeEntity* EvaluateBaseType2(mdk::IMdeEntity* expression, const TypeUser& 
 }
 
 mdk::IMdeEntity* EvaluatePlainType(mdk::IMdeEntity* expression, TypeReference& result) {
-  const std::string predefined = PrimitiveToString(expression);
+  const std::string name = expression->GetValue(properties::name, 0);
+  const std::string_view predefined = PredefinedType(name);
   if (!predefined.empty()) {
-    SetDefinition(nullptr, primitiveType, predefined, result);
+    SetPredefined(predefined, result);
     return expression;
   }
-  const std::string name = expression->GetValue("Name", 0);
   if (expression->GetMetaclass() != "Ident") {
     SetDefinition(expression, definition, name, result);
     return expression;
   }
-  mdk::IMdeEntity* found = expression->GetEntity("Definition", 0);
+  mdk::IMdeEntity* found = expression->GetEntity(properties::definition, 0);
   if (found == nullptr) throw IDLException("Failed to interpret ident correctly");
   SetDefinition(found, identifiedDefinition, name, result);
   return found;
