@@ -1,5 +1,8 @@
 #include "model/symbol.h"
 
+#include <array>
+#include <string>
+
 #include "model/text_table.h"
 
 namespace model {
@@ -20,12 +23,23 @@ TextTable& Symbols() {
 
 Symbol::Symbol(std::string_view text) : id_(Symbols().Enter(text)) {}
 
+/// Whoever asks for a name keeps it in one place, as a rule. What was found for a place is tried
+/// first: to see that the text there is the same costs less than to hash it.
 std::optional<Symbol> Symbol::Find(std::string_view text) {
+  struct Found {
+    const char* place = nullptr;
+    Symbol symbol;
+  };
+  constexpr std::size_t stringSize = sizeof(std::string);
+  static std::array<Found, 256> found;
+  const auto address = reinterpret_cast<std::uintptr_t>(text.data());
+  Found& last = found[address / stringSize % found.size()];
+  if (last.place == text.data() && last.symbol.Text() == text) return last.symbol;
   const auto number = Symbols().Find(text);
   if (!number) return std::nullopt;
-  Symbol symbol;
-  symbol.id_ = *number;
-  return symbol;
+  last.place = text.data();
+  last.symbol.id_ = *number;
+  return last.symbol;
 }
 
 std::string_view Symbol::Text() const { return Symbols().Text(id_); }

@@ -52,13 +52,15 @@ std::string_view Ids::IdOf(ItemIndex item) const {
     for (const Table& table : tables_) {
       for (const Entry& entry : table.entries) {
         if (entry.text != nullptr && !entry.target.inner) {
-          byItem_.emplace(entry.target.item, entry.text);
+          const std::size_t item = entry.target.item;
+          if (byItem_.size() <= item) byItem_.resize(item + 1);
+          byItem_[item] = entry.text;
         }
       }
     }
   }
-  const auto found = byItem_.find(item);
-  return found == byItem_.end() ? std::string_view() : found->second;
+  const char* const id = item < byItem_.size() ? byItem_[item] : nullptr;
+  return id == nullptr ? std::string_view() : id;
 }
 
 void Ids::Grow(Table& table, std::size_t size) {

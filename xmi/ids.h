@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <functional>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "xmi/items.h"
@@ -55,8 +54,8 @@ class Ids {
   static std::size_t PlaceOf(const Table& table, std::string_view id, std::uint32_t hash);
   static void Grow(Table& table, std::size_t size);
 
-  std::vector<Table> tables_;  // by file
-  mutable std::unordered_map<ItemIndex, std::string_view> byItem_;
+  std::vector<Table> tables_;                // by file
+  mutable std::vector<const char*> byItem_;  // null for one without an id; filled when first asked
 };
 
 }  // namespace xmi

@@ -60,11 +60,15 @@ ItemIndex Items::Find(const model::Element& element) const {
   if (sortedSize_ != items_.size()) {
     sortedSize_ = items_.size();
     byAddress_.clear();
+    byAddress_.reserve(items_.size());
     for (std::size_t i = 0; i < items_.size(); ++i) {
       if (!items_[i].Has(Item::kPlace)) byAddress_.push_back(static_cast<ItemIndex>(i));
     }
-    std::sort(byAddress_.begin(), byAddress_.end(),
-              [&](ItemIndex a, ItemIndex b) { return before(address(a), address(b)); });
+    // Elements are made one behind the other, so there is nearly always nothing to sort.
+    const auto isBefore = [&](ItemIndex a, ItemIndex b) { return before(address(a), address(b)); };
+    if (!std::is_sorted(byAddress_.begin(), byAddress_.end(), isBefore)) {
+      std::sort(byAddress_.begin(), byAddress_.end(), isBefore);
+    }
   }
   const auto found = std::lower_bound(
       byAddress_.begin(), byAddress_.end(), &element,

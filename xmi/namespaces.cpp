@@ -36,6 +36,7 @@ Namespaces::Namespaces() {
 void Namespaces::Bind(std::string_view prefix, std::string_view uri) {
   bindings_.push_back({prefix, uri, SpaceOf(uri)});
   last_ = bindings_.size() - 1;
+  ++version_;
 }
 
 const Namespaces::Binding* Namespaces::Lookup(std::string_view prefix) const {

@@ -24,8 +24,11 @@ class Namespaces {
     if (mark == bindings_.size()) return;
     bindings_.resize(mark);
     last_ = 0;
+    ++version_;
   }
 
+  /// A number that changes when what a prefix means may change; never 0.
+  std::size_t Version() const { return version_; }
   /// The kind of the namespace of a prefix; `kForeign` for one that is not bound, `kNone` for the
   /// empty prefix when there is no default namespace.
   Space Find(std::string_view prefix) const;
@@ -41,6 +44,7 @@ class Namespaces {
   const Binding* Lookup(std::string_view prefix) const;
 
   std::vector<Binding> bindings_;
+  std::size_t version_ = 1;
   mutable std::size_t last_ = 0;  // the binding found last: nearly always the next one, too
 };
 

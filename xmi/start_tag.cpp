@@ -3,20 +3,9 @@
 namespace xmi {
 namespace {
 
-// A name and the place of its colon, found in one pass; names are short and there are millions.
-QualifiedName Scan(const char* name) {
-  const char* local = name;
-  const char* end = name;
-  for (; *end != '\0'; ++end) {
-    if (*end == ':' && local == name) local = end + 1;
-  }
-  const auto prefixSize = static_cast<std::size_t>(local == name ? 0 : local - name - 1);
-  return {{name, prefixSize}, {local, static_cast<std::size_t>(end - local)}};
-}
-
 void BindDeclared(pugi::xml_node element, Namespaces& namespaces) {
   for (const pugi::xml_attribute attribute : element.attributes()) {
-    const QualifiedName name = Scan(attribute.name());
+    const QualifiedName name = SplitName(attribute.name());
     if (name.prefix.empty() && name.local == "xmlns") namespaces.Bind({}, attribute.value());
     if (name.prefix == "xmlns") namespaces.Bind(name.local, attribute.value());
   }
@@ -37,16 +26,30 @@ void StartTag::Clear() {
   features.clear();
 }
 
+const StartTag::Known& StartTag::Look(std::string_view qualified, const Namespaces& namespaces) {
+  const std::size_t size = qualified.size();
+  const auto letter = [&](std::size_t i) { return static_cast<unsigned char>(qualified[i]); };
+  const std::size_t mixed = size == 0 ? 0 : letter(0) + 5 * letter(size / 2) + 7 * letter(size - 1);
+  Known& known = known_[(mixed + 3 * size) % known_.size()];
+  if (known.text != qualified || known.namespaces != namespaces.Version()) {
+    const QualifiedName split = SplitName(qualified);
+    const Space space = split.prefix.empty() ? Space::kNone : namespaces.Find(split.prefix);
+    known = {qualified, split.local,         FindWord(split.local), !split.prefix.empty(),
+             space,     namespaces.Version()};
+  }
+  return known;
+}
+
 void StartTag::Read(pugi::xml_node element, Namespaces& namespaces) {
   if (!ReadAttributes(element, namespaces)) {
     // Prefixes may be used before they are declared in the same tag.
     BindDeclared(element, namespaces);
     ReadAttributes(element, namespaces);
   }
-  const QualifiedName split = Scan(element.name());
   name = element.name();
-  tag = FindWord(split.local);
-  space = split.prefix.empty() ? Space::kNone : namespaces.Find(split.prefix);
+  const Known& known = Look(name, namespaces);
+  tag = known.word;
+  space = known.space;
 }
 
 void StartTag::ReadRoot(pugi::xml_node element, Namespaces& namespaces) {
@@ -61,31 +64,27 @@ bool StartTag::ReadAttributes(pugi::xml_node element, const Namespaces& namespac
   bool declares = false;
   for (auto attribute = element.first_attribute(); attribute;
        attribute = attribute.next_attribute()) {
-    const QualifiedName split = Scan(attribute.name());
-    if (!split.prefix.empty()) {
-      declares = declares || split.prefix == "xmlns";
-      ReadPrefixed(split, attribute.value(), namespaces);
-      continue;
-    }
-    const Word word = FindWord(split.local);
-    if (word == Word::kHref) {
+    const Known& known = Look(attribute.name(), namespaces);
+    if (known.hasPrefix) {
+      declares = declares || known.text.substr(0, 6) == "xmlns:";
+      ReadPrefixed(known, attribute.value(), namespaces);
+    } else if (known.word == Word::kHref) {
       href = attribute.value();
-    } else if (word != Word::kNone) {
-      features.push_back({word, attribute.value()});
-    } else if (split.local[0] == 'b' && split.local.substr(0, 5) == "base_") {
+    } else if (known.word != Word::kNone) {
+      features.push_back({known.word, attribute.value()});
+    } else if (known.local.substr(0, 5) == "base_") {
       hasBase = true;
-    } else if (split.local == "xmlns") {
+    } else if (known.local == "xmlns") {
       declares = true;
     }
   }
   return !declares;
 }
 
-void StartTag::ReadPrefixed(QualifiedName attribute, std::string_view value,
+void StartTag::ReadPrefixed(const Known& attribute, std::string_view value,
                             const Namespaces& namespaces) {
-  const Space attributeSpace = namespaces.Find(attribute.prefix);
-  if (attributeSpace != Space::kXmi && attributeSpace != Space::kXsi) return;
-  switch (FindWord(attribute.local)) {
+  if (attribute.space != Space::kXmi && attribute.space != Space::kXsi) return;
+  switch (attribute.word) {
     case Word::kId:
       id = value;
       break;
@@ -96,10 +95,11 @@ void StartTag::ReadPrefixed(QualifiedName attribute, std::string_view value,
       nil = value == "true" || value == "1";
       break;
     case Word::kType: {
-      const QualifiedName split = SplitName(value);
-      typeName = split.local;
-      type = TypeOf(split.local);
-      typeSpace = namespaces.Find(split.prefix);
+      const Known& known = Look(value, namespaces);
+      typeName = known.local;
+      type = known.word >= Word::kPackage ? known.word : Word::kNone;
+      typeSpace = known.space;
+      if (!known.hasPrefix) typeSpace = namespaces.Find({});
       if (typeSpace == Space::kNone) typeSpace = Space::kUml;
       break;
     }

@@ -1,6 +1,8 @@
 // What the start tag of one XML element says, its names recognised.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <pugixml.hpp>
 #include <string_view>
 #include <vector>
@@ -41,9 +43,23 @@ struct StartTag {
   void ReadRoot(pugi::xml_node element, Namespaces& namespaces);
 
  private:
+  /// A qualified name, taken apart and looked up.
+  struct Known {
+    std::string_view text;
+    std::string_view local;
+    Word word = Word::kNone;
+    bool hasPrefix = false;
+    Space space = Space::kNone;  // of the prefix
+    std::size_t namespaces = 0;  // the version of the namespaces that it is of
+  };
+
   void Clear();
+  const Known& Look(std::string_view qualified, const Namespaces& namespaces);
   bool ReadAttributes(pugi::xml_node element, const Namespaces& namespaces);
-  void ReadPrefixed(QualifiedName attribute, std::string_view value, const Namespaces& namespaces);
+  void ReadPrefixed(const Known& attribute, std::string_view value, const Namespaces& namespaces);
+
+  // The names seen last, by a few of their letters: a file has millions of them, all the same few.
+  std::array<Known, 128> known_;
 };
 
 /// The word of a type's name; `kNone` when it is not known.
