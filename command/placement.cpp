@@ -1,6 +1,8 @@
 #include "command/placement.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 #include <fstream>
 #include <iterator>
 #include <optional>
@@ -16,6 +18,8 @@ namespace command {
 namespace {
 
 namespace fs = std::filesystem;
+
+constexpr std::streamsize kBlock = 1 << 16;
 
 std::optional<std::string> Bytes(const fs::path& file) {
   std::ifstream in(file, std::ios::binary);
@@ -99,8 +103,18 @@ bool SameBytes(const fs::path& left, const fs::path& right) {
   std::error_code error;
   const auto size = fs::file_size(left, error);
   if (error || fs::file_size(right, error) != size || error) return false;
-  const std::optional<std::string> bytes = Bytes(left);
-  return bytes && bytes == Bytes(right);
+  std::ifstream files[] = {std::ifstream(left, std::ios::binary),
+                           std::ifstream(right, std::ios::binary)};
+  std::vector<char> blocks[] = {std::vector<char>(kBlock), std::vector<char>(kBlock)};
+  for (std::uintmax_t compared = 0; compared < size; compared += kBlock) {
+    for (int side : {0, 1}) files[side].read(blocks[side].data(), kBlock);
+    const std::streamsize count = files[0].gcount();
+    if (count == 0 || count != files[1].gcount()) return false;
+    if (std::memcmp(blocks[0].data(), blocks[1].data(), static_cast<std::size_t>(count)) != 0) {
+      return false;
+    }
+  }
+  return true;
 }
 
 std::set<std::string> StaleFiles(const StagedExport& exported) {
