@@ -15,7 +15,8 @@ bool mayStandTwice(const std::string& metaclass) {
 
 bool Take(mdk::IMdeEntity* member, const Container& parent) {
   if (nodeRegistry.Take(member)) return true;
-  Report(Message::memberDeclaredAlready, {parent.ScopedName("::"), member->GetValue(properties::name, 0)});
+  Report(Message::memberDeclaredAlready,
+         {parent.ScopedName("::"), member->GetValue(properties::name, 0)});
   return false;
 }
 
