@@ -14,7 +14,6 @@
 #include "command/element_finder.h"
 #include "command/generator_settings.h"
 #include "command/graph.h"
-#include "command/heap.h"
 #include "command/idl_names.h"
 #include "command/remarks.h"
 #include "command/target_directory.h"
@@ -106,7 +105,6 @@ void ExportSession::ReadModelFile() {
     const std::string line = "reading " + options_.model;
     return reading.total == 0 ? line : line + ": " + Megabytes(reading.done, reading.total);
   });
-  PrepareHeap(options_.model);
   reader_.Read(options_.model);
 }
 
