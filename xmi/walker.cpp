@@ -52,8 +52,7 @@ void Walker::Walk(FileIndex file) {
     return reading_.remarks.Add(place, "file-not-a-model", place.file + " " + problem);
   }
   const bool isXmi = tag_.space == Space::kXmi;
-  WalkBelow(
-      {root, isXmi ? Below{Mode::kRoots, kNoItem} : EnterRoot(root), namespaces_.Mark(), 0, false});
+  WalkBelow({root, isXmi ? Below{Mode::kRoots, kNoItem} : EnterRoot(root), namespaces_.Mark()});
   EnterIds();
   reading_.progress.done = reading_.progress.total.load();
 }
@@ -95,17 +94,13 @@ void Walker::FailCrowded(pugi::xml_node node, const std::string& what) const {
                   "there are more than " + std::to_string(kMostOfAKind) + " " + what);
 }
 
-// What nothing will be asked about any more is taken out of the tree at once: its memory goes to
-// the elements that are made next.
 void Walker::WalkBelow(const Frame& top) {
   std::vector<Frame> stack{top};
   pugi::xml_node node = top.node.first_child();
   while (true) {
     while (!node && stack.size() > 1) {
-      const Frame& done = stack.back();
-      namespaces_.Restore(done.mark);
-      node = done.node.next_sibling();
-      if (!done.isKept && done.keptBefore == kept_) done.node.parent().remove_child(done.node);
+      namespaces_.Restore(stack.back().mark);
+      node = stack.back().node.next_sibling();
       stack.pop_back();
     }
     if (!node) return;
@@ -116,16 +111,12 @@ void Walker::WalkBelow(const Frame& top) {
     reading_.progress.done.store(before_ + reading_.files[file_].document->OffsetOf(node),
                                  std::memory_order_relaxed);
     const std::size_t mark = namespaces_.Mark();
-    const std::size_t keptBefore = kept_;
     const Below below = Enter(node, stack.back().below);
     if (namespaces_.Mark() > kMostOfAKind) FailCrowded(node, "namespaces in force");
-    // What is skipped may be nested to any depth, so it is not taken out piece by piece.
-    if (below.mode == Mode::kSkip && node.first_child()) ++kept_;
     const pugi::xml_node child = below.mode == Mode::kSkip ? pugi::xml_node() : node.first_child();
     if (child) {
       if (stack.size() >= kMaxDepth) FailTooDeep(node);
-      const bool isKept = kept_ != keptBefore || stack.back().isKept;
-      stack.push_back({node, below, mark, keptBefore, isKept});
+      stack.push_back({node, below, mark});
       node = child;
     } else {
       namespaces_.Restore(mark);
@@ -170,7 +161,6 @@ Walker::Below Walker::EnterMember(pugi::xml_node node, ItemIndex owner) {
       return EnterValue(node, owner);
     case Word::kTemplateBinding:
       reading_.bindings.push_back({owner, node});
-      ++kept_;
       RememberId(node, owner, true);
       return {Mode::kValue, owner};
     case Word::kOwnedTemplateSignature:
@@ -188,7 +178,6 @@ Walker::Below Walker::EnterMember(pugi::xml_node node, ItemIndex owner) {
 Walker::Below Walker::EnterForeign(pugi::xml_node node) {
   if (tag_.space == Space::kXmi && tag_.tag == Word::kExtension) {
     reading_.files[file_].extensions.push_back(node);
-    ++kept_;
   }
   return PassOver(node, {});
 }
@@ -224,7 +213,6 @@ Walker::Below Walker::EnterValue(pugi::xml_node node, ItemIndex owner) {
     value.hasValue = true;
   }
   reading_.values.push_back(value);
-  ++kept_;
   RememberId(node, owner, true);
   return {Mode::kValue, owner};
 }
@@ -260,7 +248,6 @@ bool Walker::IsApplication(pugi::xml_node node) const {
 Walker::Below Walker::EnterApplication(pugi::xml_node node) {
   RememberId(node, kNoItem, true);
   reading_.applications.push_back({file_, node});
-  ++kept_;
   for (const pugi::xml_node child : node.children()) {
     if (!IsBase(child.name())) continue;
     const std::string_view href = LocalAttribute(child, "href", false);

@@ -44,9 +44,7 @@ class Walker {
   struct Frame {
     pugi::xml_node node;
     Below below;
-    std::size_t mark;        // of the namespaces, before the node's own
-    std::size_t keptBefore;  // as many nodes were kept before it was entered
-    bool isKept;             // it is kept, or stands in one that is
+    std::size_t mark;  // of the namespaces, before the node's own
   };
 
   void WalkBelow(const Frame& top);
@@ -78,7 +76,6 @@ class Walker {
   StartTag tag_;
   std::string text_;
   std::vector<SeenId> seenIds_;
-  std::size_t kept_ = 0;  // nodes of the tree that later phases look at
   std::string_view uri_;  // that the file's elements answer; empty for the model's
 };
 
