@@ -37,7 +37,9 @@ std::clock_t CostOf(const bench::Shape& shape, std::size_t members,
   return std::clock() - start;
 }
 
-TEST(Growth, IsNoFasterThanTheModelsInAnyShape) {
+class Growth : public testing::TestWithParam<bench::Shape> {};
+
+TEST_P(Growth, IsNoFasterThanTheModels) {
 #ifdef __OPTIMIZE__
   constexpr std::size_t few = 4'000;
 #else
@@ -45,15 +47,16 @@ TEST(Growth, IsNoFasterThanTheModelsInAnyShape) {
 #endif
   constexpr std::size_t times = 16;
   constexpr std::clock_t margin = 4;  // what grows with the square would take sixteen times more
-  for (const bench::Shape& shape : bench::Shapes()) {
-    const support::ScratchDirectory scratch;
-    const auto cost = [&](std::size_t members) {
-      return std::min(CostOf(shape, members, scratch.Path()),
-                      CostOf(shape, members, scratch.Path()));
-    };
-    EXPECT_LT(cost(times * few), margin * static_cast<std::clock_t>(times) * cost(few))
-        << shape.name;
-  }
+  const support::ScratchDirectory scratch;
+  const auto cost = [&scratch](std::size_t members) {
+    return std::min(CostOf(GetParam(), members, scratch.Path()),
+                    CostOf(GetParam(), members, scratch.Path()));
+  };
+  EXPECT_LT(cost(times * few), margin * static_cast<std::clock_t>(times) * cost(few));
 }
+
+INSTANTIATE_TEST_SUITE_P(Shapes, Growth, testing::ValuesIn(bench::Shapes()), [](const auto& shape) {
+  return support::Replaced(std::string(shape.param.name), "-", "_");
+});
 
 }  // namespace
