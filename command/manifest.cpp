@@ -47,7 +47,7 @@ void Manifest::Set(const std::string& artifact, std::set<std::string> files) {
 std::string Manifest::Text() const {
   std::string text(heading);
   for (const auto& [artifact, files] : files_) {
-    for (const std::string& file : files) text += artifact + '\t' + file + '\n';
+    for (const std::string& file : files) text.append(artifact).append("\t").append(file) += '\n';
   }
   return text;
 }
