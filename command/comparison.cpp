@@ -2,11 +2,13 @@
 
 #include <cerrno>
 #include <filesystem>
+#include <set>
 #include <string>
 
 #include "command/child_process.h"
 #include "command/failure.h"
-#include "command/placement.h"
+#include "command/manifest.h"
+#include "command/pruning.h"
 
 namespace command {
 namespace {
@@ -23,8 +25,8 @@ void PrintDifference(const std::string& name, const fs::path& inPlace, const fs:
     return "--label=" + (path == nothing ? nothing : name) + "\t" + what;
   };
   const int status =
-      RunProgram({"diff", "-u", label(inPlace, "(in place)"), label(exported, "(exported)"), "--",
-                  inPlace.string(), exported.string()},
+      RunProgram({"diff", "-a", "-u", label(inPlace, "(in place)"), label(exported, "(exported)"),
+                  "--", inPlace.string(), exported.string()},
                  output);
   if (status == 0 || status == 1) return;
   throw Failure(kExportFailed, status == -ENOENT ? "'" + name +
@@ -35,19 +37,25 @@ void PrintDifference(const std::string& name, const fs::path& inPlace, const fs:
 
 }  // namespace
 
-bool PrintDifferences(const StagedExport& exported, bool prune, int output) {
+bool PrintDifferences(const StagedExports& exports, bool prune, int output) {
   bool different = false;
-  for (const std::string& file : exported.files) {
-    const fs::path inPlace = exported.Final(file);
-    if (SameBytes(exported.Staged(file), inPlace)) continue;
-    different = true;
-    PrintDifference(inPlace.string(), fs::exists(inPlace) ? inPlace : fs::path(nothing),
-                    exported.Staged(file), output);
+  std::set<fs::path> made;
+  for (const auto& exported : exports) {
+    for (const std::string& file : exported->files) {
+      const fs::path inPlace = exported->Final(file);
+      if (!made.insert(fs::weakly_canonical(inPlace)).second) continue;
+      if (SameBytes(exported->Staged(file), inPlace)) continue;
+      different = true;
+      PrintDifference(inPlace.string(), fs::exists(inPlace) ? inPlace : fs::path(nothing),
+                      exported->Staged(file), output);
+    }
   }
   if (!prune) return different;
-  for (const std::string& file : StaleFiles(exported)) {
-    different = true;
-    PrintDifference(exported.Final(file).string(), exported.Final(file), nothing, output);
+  for (const auto& exported : exports) {
+    for (const std::string& file : StaleFiles(Manifest(exported->output), *exported, made)) {
+      different = true;
+      PrintDifference(exported->Final(file).string(), exported->Final(file), nothing, output);
+    }
   }
   return different;
 }

@@ -1,13 +1,13 @@
 // Compares the files in place with those that an export made.
 #pragma once
 
-#include "command/staged_export.h"
+#include "command/placement.h"
 
 namespace command {
 
-/// Writes a unified diff, from the files in place to those of the export, to `output`, a file
-/// descriptor; returns true when there are differences. With `prune` files that the export would
+/// Writes a unified diff, from the files in place to those of the exports, to `output`, a file
+/// descriptor; returns true when there are differences. With `prune` files that the exports would
 /// remove are differences, too. Throws `Failure` when files can't be compared.
-bool PrintDifferences(const StagedExport& exported, bool prune, int output);
+bool PrintDifferences(const StagedExports& exports, bool prune, int output);
 
 }  // namespace command

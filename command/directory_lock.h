@@ -5,8 +5,8 @@
 
 namespace command {
 
-/// Waits for, and while it lives holds, the lock on a directory. Where the file system knows no
-/// locks it does nothing.
+/// Waits some seconds for the lock on a directory, and holds it while it lives. Goes on without it
+/// when somebody keeps it, or the file system knows no locks.
 class DirectoryLock {
  public:
   explicit DirectoryLock(const std::filesystem::path& directory);

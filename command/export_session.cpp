@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <map>
+#include <set>
 
 #include "command/agent_library.h"
 #include "command/agent_messages.h"
@@ -15,6 +15,7 @@
 #include "command/generator_settings.h"
 #include "command/graph.h"
 #include "command/idl_names.h"
+#include "command/one_line.h"
 #include "command/remarks.h"
 #include "command/target_directory.h"
 #include "command/written_file.h"
@@ -24,11 +25,15 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// What the manifest knows an artifact by: its name may change, and so may the model's directory.
-std::string ManifestName(const xmi::Reader& reader, const model::Element& artifact) {
+/// What the manifest knows an artifact by; its name may change.
+std::string ManifestName(const xmi::Reader& reader, const model::Element& artifact,
+                         const fs::path& output) {
   const std::string id = reader.IdOf(artifact);
-  const fs::path file = reader.Locate(artifact).file;
-  return file.filename().string() + "#" + (id.empty() ? NameOf(reader, artifact) : id);
+  std::error_code error;
+  const fs::path model = fs::weakly_canonical(fs::absolute(reader.Locate(artifact).file), error);
+  const fs::path directory = fs::weakly_canonical(fs::absolute(output), error);
+  return OneLine(model.lexically_relative(directory).generic_string() + "#" +
+                 (id.empty() ? NameOf(reader, artifact) : id));
 }
 
 void CheckThatFilesAreWhole(const StagedExport& exported) {
@@ -36,20 +41,6 @@ void CheckThatFilesAreWhole(const StagedExport& exported) {
     if (IsComplete(exported.Staged(file))) continue;
     throw Failure(kExportFailed,
                   "can't write all of '" + exported.Final(file).string() + "'; is the disk full?");
-  }
-}
-
-/// Two artifacts may make the same file, but not two different ones of the same name.
-void CheckForConflicts(const std::vector<std::unique_ptr<StagedExport>>& exports) {
-  std::map<fs::path, const StagedExport*> makers;
-  for (const auto& exported : exports) {
-    for (const std::string& file : exported->files) {
-      const fs::path path = fs::weakly_canonical(exported->Final(file));
-      const auto [maker, isFirst] = makers.emplace(path, exported.get());
-      if (isFirst || SameBytes(maker->second->Staged(file), exported->Staged(file))) continue;
-      throw Failure(kExportFailed, "several of the artifacts make '" +
-                                       exported->Final(file).string() + "', and differently");
-    }
   }
 }
 
@@ -136,7 +127,7 @@ void ExportSession::Export(const AgentLibrary& agent, model::Element& artifact) 
   const fs::path output = TargetDirectoryOf(artifact, options_.output);
   const bool isPlaced = options_.purpose == Purpose::kExport && HasSettings(artifact);
   exports_.emplace_back(new StagedExport{isPlaced ? Staging::For(output) : Staging::ForNothing(),
-                                         ManifestName(reader_, artifact),
+                                         ManifestName(reader_, artifact, output),
                                          output,
                                          {}});
   StagedExport& exported = *exports_.back();
@@ -175,6 +166,7 @@ void ExportSession::RunAgent(const AgentLibrary& agent, model::Element& artifact
 }
 
 ExitStatus ExportSession::UseFiles() {
+  CheckForConflicts(exports_);
   switch (options_.purpose) {
     case Purpose::kExport:
       PutAllInPlace();
@@ -189,28 +181,24 @@ ExitStatus ExportSession::UseFiles() {
   }
 }
 
+/// What may fail is tried before the first file is replaced.
 void ExportSession::PutAllInPlace() {
-  CheckForConflicts(exports_);
-  for (const auto& exported : exports_) {
-    const PlacedFiles placed = PutInPlace(*exported, options_.prune);
-    placed_.written += placed.written;
-    placed_.unchanged += placed.unchanged;
-    placed_.removed += placed.removed;
-  }
+  if (options_.depfile) CheckWritable(*options_.depfile);
+  if (options_.stamp) CheckWritable(*options_.stamp);
+  placed_ = PutInPlace(exports_, options_.prune);
 }
 
 ExitStatus ExportSession::Verify() {
-  bool different = false;
-  for (const auto& exported : exports_) {
-    different |= PrintDifferences(*exported, options_.prune, report_.ResultStream());
-  }
+  const bool different = PrintDifferences(exports_, options_.prune, report_.ResultStream());
   return different ? kDifferent : kSuccess;
 }
 
 void ExportSession::PrintNames() {
+  std::set<fs::path> printed;
   for (const auto& exported : exports_) {
     for (const std::string& file : exported->files) {
-      report_.Result(exported->Final(file).string() + "\n");
+      const fs::path path = exported->Final(file);
+      if (printed.insert(path).second) report_.Result(path.string() + "\n");
     }
   }
 }

@@ -50,7 +50,7 @@ class ExportSession {
   model::Model model_;
   xmi::Reader reader_{model_};
   std::vector<model::Element*> artifacts_;
-  std::vector<std::unique_ptr<StagedExport>> exports_;
+  StagedExports exports_;
   PlacedFiles placed_;
   std::size_t declarations_ = 0;
   std::chrono::steady_clock::time_point begin_ = std::chrono::steady_clock::now();

@@ -13,7 +13,7 @@ namespace command {
 /// wants to be ignored. Called once, before there are other threads.
 void WatchForInterruption();
 
-/// While it lives the directory is removed when the command is interrupted.
+/// While it lives the directory, or file, is removed when the command is interrupted.
 class RemovedOnInterruption {
  public:
   explicit RemovedOnInterruption(std::filesystem::path directory);

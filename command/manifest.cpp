@@ -12,8 +12,8 @@ constexpr std::string_view heading =
 /// Somebody may have changed the manifest, and files that it names may get removed.
 bool LeadsOutside(const std::string& file) {
   const std::filesystem::path path(file);
-  return file.empty() || path.is_absolute() ||
-         std::find(path.begin(), path.end(), "..") != path.end();
+  return file.empty() || path.is_absolute() || path.lexically_normal() != path ||
+         *path.begin() == ".." || file == Manifest::kFileName;
 }
 
 }  // namespace
@@ -22,7 +22,7 @@ Manifest::Manifest(const std::filesystem::path& directory) {
   std::ifstream in(directory / kFileName);
   for (std::string line; std::getline(in, line);) {
     const std::size_t tab = line.rfind('\t');
-    if (line.starts_with("# ") || tab == std::string::npos) continue;
+    if (heading.starts_with(line) || tab == std::string::npos) continue;
     const std::string file = line.substr(tab + 1);
     if (!LeadsOutside(file)) files_[line.substr(0, tab)].insert(file);
   }

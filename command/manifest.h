@@ -1,8 +1,8 @@
 // What earlier exports put into an output directory: the file ".idlexport" there.
 //
 // It tells files that an artifact made earlier, and no longer makes, from those that others put
-// there. Each line is an artifact and a file. An artifact is known by the name of its model file
-// and its xmi:id, so it may be renamed, and several may share a directory.
+// there. Each line is an artifact and a file. An artifact is known by its model file's path from
+// the directory and its xmi:id, so it may be renamed, and several may share a directory.
 #pragma once
 
 #include <filesystem>

@@ -1,6 +1,7 @@
 #include "command/options.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <map>
 
 #include "command/failure.h"
@@ -29,7 +30,7 @@ class CommandLine {
 
   Options Parse(int argc, const char* const* argv) {
     try {
-      app_.parse(argc, argv);
+      app_.parse(Words(argc, argv));
     } catch (const CLI::CallForHelp&) {
       options_.information = app_.help();
       return options_;
@@ -43,6 +44,21 @@ class CommandLine {
   }
 
  private:
+  /// The words of the command line, the last one first. An option with an empty value ("--suffix=")
+  /// becomes two words, or else it would take the next one for its value.
+  static std::vector<std::string> Words(int argc, const char* const* argv) {
+    std::vector<std::string> words;
+    for (int i = 1; i < argc; ++i) {
+      std::string word = argv[i];
+      const bool isEmptyValue = word.starts_with("--") && word.find('=') == word.size() - 1;
+      if (isEmptyValue) word.pop_back();
+      words.push_back(word);
+      if (isEmptyValue) words.emplace_back();
+    }
+    std::reverse(words.begin(), words.end());
+    return words;
+  }
+
   void AddInput() {
     app_.add_option("MODEL", options_.model, "The XMI file to read")->required()->type_name("");
     app_.add_option("-a,--artifact", options_.artifacts,
@@ -75,13 +91,16 @@ class CommandLine {
     PurposeFlag("--list", Purpose::kList,
                 "List the exportable artifacts, one a line, and export nothing");
     CLI::Option* depfile = Text("--depfile", options_.depfile, "FILE",
-                                "Write a make rule that names all model files read");
+                                "Write a make rule that names all model files read")
+                               ->check(NotEmpty());
     Text("--target", options_.target, "NAME",
          "What the rule of --depfile makes (default: the stamp, or else the first IDL file)")
         ->needs(depfile)
         ->check(NotEmpty());
-    Text("--stamp", options_.stamp, "FILE", "Touch this file when all went well");
-    Text("--graph", options_.graph, "FILE", "Draw what depends on what: FILE.dot or FILE.svg");
+    Text("--stamp", options_.stamp, "FILE", "Touch this file when all went well")
+        ->check(NotEmpty());
+    Text("--graph", options_.graph, "FILE", "Draw what depends on what: FILE.dot or FILE.svg")
+        ->check(NotEmpty());
   }
 
   void AddSettings() {

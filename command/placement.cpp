@@ -5,13 +5,19 @@
 #include <cstring>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <optional>
+#include <set>
+#include <string>
 #include <system_error>
 #include <vector>
 
 #include "command/directory_lock.h"
 #include "command/failure.h"
+#include "command/interruption.h"
 #include "command/manifest.h"
+#include "command/pruning.h"
+#include "command/replacement.h"
 #include "command/written_file.h"
 
 namespace command {
@@ -36,65 +42,94 @@ void MakeDirectory(const fs::path& directory) {
   }
 }
 
-/// The files to replace. Makes the directories that they need.
-std::vector<std::string> PrepareChanged(const StagedExport& exported) {
-  std::vector<std::string> changed;
-  for (const std::string& file : exported.files) {
-    const fs::path final = exported.Final(file);
-    if (fs::is_directory(final)) {
-      throw Failure(kExportFailed, "can't write '" + final.string() + "': is a directory");
+fs::path Canonical(const fs::path& path) {
+  std::error_code error;
+  const fs::path canonical = fs::weakly_canonical(path, error);
+  return error ? path : canonical;
+}
+
+void CheckReplaceable(const fs::path& file) {
+  std::error_code error;
+  if (fs::is_directory(file, error)) {
+    throw Failure(kExportFailed, "can't write '" + file.string() + "': is a directory");
+  }
+}
+
+/// The files to replace, of all exports; a file that several make is one. Makes the directories
+/// that they need.
+class Changes {
+ public:
+  struct Change {
+    fs::path staged;
+    fs::path final;
+    fs::path kept;
+  };
+
+  explicit Changes(const StagedExports& exports) {
+    for (const auto& exported : exports) Add(*exported);
+  }
+
+  const std::vector<Change>& All() const { return changes_; }
+  /// The full paths of all files, changed or not.
+  const std::set<fs::path>& Made() const { return made_; }
+
+ private:
+  void Add(const StagedExport& exported) {
+    CheckReplaceable(exported.output / Manifest::kFileName);
+    for (const std::string& file : exported.files) {
+      const fs::path final = exported.Final(file);
+      CheckReplaceable(final);
+      if (!made_.insert(Canonical(final)).second) continue;
+      if (SameBytes(exported.Staged(file), final)) continue;
+      MakeDirectory(exported.output / fs::path(file).parent_path());
+      const std::string number = std::to_string(changes_.size());
+      changes_.push_back({exported.Staged(file), final, exported.Staged(".before-" + number)});
     }
-    if (SameBytes(exported.Staged(file), final)) continue;
-    MakeDirectory(exported.output / fs::path(file).parent_path());
-    changed.push_back(file);
   }
-  return changed;
-}
 
-void Replace(const StagedExport& exported, const std::string& file) {
-  std::error_code error;
-  fs::rename(exported.Staged(file), exported.Final(file), error);
-  if (error) {
-    throw Failure(kExportFailed,
-                  "can't write '" + exported.Final(file).string() + "': " + error.message());
-  }
-}
+  std::vector<Change> changes_;
+  std::set<fs::path> made_;
+};
 
-/// Removes a file, and the directories that are empty without it.
-void Remove(const StagedExport& exported, const std::string& file) {
-  std::error_code error;
-  fs::remove(exported.Final(file), error);
-  if (error) {
-    throw Failure(kExportFailed,
-                  "can't remove '" + exported.Final(file).string() + "': " + error.message());
-  }
-  for (fs::path at = fs::path(file).parent_path(); !at.empty(); at = at.parent_path()) {
-    if (!fs::remove(exported.output / at, error)) return;
-  }
-}
-
-/// What is known to be the artifact's from now on: with what it made earlier, as long as it is
-/// there, so that it can be removed another time.
-void KeepManifest(const StagedExport& exported, Manifest& manifest) {
+/// Notes what is the artifact's: what it makes now and, unless that was removed, what it made
+/// earlier and is still there.
+void KeepManifest(const StagedExport& exported, bool isPruned) {
+  Manifest manifest(exported.output);
   std::set<std::string> files(exported.files.begin(), exported.files.end());
   for (const std::string& file : manifest.FilesOf(exported.artifact)) {
     std::error_code error;
-    if (fs::exists(exported.output / file, error)) files.insert(file);
+    if (!isPruned && fs::exists(exported.output / file, error)) files.insert(file);
   }
   manifest.Set(exported.artifact, std::move(files));
   const fs::path file = exported.output / Manifest::kFileName;
   if (Bytes(file) != manifest.Text()) WriteWhole(file, manifest.Text());
 }
 
-std::set<std::string> StaleIn(const Manifest& manifest, const StagedExport& exported) {
-  std::set<std::string> stale;
-  for (const std::string& file : manifest.FilesOf(exported.artifact)) {
-    std::error_code error;
-    const bool isMade = std::binary_search(exported.files.begin(), exported.files.end(), file);
-    const bool isThere = fs::is_regular_file(exported.output / file, error);
-    if (!isMade && isThere && !manifest.IsOfAnother(exported.artifact, file)) stale.insert(file);
+std::size_t Prune(const StagedExports& exports, const std::set<fs::path>& made) {
+  std::size_t removed = 0;
+  for (const auto& exported : exports) {
+    const Manifest manifest(exported->output);
+    for (const std::string& file : StaleFiles(manifest, *exported, made)) {
+      RemoveStale(*exported, file);
+      ++removed;
+    }
+    KeepManifest(*exported, true);
   }
-  return stale;
+  return removed;
+}
+
+/// The locks on all output directories, taken in an order that is the same for everybody.
+std::vector<std::unique_ptr<DirectoryLock>> LockAll(const StagedExports& exports) {
+  std::set<fs::path> directories;
+  for (const auto& exported : exports) {
+    MakeDirectory(exported->output);
+    directories.insert(Canonical(exported->output));
+  }
+  std::vector<std::unique_ptr<DirectoryLock>> locks;
+  for (const fs::path& directory : directories) {
+    locks.push_back(std::make_unique<DirectoryLock>(directory));
+  }
+  return locks;
 }
 
 }  // namespace
@@ -117,26 +152,33 @@ bool SameBytes(const fs::path& left, const fs::path& right) {
   return true;
 }
 
-std::set<std::string> StaleFiles(const StagedExport& exported) {
-  return StaleIn(Manifest(exported.output), exported);
-}
-
-PlacedFiles PutInPlace(const StagedExport& exported, bool prune) {
-  const Uninterrupted together;
-  MakeDirectory(exported.output);
-  const DirectoryLock lock(exported.output);
-  Manifest manifest(exported.output);
-  const std::vector<std::string> changed = PrepareChanged(exported);
-  for (const std::string& file : changed) Replace(exported, file);
-  PlacedFiles placed{changed.size(), exported.files.size() - changed.size(), 0};
-  if (prune) {
-    for (const std::string& file : StaleIn(manifest, exported)) {
-      Remove(exported, file);
-      ++placed.removed;
+void CheckForConflicts(const StagedExports& exports) {
+  std::map<fs::path, fs::path> staged;
+  for (const auto& exported : exports) {
+    for (const std::string& file : exported->files) {
+      const auto [first, isFirst] =
+          staged.emplace(Canonical(exported->Final(file)), exported->Staged(file));
+      if (isFirst || SameBytes(first->second, exported->Staged(file))) continue;
+      throw Failure(kExportFailed, "several of the artifacts make '" +
+                                       exported->Final(file).string() + "', and differently");
     }
   }
-  KeepManifest(exported, manifest);
-  return placed;
+}
+
+PlacedFiles PutInPlace(const StagedExports& exports, bool prune) {
+  const auto locks = LockAll(exports);
+  const Uninterrupted together;
+  const Changes changes(exports);
+  Replacement replacement;
+  // Before the files, so that a run that is killed now leaves none that nobody knows of.
+  for (const auto& exported : exports) KeepManifest(*exported, false);
+  for (const Changes::Change& change : changes.All()) {
+    replacement.Replace(change.staged, change.final, change.kept);
+  }
+  replacement.Keep();
+  const std::size_t written = changes.All().size();
+  const std::size_t removed = prune ? Prune(exports, changes.Made()) : 0;
+  return {written, changes.Made().size() - written, removed};
 }
 
 }  // namespace command

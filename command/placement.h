@@ -2,8 +2,9 @@
 #pragma once
 
 #include <cstddef>
-#include <set>
-#include <string>
+#include <filesystem>
+#include <memory>
+#include <vector>
 
 #include "command/staged_export.h"
 
@@ -15,16 +16,17 @@ struct PlacedFiles {
   std::size_t removed = 0;
 };
 
-/// The files that an earlier export of the artifact put there, that this one doesn't make and no
-/// other artifact does.
-std::set<std::string> StaleFiles(const StagedExport& exported);
+using StagedExports = std::vector<std::unique_ptr<StagedExport>>;
 
 /// True when the files hold the same bytes; false also when one can't be read.
 bool SameBytes(const std::filesystem::path& left, const std::filesystem::path& right);
 
+/// Throws `Failure` when two exports make the same file, but differently.
+void CheckForConflicts(const StagedExports& exports);
+
 /// Puts each file whose bytes changed in place by renaming it, and leaves the others as they are.
-/// With `prune` removes the stale ones. Keeps the manifest. Throws `Failure`; what can be checked
-/// before the first file is replaced, is.
-PlacedFiles PutInPlace(const StagedExport& exported, bool prune);
+/// With `prune` removes the stale ones. Keeps the manifests. Throws `Failure`; then the files of
+/// all exports are as they were.
+PlacedFiles PutInPlace(const StagedExports& exports, bool prune);
 
 }  // namespace command

@@ -7,6 +7,8 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "command/one_line.h"
+
 namespace command {
 namespace {
 
@@ -76,7 +78,7 @@ void Progress::Run() {
 }
 
 void Progress::Draw() {
-  WriteRaw("\r\033[K" + Fitting(line_(), TerminalWidth()));
+  WriteRaw("\r\033[K" + Fitting(OneLine(line_()), TerminalWidth()));
   shown_ = true;
 }
 

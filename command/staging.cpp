@@ -2,12 +2,16 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <cstdlib>
 #include <cstring>
+#include <set>
+#include <string_view>
 #include <system_error>
 
 #include "command/directory_lock.h"
@@ -18,7 +22,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const std::string namePrefix = ".idlexport-";
+const std::string namePrefix = ".idlexport-staging-";
+constexpr std::string_view temporaryPrefix = "idlexport-staging-";
+constexpr std::chrono::hours longAgo{1};
 
 /// Takes the lock by which others see that the directory is in use; returns its file descriptor,
 /// or -1 when somebody has the lock.
@@ -31,14 +37,26 @@ int Lock(const fs::path& directory) {
   return file;
 }
 
-/// Removes what a run left behind that could not tidy up.
-void RemoveAbandoned(const fs::path& parent) {
+/// Whether it is a directory that a run made for itself.
+bool IsStaging(const fs::path& path, std::string_view prefix) {
+  struct stat status {};
+  return path.filename().string().starts_with(prefix) && lstat(path.c_str(), &status) == 0 &&
+         S_ISDIR(status.st_mode) && status.st_uid == geteuid() &&
+         (status.st_mode & ~static_cast<mode_t>(S_IFMT)) == S_IRWXU;
+}
+
+/// Removes what runs left behind that could not tidy up, as far as it is that old.
+void RemoveAbandoned(const fs::path& parent, std::string_view prefix, std::chrono::hours age) {
+  static std::set<fs::path> done;  // those of this run needn't be looked at again and again
+  if (!done.insert(parent).second) return;
   std::error_code error;
   std::vector<fs::path> found;
   for (fs::directory_iterator at(parent, error), end; !error && at != end; at.increment(error)) {
-    if (at->path().filename().string().starts_with(namePrefix)) found.push_back(at->path());
+    if (IsStaging(at->path(), prefix)) found.push_back(at->path());
   }
   for (const fs::path& directory : found) {
+    const auto changed = fs::last_write_time(directory, error);
+    if (error || fs::file_time_type::clock::now() - changed < age) continue;
     const int lock = Lock(directory);
     if (lock < 0) continue;
     fs::remove_all(directory, error);
@@ -75,11 +93,20 @@ fs::path ExistingDirectory(const fs::path& output) {
 Staging Staging::For(const fs::path& output) {
   const fs::path parent = ExistingDirectory(output);
   const DirectoryLock untilItIsInUse(parent);
-  RemoveAbandoned(parent);
+  RemoveAbandoned(parent, namePrefix, std::chrono::hours(0));
   return {parent, namePrefix};
 }
 
-Staging Staging::ForNothing() { return {fs::temp_directory_path(), "idlexport-"}; }
+Staging Staging::ForNothing() {
+  std::error_code error;
+  const fs::path parent = fs::temp_directory_path(error);
+  if (error) {
+    throw Failure(kExportFailed, "there is no directory for temporary files: " + error.message());
+  }
+  // Nobody else waits for us there, so a directory that was just made might look abandoned.
+  RemoveAbandoned(parent, temporaryPrefix, longAgo);
+  return {parent, std::string(temporaryPrefix)};
+}
 
 Staging::Staging(const fs::path& parent, const std::string& namePrefix) {
   const Uninterrupted untilItIsKnown;

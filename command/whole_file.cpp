@@ -29,7 +29,8 @@ bool WriteAll(std::FILE* file, std::string_view text) {
 WholeFile::WholeFile(const fs::path& target)
     : target_(target),
       temporary_(target.parent_path() /
-                 ("." + target.filename().string() + "." + std::to_string(getpid()) + ".tmp")) {
+                 ("." + target.filename().string() + "." + std::to_string(getpid()) + ".tmp")),
+      removal_(temporary_) {
   std::FILE* file = std::fopen(temporary_.c_str(), "wbx");
   if (file == nullptr) Fail(target_, errno);
   std::fclose(file);

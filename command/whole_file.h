@@ -4,6 +4,8 @@
 #include <filesystem>
 #include <string_view>
 
+#include "command/interruption.h"
+
 namespace command {
 
 /// A new empty file beside the one that it is to become. Goes away unless it is put in place.
@@ -25,6 +27,7 @@ class WholeFile {
  private:
   std::filesystem::path target_;
   std::filesystem::path temporary_;
+  RemovedOnInterruption removal_;
   bool isInPlace_ = false;
 };
 

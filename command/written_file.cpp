@@ -45,6 +45,15 @@ void WriteWhole(const fs::path& file, std::string_view text) {
   whole.PutInPlace();
 }
 
+void CheckWritable(const fs::path& file) {
+  std::error_code error;
+  if (fs::is_directory(file, error)) Fail(file, strerror(EISDIR));
+  const fs::path parent = file.has_parent_path() ? file.parent_path() : fs::path(".");
+  if (access(parent.c_str(), W_OK | X_OK) != 0 && !fs::exists(file, error)) {
+    Fail(file, strerror(errno));
+  }
+}
+
 void Touch(const fs::path& file) {
   constexpr mode_t mode = 0666;
   const int descriptor = open(file.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, mode);

@@ -101,6 +101,14 @@ TEST_F(CommandFilesTest, ARunThatFailsLeavesTheEarlierFilesWhole) {
        "ulimit -f 1; COMMAND --mapping one-file -a one_file --file-name files -o out m.uml"},
       {"a file in the way of a directory", DataFile("target.uml"),
        "COMMAND --mapping module-structured -o out/M.idl m.uml"},
+      {"a directory in the way of the second artifact's file",
+       support::ReadFile(IDLEXPORT_SOURCE_DIR "/examples/bank.uml"),
+       "mkdir out/flat.idl; COMMAND -o out -a one_file -a flat m.uml; s=$?; rmdir out/flat.idl; "
+       "exit $s"},
+      {"a depfile that can't be written", DataFile("target.uml"),
+       "COMMAND --mapping one-file --depfile no/such/place -o out m.uml"},
+      {"a stamp that can't be written", DataFile("target.uml"),
+       "COMMAND --mapping one-file --stamp no/such/place -o out m.uml"},
       {"a directory in the way of a file", DataFile("target.uml"),
        "mkdir out/g.idl; COMMAND --mapping module-flat --file-name g -o out m.uml; s=$?; "
        "rmdir out/g.idl; exit $s"},
@@ -148,11 +156,14 @@ TEST_F(CommandFilesTest, AnInterruptedRunLeavesNothingBehind) {
 }
 
 TEST_F(CommandFilesTest, WhatAKilledRunLeftIsRemovedByTheNext) {
-  support::WriteFile(Directory() / "out/.idlexport-abc123/M.idl", "half");
-  support::WriteFile(Directory() / "out/.idlexport-abc123/deep/N.idl", "half");
+  const fs::path left = Directory() / "out/.idlexport-staging-abc123";
+  support::WriteFile(left / "deep/N.idl", "half");
+  support::WriteFile(Directory() / "out/.idlexport-staging-own/file", "somebody's own");
+  fs::permissions(left, fs::perms::owner_all);
   EXPECT_EQ(Run({"m.uml"}).status, 0);
-  EXPECT_THAT(OutputFiles(), ElementsAre(".idlexport", "M.idl", "M_N.idl", "files.idl"));
-  EXPECT_FALSE(Exists("out/.idlexport-abc123"));
+  EXPECT_THAT(OutputFiles(), ElementsAre(".idlexport", ".idlexport-staging-own/file", "M.idl",
+                                         "M_N.idl", "files.idl"));
+  EXPECT_FALSE(fs::exists(left));
 }
 
 TEST_F(CommandFilesTest, PruneRemovesWhatTheArtifactNoLongerMakes) {
@@ -179,12 +190,16 @@ TEST_F(CommandFilesTest, PruneSparesFilesOfOtherArtifactsAndOtherPlaces) {
   EXPECT_TRUE(Exists("out/goods.idl"));
   EXPECT_TRUE(Exists("out/files.idl")) << "which the artifact of another model makes, too";
 
-  // A manifest that somebody changed must not get at files elsewhere.
+  // A manifest that somebody changed must not get at files elsewhere, nor at what is made.
   support::WriteFile(Directory() / "mine.txt", "mine");
+  fs::create_symlink("..", Directory() / "out/up");
   const std::string manifest = Text("out/.idlexport");
-  support::WriteFile(Directory() / "out/.idlexport",
-                     manifest + "m.uml#files\t../mine.txt\nm.uml#files\t" +
-                         (Directory() / "mine.txt").string() + "\nm.uml#files\t\nnonsense\n");
+  std::string changed = manifest;
+  for (const std::string file : {"../mine.txt", (Directory() / "mine.txt").c_str(), "up/mine.txt",
+                                 "./files.idl", "out/../files.idl", ".idlexport", ""}) {
+    changed += "../m.uml#files\t" + file + "\n";
+  }
+  support::WriteFile(Directory() / "out/.idlexport", changed + "nonsense\n");
   EXPECT_EQ(Run({"--prune", "m.uml"}).status, 0);
   EXPECT_EQ(Text("mine.txt"), "mine");
   EXPECT_EQ(Text("out/.idlexport"), manifest);

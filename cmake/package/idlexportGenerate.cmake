@@ -63,7 +63,8 @@ function(idlexport_generate)
     list(APPEND options --mapping ${arg_MAPPING})
   endif()
   _idlexport_list_outputs(outputs)
-  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${arg_MODEL}" ${arg_DEPENDS})
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS
+    "${arg_MODEL}" ${model_files} ${arg_DEPENDS})
 
   # The stamp says when the export has run last; the files themselves may be older than the model.
   set(stamp "${arg_OUTPUT_DIR}.stamp")
@@ -115,7 +116,9 @@ endfunction()
 # Asks the command for the files that an export with the caller's options would make.
 function(_idlexport_list_outputs outputs)
   get_target_property(command idlexport::idlexport LOCATION)
-  execute_process(COMMAND "${command}" --outputs ${options} "${arg_MODEL}"
+  set(depfile "${CMAKE_CURRENT_BINARY_DIR}/CMakeFiles/idlexport_generate.d")
+  execute_process(
+    COMMAND "${command}" --outputs --depfile "${depfile}" ${options} "${arg_MODEL}"
     OUTPUT_VARIABLE listed ERROR_VARIABLE complaint RESULT_VARIABLE status
     OUTPUT_STRIP_TRAILING_WHITESPACE)
   if(NOT status EQUAL 0)
@@ -126,4 +129,11 @@ function(_idlexport_list_outputs outputs)
   string(REPLACE "\n" ";" listed "${listed}")
   _idlexport_absolute(listed "${arg_OUTPUT_DIR}")
   set(${outputs} "${listed}" PARENT_SCOPE)
+
+  # Behind the rule itself stands one without anything to do for each file.
+  file(STRINGS "${depfile}" lines REGEX "^[^ ].*:$")
+  string(REGEX REPLACE ":(;|$)" "\\1" lines "${lines}")
+  string(REGEX REPLACE "\\\\([ #])" "\\1" lines "${lines}")
+  string(REPLACE "$$" "$" lines "${lines}")
+  set(model_files "${lines}" PARENT_SCOPE)
 endfunction()
