@@ -46,9 +46,9 @@ TEST(XmiHostile, AFileThatIsCutOffAnywhereIsRefusedWithALine) {
     XmiFiles files;
     files.Write("f", whole.substr(0, size));
     const std::string error = files.ErrorOf("f");
-    const std::size_t lines =
-        static_cast<std::size_t>(std::count(whole.begin(), whole.begin() + size, '\n'));
-    const bool namesLine = std::atoi(error.c_str() + 2) <= static_cast<int>(lines + 1);
+    const auto lines =
+        std::count(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(size), '\n');
+    const bool namesLine = std::atoi(error.c_str() + 2) <= lines + 1;
     EXPECT_TRUE(error == "f: is empty" || (error.starts_with("f:") && namesLine)) << error;
   }
   XmiFiles files;
@@ -121,7 +121,7 @@ TEST(XmiHostile, AMillionLevelsAreAnErrorAndTakeNoStack) {
       support::OnSmallStack([&files, isClosed] {
         const std::string error = files.ErrorOf("f");
         EXPECT_THAT(error, StartsWith("f:"));
-        EXPECT_THAT(error, HasSubstr(isClosed ? "nested" : ""));
+        EXPECT_THAT(error, HasSubstr(isClosed ? "nested" : "no well-formed XML"));
       });
     }
   }
