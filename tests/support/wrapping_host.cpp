@@ -63,8 +63,11 @@ class WrappingHost::Entity final : public IMdeEntity {
   void GetEntities(const std::string& property, std::list<IMdeEntity*>& result) override {
     Many(result, [&] { real_.GetEntities(property, result); });
   }
+  // What is named here, the agent takes for its own tags and removes, and rightly so: nonsense is
+  // limited to nulls.
   void GetReferrers(const std::string& property, std::list<IMdeEntity*>& result) override {
-    Many(result, [&] { real_.GetReferrers(property, result); });
+    Many(
+        result, [&] { real_.GetReferrers(property, result); }, 0);
   }
 
   bool IsKindOf(const std::string& metaclass) override {
@@ -105,12 +108,12 @@ class WrappingHost::Entity final : public IMdeEntity {
   }
 
   template <typename Ask>
-  void Many(std::list<IMdeEntity*>& result, Ask ask) {
+  void Many(std::list<IMdeEntity*>& result, Ask ask, int senseless = 4) {
     const Fault fault = host_.Next();
     if (fault != Fault::kNone) {
       result.push_back(nullptr);
-      // Nonsense still must not name what the agent would rightly delete as its own.
-      for (int i = 0; fault == Fault::kNonsense && i < 4; ++i) result.push_back(host_.Any());
+      if (fault == Fault::kNull) return;
+      for (int i = 0; i < senseless; ++i) result.push_back(host_.Any());
       return;
     }
     const std::size_t before = result.size();
