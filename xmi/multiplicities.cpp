@@ -37,7 +37,7 @@ void Multiplicities::SetFor(ItemIndex item, const Given& given) {
 
 Bound Multiplicities::ReadBound(ItemIndex item, const ValueNode* value, const char* name) {
   if (value == nullptr) return {Bound::kNumber, "1", kNoItem};
-  const Bound bound = values_.ReadBound(*value);
+  Bound bound = values_.ReadBound(*value);
   if (bound.kind != Bound::kUnreadable) return bound;
   reading_.Warn(item, "bound-unreadable",
                 std::string("the ") + name + " bound of " + reading_.Describe(item) +

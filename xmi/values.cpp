@@ -34,7 +34,7 @@ std::string BodyOf(pugi::xml_node node) {
   if (const pugi::xml_attribute body = node.attribute("body")) return body.value();
   std::string buffer;
   pugi::xml_node body = node.child("body");
-  const std::string first(TextOf(body, buffer));
+  std::string first(TextOf(body, buffer));
   for (pugi::xml_node language = node.child("language"); body && language;
        language = language.next_sibling("language"), body = body.next_sibling("body")) {
     if (IsIdl(std::string(TextOf(language, buffer)))) return std::string(TextOf(body, buffer));
@@ -167,7 +167,7 @@ Bound Values::BoundOfInstance(const ValueNode& value) {
   if (instance == kNoItem || reading_.items[instance].element == nullptr) return {};
   const std::string name(reading_.items.NameOf(instance));
   if (constants_.IsConstant(instance)) return {Bound::kName, name, instance};
-  const Bound bound = BoundOfText(value, name, true);
+  Bound bound = BoundOfText(value, name, true);
   if (bound.kind == Bound::kName && bound.constant == kNoItem) {
     const ValueNode* given = SpecificationOf(instance);
     const bool isLiteral = given != nullptr && given->type != Word::kInstanceValue;
