@@ -42,7 +42,7 @@ std::uint32_t Hash(std::string_view text) {
 bool Same(std::string_view left, std::string_view right) {
   const std::size_t size = left.size();
   if (size != right.size()) return false;
-  if (size < 8 || size > 24) return std::memcmp(left.data(), right.data(), size) == 0;
+  if (size < 8 || size > 24) return left == right;
   std::uint64_t difference = 0;
   const auto compare = [&](std::size_t at) {
     difference |= Load<std::uint64_t>(left.data() + at) ^ Load<std::uint64_t>(right.data() + at);
