@@ -24,7 +24,6 @@ include_directories(${PROJECT_SOURCE_DIR})
 add_compile_options($<$<CONFIG:Release>:-fno-semantic-interposition>)
 include(CheckIPOSupported)
 check_ipo_supported(RESULT has_ipo OUTPUT ipo_problem LANGUAGES CXX)
-set(CMAKE_INTERPROCEDURAL_OPTIMIZATION_RELEASE ${has_ipo})
 
 option(IDLEXPORT_SANITIZE "Build with the address, undefined behaviour and leak sanitizers" OFF)
 if(IDLEXPORT_SANITIZE)

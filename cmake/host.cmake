@@ -7,7 +7,8 @@ find_package(nlohmann_json REQUIRED)
 file(GLOB model_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/model/*.cpp)
 add_library(idlhost SHARED ${model_sources})
 set_target_properties(idlhost PROPERTIES CXX_VISIBILITY_PRESET default
-                                         VISIBILITY_INLINES_HIDDEN OFF)
+                                         VISIBILITY_INLINES_HIDDEN OFF
+                                         INTERPROCEDURAL_OPTIMIZATION_RELEASE ${has_ipo})
 
 # The profile and the library of primitive types are compiled into the reader as texts.
 set(built_in_sources)

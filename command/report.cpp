@@ -75,6 +75,14 @@ void Report::Fail(const std::string& text) {
   Keep({Severity::kError, text, "failure", {}, {}, {}});
 }
 
+void Report::FailToRead(const xmi::ReadError& error) {
+  const Diagnostic diagnostic{Severity::kError, error.Text(), "model-unreadable",
+                              error.Place(),    {},           {}};
+  Keep(diagnostic);
+  if (options_.diagnostics == DiagnosticForm::kGcc) return Tell(diagnostic);
+  Say(error.what());
+}
+
 void Report::Say(const std::string& text) { WriteError("idlexport: " + text + "\n"); }
 
 void Report::WriteError(const std::string& text) {

@@ -13,6 +13,7 @@
 #include "command/options.h"
 #include "command/progress.h"
 #include "command/standard_output.h"
+#include "xmi/reader.h"
 
 namespace command {
 
@@ -32,6 +33,8 @@ class Report {
   void Say(const std::string& text);
   /// What ends the run. The remark is a diagnostic as well where others read these.
   void Fail(const std::string& text);
+  /// The model can't be read, which ends the run as well.
+  void FailToRead(const xmi::ReadError& error);
   /// Text that was asked for, such as a list of names.
   void Result(const std::string& text);
   /// The file descriptor for results that another program writes; all text before is written.

@@ -95,6 +95,7 @@ constexpr Rule rules[] = {
     {"nothing-to-export", "The artifact manifests what it exports"},
     {"file-not-opened", "The files can be written"},
     {"export-aborted", "The export comes to its end"},
+    {"model-unreadable", "The model file can be read, and holds a model"},
     {"failure", "The command can do what it was asked to"},
     {"unclassified", "A message without a rule of its own"},
 

@@ -24,6 +24,9 @@ ExitStatus RunSession(const Options& options, Report& report, Progress& progress
   } catch (const Failure& failure) {
     report.Fail(failure.what());
     return failure.Status();
+  } catch (const xmi::ReadError& error) {
+    report.FailToRead(error);
+    return kBadInput;
   } catch (const std::exception& error) {
     report.Fail(error.what());
     return kBadInput;

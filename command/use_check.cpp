@@ -3,6 +3,7 @@
 #include <list>
 #include <string>
 
+#include "command/idl_identifier.h"
 #include "command/model_words.h"
 
 namespace command {
@@ -72,7 +73,21 @@ void UseCheck::CheckUse(const Use& use, DeclarationIndex user) {
     }
   }
   const DeclarationIndex outermost = declarations_.Outermost(use.used);
+  CheckScopesAround(outermost);
   CheckName(declarations_.Name(outermost), outermost, user, use.place);
+}
+
+/// A scope hides what has its own name from all inside it.
+void UseCheck::CheckScopesAround(DeclarationIndex used) {
+  const std::string_view name = declarations_.Name(used);
+  for (DeclarationIndex at = scope_; at != kNoDeclaration; at = declarations_[at].parent) {
+    if (IsItself(at, used) || isReported_[at] || !IsSameName(declarations_.Name(at), name))
+      continue;
+    isReported_[at] = true;
+    findings_.Warn("use-clash", at,
+                   declarations_.Describe(at) + " clashes with " + declarations_.Describe(used) +
+                       ", which is used in " + declarations_.Describe(scope_));
+  }
 }
 
 // Only labels that name enumerators are looked at: numbers and characters are no names.

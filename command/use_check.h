@@ -28,6 +28,7 @@ class UseCheck {
  private:
   void CheckUses(DeclarationIndex user);
   void CheckUse(const Use& use, DeclarationIndex user);
+  void CheckScopesAround(DeclarationIndex used);
   void CheckLabels(DeclarationIndex unionDeclaration);
   void CheckName(std::string_view name, DeclarationIndex used, DeclarationIndex user,
                  UsePlace place);

@@ -88,6 +88,15 @@ TEST_F(CommandMessagesTest, DocumentsStandAloneOnStandardOutput) {
   }
 }
 
+TEST_F(CommandMessagesTest, WhatCanNotBeReadHasItsPlaceInEveryForm) {
+  support::WriteFile(Directory() / "cut.uml", "<a>\n <b>\n");
+  EXPECT_THAT(Run({"--diagnostics=gcc", "cut.uml"}).errors,
+              testing::ContainsRegex("^cut.uml:[23]:[0-9]+: error: .* .model-unreadable.\n$"));
+  const auto document = nlohmann::json::parse(Run({"--diagnostics=json", "cut.uml"}).output);
+  EXPECT_EQ(document["diagnostics"][0]["file"], "cut.uml");
+  EXPECT_EQ(document["diagnostics"][0]["rule"], "model-unreadable");
+}
+
 TEST_F(CommandMessagesTest, WarningsFailOnlyWhenAskedTo) {
   const std::vector<std::string> words = {"-a", "files::goods", "shop.uml"};
   EXPECT_EQ(Run(words).status, 0);

@@ -244,6 +244,10 @@ TEST(IdlNames, MustNotBeThoseOfWhatTheScopeUses) {
         "module M::N"}},
       {"module M { const N : long = 2 struct S { field n : long [ N ] } }",
        {"[use-clash] field M::S::n clashes with constant M::N, which is used in struct M::S"}},
+      {"module B { struct E { field x : long } } module C { struct b { field e : B::E } }",
+       {"[use-clash] struct C::b clashes with module B, which is used in struct C::b"}},
+      {"module B { struct E { field x : long } } module C { interface B { attr e : B::E } }",
+       {"[use-clash] interface C::B clashes with module B, which is used in interface C::B"}},
       {"module M { interface B interface I : M::B { op b } }", {}},
       {"module M { interface A { attr b : long } interface B interface I : M::A "
        "interface J : M::I { attr tint : M::B } }",

@@ -19,10 +19,10 @@ constexpr unsigned kParseOptions =
 std::string Bytes(const std::string& path) {
   std::error_code error;
   if (std::filesystem::is_directory(path, error)) {
-    throw ReadError(path + ": is a directory");
+    throw ReadError({path}, "is a directory");
   }
   std::ifstream file(path, std::ios::binary);
-  if (!file) throw ReadError(path + ": " + std::strerror(errno));
+  if (!file) throw ReadError({path}, std::strerror(errno));
   std::string bytes;
   const auto size = std::filesystem::file_size(path, error);
   if (!error) bytes.resize(size);
@@ -31,8 +31,9 @@ std::string Bytes(const std::string& path) {
   // What has no size of its own (a pipe) or has grown is read to its end.
   for (char part[4096]; file.read(part, sizeof part), file.gcount() > 0;) {
     bytes.append(part, static_cast<std::size_t>(file.gcount()));
+    if (bytes.size() >= Document::kNowhere) throw ReadError({path}, "is too large");
   }
-  if (file.bad()) throw ReadError(path + ": can't be read");
+  if (file.bad()) throw ReadError({path}, "can't be read");
   return bytes;
 }
 
@@ -72,10 +73,10 @@ std::unique_ptr<Document> Document::Parse(const std::string& path, std::string t
 void Document::Fill(std::string text) {
   const EncodingProblem problem = ToUtf8(text);
   text_ = std::make_shared<std::string>(std::move(text));
-  if (text_->size() >= kNowhere) throw ReadError(path_ + ": is too large");
+  if (text_->size() >= kNowhere) throw ReadError({path_}, "is too large");
   IndexLines();
   if (text_->find_first_not_of(" \t\r\n") == std::string::npos) {
-    throw ReadError(path_ + ": is empty");
+    throw ReadError({path_}, "is empty");
   }
   if (StartsAsHtml(*text_)) Fail(0, "is an HTML page, no UML model");
   if (!problem.text.empty()) Fail(problem.offset, problem.text);
@@ -106,8 +107,7 @@ Location Document::Locate(std::uint32_t offset) const {
 }
 
 void Document::Fail(std::size_t offset, const std::string& text) const {
-  const Location place = Locate(static_cast<std::uint32_t>(offset));
-  throw ReadError(place.file + ":" + std::to_string(place.line) + ": " + text);
+  throw ReadError(Locate(static_cast<std::uint32_t>(offset)), text);
 }
 
 std::string UriOf(const std::string& path) {

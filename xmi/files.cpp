@@ -58,7 +58,7 @@ void Files::Open(const std::string& path) {
 
 FileIndex Files::Add(std::unique_ptr<Document> document) {
   const auto index = static_cast<FileIndex>(files_.size());
-  if (index == Target::kNoFile) throw ReadError(document->Path() + ": too many files");
+  if (index == Target::kNoFile) throw ReadError({document->Path()}, "too many files");
   files_.push_back(std::make_unique<File>());
   files_.back()->document = std::move(document);
   return index;

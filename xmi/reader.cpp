@@ -1,5 +1,7 @@
 #include "xmi/reader.h"
 
+#include <utility>
+
 #include "xmi/dependencies.h"
 #include "xmi/multiplicities.h"
 #include "xmi/ports.h"
@@ -14,6 +16,17 @@
 #include "xmi/walker.h"
 
 namespace xmi {
+
+namespace {
+
+std::string LineOf(const Location& place, const std::string& text) {
+  return place.file + (place.line == 0 ? "" : ":" + std::to_string(place.line)) + ": " + text;
+}
+
+}  // namespace
+
+ReadError::ReadError(Location place, const std::string& text)
+    : std::runtime_error(LineOf(place, text)), place_(std::move(place)), text_(text) {}
 
 struct Reader::Impl {
   explicit Impl(model::Model& model) : reading(model) {}

@@ -36,7 +36,15 @@ struct Remark {
 /// "FILE: text" where no line is to blame.
 class ReadError : public std::runtime_error {
  public:
-  using std::runtime_error::runtime_error;
+  ReadError(Location place, const std::string& text);
+
+  const Location& Place() const { return place_; }
+  /// What is wrong, without the place.
+  const std::string& Text() const { return text_; }
+
+ private:
+  Location place_;
+  std::string text_;
 };
 
 class Reader {

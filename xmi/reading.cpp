@@ -16,7 +16,7 @@ std::string Reading::Describe(ItemIndex item) const {
 }
 
 void Reading::Refuse(const Location& place, const std::string& text) const {
-  throw ReadError(place.file + ":" + std::to_string(place.line) + ": " + text);
+  throw ReadError(place, text);
 }
 
 }  // namespace xmi

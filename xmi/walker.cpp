@@ -47,8 +47,7 @@ void Walker::Walk(FileIndex file) {
   const std::string problem = RootProblem(root);
   if (!problem.empty()) {
     const Location place = reading_.LocateNode(file, root);
-    const std::string text = place.file + ":" + std::to_string(place.line) + ": " + problem;
-    if (file == 0) throw ReadError(text);
+    if (file == 0) throw ReadError(place, problem);
     return reading_.remarks.Add(place, "file-not-a-model", place.file + " " + problem);
   }
   const bool isXmi = tag_.space == Space::kXmi;
