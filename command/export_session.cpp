@@ -122,6 +122,10 @@ void ExportSession::ExportAll() {
 }
 
 void ExportSession::Export(const AgentLibrary& agent, model::Element& artifact) {
+  if (!HasSettings(artifact)) {
+    report_.Say("the artifact '" + NameOf(reader_, artifact) +
+                "' can't be exported: it does not carry the stereotype IDLGenerator");
+  }
   Apply(options_.overrides, artifact);
   if (!CheckArtifactNames(artifact)) return;
   const fs::path output = TargetDirectoryOf(artifact, options_.output);

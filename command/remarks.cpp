@@ -5,6 +5,8 @@
 #include <utility>
 #include <vector>
 
+#include "command/element_finder.h"
+
 namespace command {
 namespace {
 
@@ -34,8 +36,12 @@ std::string SummaryOf(const std::map<std::string, std::size_t>& passedOver) {
 std::vector<Diagnostic> DiagnosticsOf(const xmi::Reader& reader) {
   std::vector<Diagnostic> diagnostics;
   for (const xmi::Remark& remark : reader.Remarks()) {
-    diagnostics.push_back(
-        {Severity::kWarning, remark.text, std::string(remark.rule), remark.location, {}, {}});
+    Diagnostic diagnostic;
+    if (remark.element != nullptr) PointAt(reader, *remark.element, diagnostic);
+    diagnostic.text = remark.text;
+    diagnostic.rule = remark.rule;
+    diagnostic.location = remark.location;
+    diagnostics.push_back(std::move(diagnostic));
   }
   return diagnostics;
 }

@@ -95,6 +95,8 @@ TEST_F(CommandMessagesTest, WhatCanNotBeReadHasItsPlaceInEveryForm) {
   const auto document = nlohmann::json::parse(Run({"--diagnostics=json", "cut.uml"}).output);
   EXPECT_EQ(document["diagnostics"][0]["file"], "cut.uml");
   EXPECT_EQ(document["diagnostics"][0]["rule"], "model-unreadable");
+  EXPECT_THAT(Run({"-a", "unmarked", "shop.uml"}).errors,
+              HasSubstr("idlexport: the artifact 'unmarked' can't be exported: "));
 }
 
 TEST_F(CommandMessagesTest, WarningsFailOnlyWhenAskedTo) {

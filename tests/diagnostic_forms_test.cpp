@@ -19,7 +19,7 @@ using command::Diagnostic;
 using command::Severity;
 using nlohmann::json;
 
-const std::vector<Diagnostic> all = {
+const Diagnostic all[] = {
     {Severity::kWarning,
      "struct S has no members",
      "struct-no-members",

@@ -163,6 +163,14 @@ TEST(XmiReferences, LeadIntoOtherFilesWhichAreReadOnce) {
   EXPECT_EQ(files["k"].GetValue("Uri", 0), files.Path("sub dir/lib.uml"));
 }
 
+TEST(XmiPlaces, CountCharactersNotBytes) {
+  const std::string first = R"(<packagedElement xmi:type="uml:Class" xmi:id="a" name="äöü"/>)";
+  XmiFiles files;
+  files.ReadModel(first + R"(<packagedElement xmi:type="uml:Class" xmi:id="b" name="B"/>)");
+  const xmi::Reader& reader = files.Reader();
+  EXPECT_EQ(reader.Locate(files["b"]).column - reader.Locate(files["a"]).column, first.size() - 3);
+}
+
 TEST(XmiReferences, FollowMappedAddresses) {
   XmiFiles files;
   const std::string type = R"(<packagedElement xmi:type="uml:DataType" xmi:id="t" name="NAME"/>)";

@@ -103,7 +103,19 @@ Location Document::Locate(std::uint32_t offset) const {
   if (offset == kNowhere) return {path_, 0, 0};
   const auto next = std::upper_bound(lineStarts_.begin(), lineStarts_.end(), offset);
   const auto line = static_cast<std::size_t>(next - lineStarts_.begin());
-  return {path_, line, std::max<std::size_t>(offset - lineStarts_[line - 1], 1)};
+  return {path_, line, std::max<std::size_t>(Characters(lineStarts_[line - 1], offset), 1)};
+}
+
+/// How many characters a part of the text has. In a line that nobody can read, such as a whole
+/// model on one, counting would cost more than it tells; there it is the bytes.
+std::size_t Document::Characters(std::uint32_t begin, std::uint32_t end) const {
+  constexpr std::uint32_t longest = 10'000;
+  if (end - begin > longest) return end - begin;
+  const auto isFirstByte = [](char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
+  };
+  return static_cast<std::size_t>(
+      std::count_if(text_->begin() + begin, text_->begin() + end, isFirstByte));
 }
 
 void Document::Fail(std::size_t offset, const std::string& text) const {

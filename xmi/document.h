@@ -46,6 +46,7 @@ class Document {
 
   void Fill(std::string text);
   void IndexLines();
+  std::size_t Characters(std::uint32_t begin, std::uint32_t end) const;
   [[noreturn]] void Fail(std::size_t offset, const std::string& text) const;
 
   std::string path_;

@@ -17,7 +17,7 @@
 
 namespace xmi {
 
-/// A place in an input file. Lines and columns count from 1; 0 is unknown.
+/// A place in an input file. Lines, and columns in characters, count from 1; 0 is unknown.
 struct Location {
   std::string file;
   std::size_t line = 0;
@@ -30,6 +30,8 @@ struct Remark {
   Location location;
   std::string_view rule;
   std::string text;
+  /// The element of the model that it is about; null when there is none.
+  const model::Element* element = nullptr;
 };
 
 /// Thrown when the model file can't be read as a model. `what()` is one line, "FILE:LINE: text" or

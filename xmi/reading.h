@@ -99,7 +99,7 @@ struct Reading {
   [[noreturn]] void Refuse(const Location& place, const std::string& text) const;
   /// Adds a remark about an item.
   void Warn(ItemIndex item, std::string_view rule, const std::string& text) {
-    remarks.Add(Locate(item), rule, text);
+    remarks.Add(Locate(item), rule, text, items[item].element);
   }
 };
 

@@ -13,7 +13,8 @@ namespace xmi {
 class Remarks {
  public:
   /// Adds a warning unless the same text was added for the same place before. `rule` is a literal.
-  void Add(Location location, std::string_view rule, std::string text);
+  void Add(Location location, std::string_view rule, std::string text,
+           const model::Element* element = nullptr);
 
   const std::vector<Remark>& All() const { return remarks_; }
 
