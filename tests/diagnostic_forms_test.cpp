@@ -73,8 +73,8 @@ TEST(SarifForm, HasWhatTheFormatRequires) {
   const json& driver = run.at("tool").at("driver");
   EXPECT_EQ(driver.at("name"), "idlexport");
   EXPECT_FALSE(driver.at("version").get<std::string>().empty());
-  ASSERT_EQ(run.at("results").size(), all.size());
-  for (std::size_t i = 0; i < all.size(); ++i) {
+  ASSERT_EQ(run.at("results").size(), std::size(all));
+  for (std::size_t i = 0; i < std::size(all); ++i) {
     const json& result = run["results"][i];
     EXPECT_EQ(result.at("ruleId"), all[i].rule);
     EXPECT_EQ(driver.at("rules").at(result.at("ruleIndex").get<std::size_t>()).at("id"),
