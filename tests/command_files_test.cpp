@@ -194,9 +194,11 @@ TEST_F(CommandFilesTest, PruneSparesFilesOfOtherArtifactsAndOtherPlaces) {
   support::WriteFile(Directory() / "mine.txt", "mine");
   fs::create_symlink("..", Directory() / "out/up");
   const std::string manifest = Text("out/.idlexport");
+  const std::string absolute = (Directory() / "mine.txt").string();
   std::string changed = manifest;
-  for (const std::string file : {"../mine.txt", (Directory() / "mine.txt").c_str(), "up/mine.txt",
-                                 "./files.idl", "out/../files.idl", ".idlexport", ""}) {
+  for (const std::string& file :
+       std::vector<std::string>{"../mine.txt", absolute, "up/mine.txt", "./files.idl",
+                                "out/../files.idl", ".idlexport", ""}) {
     changed += "../m.uml#files\t" + file + "\n";
   }
   support::WriteFile(Directory() / "out/.idlexport", changed + "nonsense\n");
