@@ -1,5 +1,6 @@
 #include "command/idl_keywords.h"
 
+#include <algorithm>
 #include <unordered_map>
 
 #include "command/idl_identifier.h"
@@ -27,6 +28,10 @@ constexpr std::string_view implementationKeywords[] = {
     "ref",         "scope",       "segment",  "service",     "session",     "state",   "storage",
     "storagehome", "storagetype", "storedOn", "stores",      "strict"};
 
+constexpr std::size_t longest =
+    std::max(std::ranges::max(idlKeywords, {}, &std::string_view::size).size(),
+             std::ranges::max(implementationKeywords, {}, &std::string_view::size).size());
+
 struct Keyword {
   std::string_view text;
   bool isImplementation;
@@ -44,6 +49,7 @@ Keywords MakeKeywords() {
 }  // namespace
 
 std::string_view KeywordLike(std::string_view name, bool isImplementation) {
+  if (name.size() > longest) return {};
   static const Keywords keywords = MakeKeywords();
   const auto found = keywords.find(name);
   if (found == keywords.end()) return {};

@@ -2,6 +2,7 @@
 
 #include "command/declaration_uses.h"
 #include "command/declarations.h"
+#include "command/declared_names.h"
 #include "command/file_names_check.h"
 #include "command/generator_settings.h"
 #include "command/inheritance_check.h"
@@ -37,8 +38,9 @@ NameCheck CheckNames(const xmi::Reader& reader, model::Element& artifact) {
                  HasMainFile(declarations, artifact), findings);
   CheckSpelling(declarations, settings.mapping, findings);
   const DeclarationUses uses(declarations);
-  CheckScopes(declarations, uses, findings);
-  CheckInheritance(declarations, uses, findings);
+  const DeclaredNames names(declarations);
+  CheckScopes(declarations, names, uses, findings);
+  CheckInheritance(declarations, names, uses, findings);
   return {findings.Diagnostics(reader, declarations, artifact), declarations.Size()};
 }
 

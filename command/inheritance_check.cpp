@@ -1,14 +1,13 @@
 #include "command/inheritance_check.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <span>
-#include <string_view>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
 #include "command/declaration_uses.h"
-#include "command/idl_identifier.h"
 
 namespace command {
 namespace {
@@ -40,7 +39,7 @@ std::vector<Edge> EdgesOf(const Declarations& declarations, const DeclarationUse
 enum class Role { kInherited, kOwn, kUsed };
 
 struct Member {
-  std::size_t name;  // a number for each name
+  NameNumber name;
   DeclarationIndex owner;
   DeclarationIndex declaration;
   Role role;
@@ -55,7 +54,8 @@ bool IsInherited(Kind kind) {
 /// Collects all that stands in what can inherit, and all that it uses.
 class MemberCollector {
  public:
-  explicit MemberCollector(const Declarations& declarations) : declarations_(declarations) {}
+  MemberCollector(const Declarations& declarations, const DeclaredNames& names)
+      : declarations_(declarations), names_(names), counts_(names.Size()) {}
 
   /// An enumerator counts as a member where its enumeration does.
   void AddMembers() {
@@ -63,7 +63,7 @@ class MemberCollector {
       const DeclarationIndex owner = declarations_.ScopeOf(index);
       if (owner == kNoDeclaration || !InheritsMembers(declarations_[owner].kind)) continue;
       const Role role = IsInherited(declarations_[index].kind) ? Role::kInherited : Role::kOwn;
-      Add(declarations_.Name(index), {0, owner, index, role});
+      Add({names_.Of(index), owner, index, role});
     }
   }
 
@@ -76,34 +76,37 @@ class MemberCollector {
         const bool isVisible = use.place == UsePlace::kRaised ||
                                declarations_.IsInside(owner, declarations_.ScopeOf(use.used));
         const auto written = isVisible ? use.used : declarations_.Outermost(use.used);
-        Add(declarations_.Name(written), {0, owner, use.used, Role::kUsed, user});
+        Add({names_.Of(written), owner, use.used, Role::kUsed, user});
       }
     }
   }
 
-  /// By name, those of one name in the order added.
+  /// By name, those of one name in the order added. What is alone of its name is left out: nothing
+  /// clashes with it.
   std::vector<Member> Sorted() && {
+    std::erase_if(members_, [this](const Member& member) { return counts_[member.name] == 1; });
     std::ranges::stable_sort(members_, {}, &Member::name);
     return std::move(members_);
   }
 
  private:
-  void Add(std::string_view name, Member member) {
-    if (name.empty()) return;
-    member.name = names_.try_emplace(name, names_.size()).first->second;
+  void Add(const Member& member) {
+    if (member.name == kNoName) return;
+    ++counts_[member.name];
     members_.push_back(member);
   }
 
   const Declarations& declarations_;
+  const DeclaredNames& names_;
   std::vector<Member> members_;
-  std::unordered_map<std::string_view, std::size_t, NameHash, NameEqual> names_;
+  std::vector<std::uint32_t> counts_;  // of members, by name
 };
 
-std::vector<Member> MembersOf(const Declarations& declarations, const DeclarationUses& uses,
-                              std::span<const Edge> edges) {
+std::vector<Member> MembersOf(const Declarations& declarations, const DeclaredNames& names,
+                              const DeclarationUses& uses, std::span<const Edge> edges) {
   std::vector<bool> inherits(declarations.Size());
   for (const Edge& edge : edges) inherits[edge.derived] = true;
-  MemberCollector collector(declarations);
+  MemberCollector collector(declarations, names);
   collector.AddMembers();
   for (DeclarationIndex index = 0; index < declarations.Size(); ++index) {
     if (inherits[index]) collector.AddUses(index, uses);
@@ -193,23 +196,23 @@ class NameInheritance {
   std::vector<DeclarationIndex> queue_;
 };
 
-/// Whether members of one name can clash: one alone can't, nor can types among themselves, which an
-/// heir may declare anew.
+/// Whether members of one name can clash: types can't among themselves, since an heir may declare
+/// them anew.
 bool MayClash(std::span<const Member> members) {
-  const auto isInherited = [](const Member& member) { return member.role == Role::kInherited; };
-  return members.size() > 1 && std::ranges::any_of(members, isInherited);
+  return std::ranges::any_of(members,
+                             [](const Member& member) { return member.role == Role::kInherited; });
 }
 
 }  // namespace
 
 // Names that only one interface declares, which is most of them, cost nothing further. What many
 // declare is followed as far as that costs no more than a fixed multiple of the model's size.
-void CheckInheritance(const Declarations& declarations, const DeclarationUses& uses,
-                      NameFindings& findings) {
+void CheckInheritance(const Declarations& declarations, const DeclaredNames& names,
+                      const DeclarationUses& uses, NameFindings& findings) {
   constexpr std::size_t stepsPerDeclaration = 64;
   const std::vector<Edge> edges = EdgesOf(declarations, uses);
   if (edges.empty()) return;
-  const std::vector<Member> members = MembersOf(declarations, uses, edges);
+  const std::vector<Member> members = MembersOf(declarations, names, uses, edges);
   NameInheritance inheritance(declarations, edges, findings);
   std::size_t steps = 0;
   for (auto first = members.begin(); first != members.end();) {

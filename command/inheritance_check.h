@@ -6,11 +6,12 @@
 
 #include "command/declaration_uses.h"
 #include "command/declarations.h"
+#include "command/declared_names.h"
 #include "command/name_findings.h"
 
 namespace command {
 
-void CheckInheritance(const Declarations& declarations, const DeclarationUses& uses,
-                      NameFindings& findings);
+void CheckInheritance(const Declarations& declarations, const DeclaredNames& names,
+                      const DeclarationUses& uses, NameFindings& findings);
 
 }  // namespace command

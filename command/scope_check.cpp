@@ -34,43 +34,54 @@ bool IsScope(Kind kind) {
 
 class ScopeCheck {
  public:
-  ScopeCheck(const Declarations& declarations, const DeclarationUses& uses, NameFindings& findings)
-      : declarations_(declarations), findings_(findings), useCheck_(declarations, uses, findings) {}
+  ScopeCheck(const Declarations& declarations, const DeclaredNames& names,
+             const DeclarationUses& uses, NameFindings& findings)
+      : declarations_(declarations),
+        names_(names),
+        findings_(findings),
+        scopeNames_(names),
+        useCheck_(declarations, names, scopeNames_, uses, findings) {}
 
   /// From the outside in, with a list of the scopes still to be checked.
   void Run() {
-    scopes_.push_back({kNoDeclaration});
+    scopes_.push_back({kNoDeclaration, {}});
     for (std::size_t i = 0; i < scopes_.size(); ++i) {
-      const Bodies bodies = std::move(scopes_[i]);
-      Check(bodies);
+      const Scope scope = std::move(scopes_[i]);
+      Check(scope);
     }
   }
 
  private:
-  /// A scope: one declaration, or all of a module that is opened several times. `kNoDeclaration` is
+  /// A declaration and, of a module that is opened several times, the others. `kNoDeclaration` is
   /// the scope around all.
-  using Bodies = std::vector<DeclarationIndex>;
+  struct Scope {
+    DeclarationIndex first;
+    std::vector<DeclarationIndex> reopened;
+  };
+  using OpenModules = std::unordered_map<DeclarationIndex, std::size_t>;
 
-  void Check(const Bodies& bodies) {
-    ScopeNames names;
-    std::unordered_map<DeclarationIndex, std::size_t> openModules;
-    for (const DeclarationIndex body : bodies) {
-      declarations_.ForEachChild(body, [&](DeclarationIndex member) {
-        const DeclarationIndex first = Enter(names, body, member);
-        Open(member, first, openModules);
-        if (declarations_[member].kind != Kind::kEnum) return;
-        declarations_.ForEachChild(
-            member, [&](DeclarationIndex enumerator) { Enter(names, body, enumerator); });
-      });
-    }
-    for (const DeclarationIndex body : bodies) {
-      if (body != kNoDeclaration) useCheck_.Check(names, body);
-    }
+  void Check(const Scope& scope) {
+    scopeNames_.Clear();
+    OpenModules openModules;
+    CheckBody(scope.first, openModules);
+    for (const DeclarationIndex body : scope.reopened) CheckBody(body, openModules);
+    if (scope.first == kNoDeclaration) return;
+    useCheck_.Check(scope.first);
+    for (const DeclarationIndex body : scope.reopened) useCheck_.Check(body);
+  }
+
+  void CheckBody(DeclarationIndex body, OpenModules& openModules) {
+    declarations_.ForEachChild(body, [&](DeclarationIndex member) {
+      const DeclarationIndex first = Enter(body, member);
+      Open(member, first, openModules);
+      if (declarations_[member].kind != Kind::kEnum) return;
+      declarations_.ForEachChild(member,
+                                 [&](DeclarationIndex enumerator) { Enter(body, enumerator); });
+    });
   }
 
   /// Notes a member's own scope, together with those of the modules that it reopens.
-  void Open(DeclarationIndex member, DeclarationIndex first,
-            std::unordered_map<DeclarationIndex, std::size_t>& openModules) {
+  void Open(DeclarationIndex member, DeclarationIndex first, OpenModules& openModules) {
     const Kind kind = declarations_[member].kind;
     if (!IsScope(kind)) return;
     if (first != kNoDeclaration && declarations_[first].element == declarations_[member].element) {
@@ -78,21 +89,20 @@ class ScopeCheck {
     }
     const auto open = openModules.find(first);
     if (kind == Kind::kModule && open != openModules.end()) {
-      scopes_[open->second].push_back(member);
+      scopes_[open->second].reopened.push_back(member);
       return;
     }
     if (kind == Kind::kModule) openModules.emplace(member, scopes_.size());
-    scopes_.push_back({member});
+    scopes_.push_back({member, {}});
   }
 
   /// Enters a member's name; returns the member that had it before.
-  DeclarationIndex Enter(ScopeNames& names, DeclarationIndex scope, DeclarationIndex member) {
-    const std::string_view name = declarations_.Name(member);
-    if (name.empty()) return kNoDeclaration;
-    const DeclarationIndex first = names.Enter(name, member);
+  DeclarationIndex Enter(DeclarationIndex scope, DeclarationIndex member) {
+    if (names_.Of(member) == kNoName) return kNoDeclaration;
+    const DeclarationIndex first = scopeNames_.Enter(member);
     if (first != kNoDeclaration) Compare(first, member);
     if (scope == kNoDeclaration || !KeepsItsName(declarations_[scope].kind)) return first;
-    if (IsSameName(name, declarations_.Name(scope))) {
+    if (names_.Of(member) == names_.Of(scope)) {
       findings_.Warn("name-hides-scope", member,
                      declarations_.Describe(member) + " has the name of the " +
                          std::string(WordFor(declarations_[scope].kind)) + " around it");
@@ -120,16 +130,18 @@ class ScopeCheck {
   }
 
   const Declarations& declarations_;
+  const DeclaredNames& names_;
   NameFindings& findings_;
+  ScopeNames scopeNames_;
   UseCheck useCheck_;
-  std::vector<Bodies> scopes_;
+  std::vector<Scope> scopes_;
 };
 
 }  // namespace
 
-void CheckScopes(const Declarations& declarations, const DeclarationUses& uses,
-                 NameFindings& findings) {
-  ScopeCheck(declarations, uses, findings).Run();
+void CheckScopes(const Declarations& declarations, const DeclaredNames& names,
+                 const DeclarationUses& uses, NameFindings& findings) {
+  ScopeCheck(declarations, names, uses, findings).Run();
 }
 
 }  // namespace command

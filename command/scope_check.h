@@ -3,11 +3,12 @@
 
 #include "command/declaration_uses.h"
 #include "command/declarations.h"
+#include "command/declared_names.h"
 #include "command/name_findings.h"
 
 namespace command {
 
-void CheckScopes(const Declarations& declarations, const DeclarationUses& uses,
-                 NameFindings& findings);
+void CheckScopes(const Declarations& declarations, const DeclaredNames& names,
+                 const DeclarationUses& uses, NameFindings& findings);
 
 }  // namespace command

@@ -2,14 +2,22 @@
 
 namespace command {
 
-DeclarationIndex ScopeNames::Enter(std::string_view name, DeclarationIndex declaration) {
-  const auto [entry, isNew] = names_.try_emplace(name, declaration);
-  return isNew ? kNoDeclaration : entry->second;
+DeclarationIndex ScopeNames::Enter(DeclarationIndex declaration) {
+  Entry& entry = entries_[names_.Of(declaration)];
+  if (entry.scope == scope_) return entry.declaration;
+  entry = {scope_, declaration};
+  return kNoDeclaration;
 }
 
-DeclarationIndex ScopeNames::Find(std::string_view name) const {
-  const auto found = names_.find(name);
-  return found == names_.end() ? kNoDeclaration : found->second;
+DeclarationIndex ScopeNames::FindNameOf(DeclarationIndex declaration) const {
+  return At(names_.Of(declaration));
+}
+
+DeclarationIndex ScopeNames::Find(std::string_view name) const { return At(names_.Find(name)); }
+
+DeclarationIndex ScopeNames::At(NameNumber number) const {
+  if (number == kNoName || entries_[number].scope != scope_) return kNoDeclaration;
+  return entries_[number].declaration;
 }
 
 }  // namespace command

@@ -1,25 +1,42 @@
-// The names declared in one scope, as IDL compares them.
+// The names declared in one scope after the other, as IDL compares them.
 #pragma once
 
+#include <cstdint>
 #include <string_view>
-#include <unordered_map>
+#include <vector>
 
-#include "command/declarations.h"
-#include "command/idl_identifier.h"
+#include "command/declared_names.h"
 
 namespace command {
 
 class ScopeNames {
  public:
-  /// Enters a declaration by its name, which must outlive this; returns the one that had the name
-  /// before, or `kNoDeclaration`. The first keeps the name.
-  DeclarationIndex Enter(std::string_view name, DeclarationIndex declaration);
+  explicit ScopeNames(const DeclaredNames& names) : names_(names), entries_(names.Size()) {}
 
+  /// Forgets all names, for the next scope. Costs nothing.
+  void Clear() { ++scope_; }
+
+  /// Enters a declaration, which has a name; returns the one that had the name before, or
+  /// `kNoDeclaration`. The first keeps the name.
+  DeclarationIndex Enter(DeclarationIndex declaration);
+
+  /// The declaration in the scope that has the name of another; `kNoDeclaration` when there is
+  /// none.
+  DeclarationIndex FindNameOf(DeclarationIndex declaration) const;
   /// The declaration of a name; `kNoDeclaration` when there is none.
   DeclarationIndex Find(std::string_view name) const;
 
  private:
-  std::unordered_map<std::string_view, DeclarationIndex, NameHash, NameEqual> names_;
+  struct Entry {
+    std::uint32_t scope = 0;  // in which the name was declared last
+    DeclarationIndex declaration = kNoDeclaration;
+  };
+
+  DeclarationIndex At(NameNumber number) const;
+
+  const DeclaredNames& names_;
+  std::vector<Entry> entries_;  // by the name's number
+  std::uint32_t scope_ = 1;
 };
 
 }  // namespace command

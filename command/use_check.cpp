@@ -42,8 +42,7 @@ std::vector<std::string> LabelsOf(Element& unionCase) {
 
 }  // namespace
 
-void UseCheck::Check(const ScopeNames& names, DeclarationIndex scope) {
-  names_ = &names;
+void UseCheck::Check(DeclarationIndex scope) {
   scope_ = scope;
   const Declaration& declaration = declarations_[scope];
   if (declaration.kind == Kind::kModule) {
@@ -62,27 +61,24 @@ void UseCheck::CheckUses(DeclarationIndex user) {
 
 void UseCheck::CheckUse(const Use& use, DeclarationIndex user) {
   if (use.place == UsePlace::kBase || use.place == UsePlace::kHeader) return;
-  const std::string_view name = declarations_.Name(use.used);
   const bool isRaised = use.place == UsePlace::kRaised;
   // The type of an operation's result is used outside the operation.
   const bool isOperation = declarations_[user].kind == Kind::kOperation;
   if (isOperation && user == scope_ && !isRaised) return;
   if (isRaised || IsVisible(use.used, user)) {
     if (use.place != UsePlace::kInTemplate || !IsHidden(use.used)) {
-      return CheckName(name, use.used, user, use.place);
+      return CheckHit(scopeNames_.FindNameOf(use.used), use.used, user, use.place);
     }
   }
   const DeclarationIndex outermost = declarations_.Outermost(use.used);
   CheckScopesAround(outermost);
-  CheckName(declarations_.Name(outermost), outermost, user, use.place);
+  CheckHit(scopeNames_.FindNameOf(outermost), outermost, user, use.place);
 }
 
 /// A scope hides what has its own name from all inside it.
 void UseCheck::CheckScopesAround(DeclarationIndex used) {
-  const std::string_view name = declarations_.Name(used);
   for (DeclarationIndex at = scope_; at != kNoDeclaration; at = declarations_[at].parent) {
-    if (IsItself(at, used) || isReported_[at] || !IsSameName(declarations_.Name(at), name))
-      continue;
+    if (names_.Of(at) != names_.Of(used) || isReported_[at] || IsItself(at, used)) continue;
     isReported_[at] = true;
     findings_.Warn("use-clash", at,
                    declarations_.Describe(at) + " clashes with " + declarations_.Describe(used) +
@@ -105,18 +101,18 @@ void UseCheck::CheckLabels(DeclarationIndex unionDeclaration) {
     Element& element = *declarations_[member].element;
     if (!isSimple) {
       for (const std::string& label : LabelsOf(element)) {
-        CheckName(LastPart(label), type, member, UsePlace::kPlain);
+        CheckHit(scopeNames_.Find(LastPart(label)), type, member, UsePlace::kPlain);
       }
     } else if (next < declarations_[type].end && !IsTagTrue(element, "'case' (. isDefault .)")) {
-      CheckName(declarations_.Name(next), next, member, UsePlace::kPlain);
+      CheckHit(scopeNames_.FindNameOf(next), next, member, UsePlace::kPlain);
       ++next;
     }
   });
 }
 
-void UseCheck::CheckName(std::string_view name, DeclarationIndex used, DeclarationIndex user,
-                         UsePlace place) {
-  const DeclarationIndex hit = names_->Find(name);
+/// Checks what in the scope has the name of something used; `kNoDeclaration` when nothing has.
+void UseCheck::CheckHit(DeclarationIndex hit, DeclarationIndex used, DeclarationIndex user,
+                        UsePlace place) {
   // What is named as the scope itself is told of elsewhere.
   if (hit == kNoDeclaration || used == scope_ || isReported_[hit] || IsItself(hit, used)) return;
   // An exception is used in the operation that raises it: for the interface around it only what is
@@ -132,9 +128,9 @@ void UseCheck::CheckName(std::string_view name, DeclarationIndex used, Declarati
 bool UseCheck::IsHidden(DeclarationIndex used) const {
   const Kind kind = declarations_[scope_].kind;
   const bool hides = kind == Kind::kModule || InheritsMembers(kind);
-  const std::string_view name = declarations_.Name(used);
-  const DeclarationIndex hit = names_->Find(name);
-  return hides && hit != kNoDeclaration && hit != used && declarations_.Name(hit) == name;
+  const DeclarationIndex hit = scopeNames_.FindNameOf(used);
+  return hides && hit != kNoDeclaration && hit != used &&
+         declarations_.Name(hit) == declarations_.Name(used);
 }
 
 /// Whether the name found is that of what is used, or one of the enumerators that it declares.
@@ -150,8 +146,8 @@ bool UseCheck::IsVisible(DeclarationIndex used, DeclarationIndex user) const {
   const DeclarationIndex scope = declarations_.ScopeOf(used);
   if (declarations_.IsInside(user, scope)) return true;
   // Few names clash: the texts are worth making for those only.
-  if (names_->Find(declarations_.Name(used)) == kNoDeclaration &&
-      names_->Find(declarations_.Name(declarations_.Outermost(used))) == kNoDeclaration) {
+  if (scopeNames_.FindNameOf(used) == kNoDeclaration &&
+      scopeNames_.FindNameOf(declarations_.Outermost(used)) == kNoDeclaration) {
     return false;
   }
   return declarations_.ScopedName(user).starts_with(declarations_.ScopedName(scope));

@@ -9,6 +9,7 @@
 
 #include "command/declaration_uses.h"
 #include "command/declarations.h"
+#include "command/declared_names.h"
 #include "command/name_findings.h"
 #include "command/scope_names.h"
 
@@ -16,31 +17,35 @@ namespace command {
 
 class UseCheck {
  public:
-  UseCheck(const Declarations& declarations, const DeclarationUses& uses, NameFindings& findings)
+  /// `scopeNames` holds the names of the scope that is checked, whichever that is.
+  UseCheck(const Declarations& declarations, const DeclaredNames& names,
+           const ScopeNames& scopeNames, const DeclarationUses& uses, NameFindings& findings)
       : declarations_(declarations),
+        names_(names),
+        scopeNames_(scopeNames),
         uses_(uses),
         findings_(findings),
         isReported_(declarations.Size()) {}
 
   /// Checks what is used in one scope against the names declared in it.
-  void Check(const ScopeNames& names, DeclarationIndex scope);
+  void Check(DeclarationIndex scope);
 
  private:
   void CheckUses(DeclarationIndex user);
   void CheckUse(const Use& use, DeclarationIndex user);
   void CheckScopesAround(DeclarationIndex used);
   void CheckLabels(DeclarationIndex unionDeclaration);
-  void CheckName(std::string_view name, DeclarationIndex used, DeclarationIndex user,
-                 UsePlace place);
+  void CheckHit(DeclarationIndex hit, DeclarationIndex used, DeclarationIndex user, UsePlace place);
   bool IsHidden(DeclarationIndex used) const;
   bool IsItself(DeclarationIndex found, DeclarationIndex used) const;
   bool IsVisible(DeclarationIndex used, DeclarationIndex user) const;
 
   const Declarations& declarations_;
+  const DeclaredNames& names_;
+  const ScopeNames& scopeNames_;
   const DeclarationUses& uses_;
   NameFindings& findings_;
   std::vector<bool> isReported_;
-  const ScopeNames* names_ = nullptr;
   DeclarationIndex scope_ = kNoDeclaration;
 };
 

@@ -25,20 +25,21 @@ Element::Slot* Element::Find(Symbol property) const {
 Element::Slot& Element::Make(Symbol property) {
   Slot* slot = Find(property);
   if (slot == nullptr) {
-    if (slotCount_ == Slot::SlotCapacity(slotCount_)) GrowSlots();
+    if (slotCount_ == slotCapacity_) GrowSlots(Slot::SlotCapacity(slotCount_ + 1));
     slot = new (slots_ + slotCount_) Slot(property);
     ++slotCount_;
   }
   return *slot;
 }
 
-void Element::GrowSlots() {
-  const std::size_t bytes = slotCount_ * sizeof(Slot);
-  const std::size_t newBytes = Slot::SlotCapacity(slotCount_ + 1) * sizeof(Slot);
-  auto* slots = static_cast<Slot*>(model_->impl_->arrays.Allocate(newBytes));
+void Element::GrowSlots(std::size_t capacity) {
+  constexpr std::size_t most = 1 << 14;
+  if (capacity > most) Fail("an element has too many properties");
+  auto* slots = static_cast<Slot*>(model_->impl_->arrays.Allocate(capacity * sizeof(Slot)));
   std::uninitialized_copy_n(slots_, slotCount_, slots);
-  model_->impl_->arrays.Release(slots_, bytes);
+  model_->impl_->arrays.Release(slots_, slotCapacity_ * sizeof(Slot));
   slots_ = slots;
+  slotCapacity_ = capacity;
 }
 
 void Element::Unset(Slot& slot) {

@@ -79,7 +79,7 @@ class Element final : public mdk::IMdeEntity {
   Element* Marking(Symbol name) const;
   Slot* Find(Symbol property) const;
   Slot& Make(Symbol property);
-  void GrowSlots();
+  void GrowSlots(std::size_t capacity);
   void Unset(Slot& slot);
   void ReleaseList(Slot& slot) const;
   void GrowList(Slot& slot) const;
@@ -88,7 +88,8 @@ class Element final : public mdk::IMdeEntity {
   Model* model_;
   Slot* slots_ = nullptr;
   Symbol metaclass_;
-  std::uint32_t slotCount_ : 31 = 0;
+  std::uint32_t slotCount_ : 16 = 0;
+  std::uint32_t slotCapacity_ : 15 = 0;
   std::uint32_t deleted_ : 1 = 0;
 };
 

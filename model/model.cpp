@@ -48,8 +48,10 @@ Model::Model() : impl_(std::make_unique<Impl>()) {
 
 Model::~Model() = default;
 
-Element& Model::Create(Symbol metaclass) {
-  return *new (impl_->elements.Place()) Element(*this, metaclass);
+Element& Model::Create(Symbol metaclass, std::size_t properties) {
+  auto& made = *new (impl_->elements.Place()) Element(*this, metaclass);
+  if (properties != 0) made.GrowSlots(std::min<std::size_t>(properties, 8));
+  return made;
 }
 
 void Model::AddRoot(Element& root) { impl_->roots.push_back(&root); }
@@ -100,7 +102,7 @@ void Model::SetTagDefault(Element& stereotype, Symbol tag, std::string_view valu
 }
 
 Element& Model::Apply(Element& subject, Element& stereotype) {
-  Element& application = Create(names::stereotypeInstance);
+  Element& application = Create(names::stereotypeInstance, 1);
   application.SetEntity(names::instanceOf, &stereotype);
   subject.AddEntity(names::stereotypeInstance, application);
   stereotype.AddEntity(names::instance, application);

@@ -44,8 +44,8 @@ class Model final : public mdk::IMdeModel {
   Model(const Model&) = delete;
   Model& operator=(const Model&) = delete;
 
-  /// A new element without properties. The model owns it.
-  Element& Create(Symbol metaclass);
+  /// A new element without properties, with room for so many, at most 8. The model owns it.
+  Element& Create(Symbol metaclass, std::size_t properties = 0);
 
   /// Makes an element one of the roots, where qualified names begin.
   void AddRoot(Element& root);

@@ -27,7 +27,7 @@ void ReferrerIndex::Finish() {
   referrers_.resize(references_.size());
   std::vector<std::size_t> next = begins_;
   for (const auto& [target, referrer] : references_) referrers_[next[target]++] = referrer;
-  references_ = {};
+  decltype(references_)().swap(references_);  // clearing it would keep the memory
   stale_ = false;
 }
 

@@ -29,7 +29,7 @@ struct Element::Slot {
     Element** list;
   } content{};
 
-  /// How many slots an element with that many has room for.
+  /// How many slots an element gets room for that is to have that many and has no room.
   static std::size_t SlotCapacity(std::size_t count) {
     return count <= 8 ? (count + 1) / 2 * 2 : std::bit_ceil(count);
   }

@@ -14,13 +14,19 @@ constexpr long blanksPerLevel = 4;
 constexpr std::string_view lineEnd =
     "\n                                                                ";
 
+/// Writes text that isn't formatted: the stream's own `write` would ask more than that takes.
+void Put(std::ofstream& out, const char* text, std::size_t size) {
+  const auto length = static_cast<std::streamsize>(size);
+  if (out.rdbuf()->sputn(text, length) != length) out.setstate(std::ios_base::badbit);
+}
+
 }  // namespace
 
 void newline(std::ofstream& out) {
   long left = out.iword(myIndent);
   const long most = static_cast<long>(lineEnd.size()) - 1;
-  out.write(lineEnd.data(), 1 + std::min(left, most));
-  for (left -= most; left > 0; left -= most) out.write(lineEnd.data() + 1, std::min(left, most));
+  Put(out, lineEnd.data(), 1 + std::min(left, most));
+  for (left -= most; left > 0; left -= most) Put(out, lineEnd.data() + 1, std::min(left, most));
 }
 
 void Write(std::ofstream& out, std::initializer_list<std::string_view> pieces) {
@@ -28,15 +34,15 @@ void Write(std::ofstream& out, std::initializer_list<std::string_view> pieces) {
   std::size_t size = 0;
   for (const std::string_view piece : pieces) {
     if (piece.size() > line.size() - size) {
-      out.write(line.data(), static_cast<std::streamsize>(std::exchange(size, 0)));
+      Put(out, line.data(), std::exchange(size, 0));
     }
     if (piece.size() > line.size()) {
-      out.write(piece.data(), static_cast<std::streamsize>(piece.size()));
+      Put(out, piece.data(), piece.size());
     } else {
       size += piece.copy(line.data() + size, piece.size());
     }
   }
-  out.write(line.data(), static_cast<std::streamsize>(size));
+  Put(out, line.data(), size);
 }
 
 void indent(std::ofstream& out) { out.iword(myIndent) += blanksPerLevel; }

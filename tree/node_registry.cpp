@@ -7,12 +7,17 @@ namespace mdktoidl {
 
 NodeRegistry nodeRegistry;
 
-/// Where the element stands, or the free cell where it would.
+/// Where the element stands, or the free cell where it would. Neighbours in memory, which are asked
+/// for one after the other, stand side by side, a few of them; these groups are spread.
 std::size_t NodeRegistry::PlaceOf(const mdk::IMdeEntity* element) const {
   constexpr std::uint64_t spread = 0x9e3779b97f4a7c15u;
   constexpr int usefulBits = 32;
+  constexpr std::size_t elementSize = 32;  // at least, of any host
+  constexpr std::size_t groupSize = 4;
+  const auto number = reinterpret_cast<std::uintptr_t>(element) / elementSize;
+  const std::size_t group = number / groupSize * spread >> usefulBits;
   const std::size_t mask = cells_.size() - 1;
-  std::size_t place = (reinterpret_cast<std::uintptr_t>(element) * spread >> usefulBits) & mask;
+  std::size_t place = (group * groupSize + number % groupSize) & mask;
   while (cells_[place].element != nullptr && cells_[place].element != element) {
     place = (place + 1) & mask;
   }

@@ -37,6 +37,13 @@ const std::array<Symbol, static_cast<std::size_t>(Word::kCount)>& Metaclasses() 
   return kMetaclasses;
 }
 
+/// How many properties most elements of a type have in the end. Room that need not grow saves
+/// memory: most elements of a model are typed.
+std::size_t UsualProperties(Word type) {
+  if (IsTyped(type)) return 3;  // its name, type and type expression
+  return type == Word::kComment ? 1 : 2;
+}
+
 bool IsTrue(std::string_view text) { return text == "true" || text == "1"; }
 
 std::string_view Trimmed(std::string_view text) {
@@ -87,8 +94,8 @@ ItemIndex ElementBuilder::Build(const StartTag& tag, Word type, ItemIndex owner,
                                 std::uint32_t offset) {
   const Symbol metaclass =
       type == Word::kNone ? Symbol(tag.typeName) : Metaclasses()[static_cast<std::size_t>(type)];
-  const ItemIndex item =
-      reading_.items.Add({&reading_.model.Create(metaclass), owner, offset, file, type, 0});
+  model::Element& element = reading_.model.Create(metaclass, UsualProperties(type));
+  const ItemIndex item = reading_.items.Add({&element, owner, offset, file, type, 0});
   for (const StartTag::Feature& feature : tag.features) {
     if (IsReferenceFeature(feature.word)) {
       Refer(item, feature.word, feature.value, false);

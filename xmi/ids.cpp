@@ -1,27 +1,27 @@
 #include "xmi/ids.h"
 
 #include <algorithm>
-#include <bit>
 #include <cstring>
 
 namespace xmi {
 namespace {
 
 constexpr std::size_t kSmallest = 64;
-constexpr std::size_t kBytesPerId = 150;  // of a usual file; others make the table grow
+constexpr std::size_t kBytesPerId = 100;  // of a usual file; others make the table grow
+
+std::size_t SizeFor(std::size_t ids) { return ids + ids / 3 + 1; }
 
 }  // namespace
 
 void Ids::AddFile(std::size_t bytes) {
   tables_.emplace_back();
-  Grow(tables_.back(), std::bit_ceil(std::max(kSmallest, 2 * bytes / kBytesPerId)));
+  Grow(tables_.back(), SizeFor(std::max(kSmallest, bytes / kBytesPerId)));
 }
 
 // The place where the id stands or, if it is not in the table, belongs.
 std::size_t Ids::PlaceOf(const Table& table, std::string_view id, std::uint32_t hash) {
-  const std::size_t mask = table.entries.size() - 1;
-  std::size_t place = hash & mask;
-  for (; table.entries[place].text != nullptr; place = (place + 1) & mask) {
+  std::size_t place = FirstPlace(table, hash);
+  for (; table.entries[place].text != nullptr; place = NextPlace(table, place)) {
     const Entry& entry = table.entries[place];
     if (entry.hash == hash && std::strncmp(entry.text, id.data(), id.size()) == 0 &&
         entry.text[id.size()] == '\0') {
@@ -33,7 +33,7 @@ std::size_t Ids::PlaceOf(const Table& table, std::string_view id, std::uint32_t 
 
 bool Ids::Add(FileIndex file, const char* id, std::uint32_t hash, IdTarget target) {
   Table& table = tables_[file];
-  if (2 * table.count >= table.entries.size()) Grow(table, 2 * table.entries.size());
+  if (SizeFor(table.count + 1) > table.entries.size()) Grow(table, 2 * table.entries.size());
   Entry& entry = table.entries[PlaceOf(table, id, hash)];
   if (entry.text != nullptr) return false;
   entry = {id, hash, target};
@@ -41,9 +41,9 @@ bool Ids::Add(FileIndex file, const char* id, std::uint32_t hash, IdTarget targe
   return true;
 }
 
-const IdTarget* Ids::Find(FileIndex file, std::string_view id) const {
+const IdTarget* Ids::Find(FileIndex file, std::string_view id, std::uint32_t hash) const {
   const Table& table = tables_[file];
-  const Entry& entry = table.entries[PlaceOf(table, id, HashOf(id))];
+  const Entry& entry = table.entries[PlaceOf(table, id, hash)];
   return entry.text == nullptr ? nullptr : &entry.target;
 }
 
@@ -66,11 +66,10 @@ std::string_view Ids::IdOf(ItemIndex item) const {
 void Ids::Grow(Table& table, std::size_t size) {
   std::vector<Entry> old(size);
   old.swap(table.entries);
-  const std::size_t mask = size - 1;
   for (const Entry& entry : old) {
     if (entry.text == nullptr) continue;
-    std::size_t place = entry.hash & mask;
-    while (table.entries[place].text != nullptr) place = (place + 1) & mask;
+    std::size_t place = FirstPlace(table, entry.hash);
+    while (table.entries[place].text != nullptr) place = NextPlace(table, place);
     table.entries[place] = entry;
   }
 }

@@ -27,7 +27,11 @@ class Ids {
   /// ends in a NUL. `hash` is its `HashOf`.
   bool Add(FileIndex file, const char* id, std::uint32_t hash, IdTarget target);
   /// What an id leads to; null when the file has no such id. Valid until the next `Add`.
-  const IdTarget* Find(FileIndex file, std::string_view id) const;
+  const IdTarget* Find(FileIndex file, std::string_view id) const {
+    return Find(file, id, HashOf(id));
+  }
+  /// The same when the id's `HashOf` is known.
+  const IdTarget* Find(FileIndex file, std::string_view id, std::uint32_t hash) const;
 
   static std::uint32_t HashOf(std::string_view id) {
     return static_cast<std::uint32_t>(std::hash<std::string_view>()(id));
@@ -35,7 +39,7 @@ class Ids {
   /// Fetches what `Add` and `Find` will read of the table, which doesn't fit into caches.
   void Prefetch(FileIndex file, std::uint32_t hash) const {
     const Table& table = tables_[file];
-    __builtin_prefetch(&table.entries[hash & (table.entries.size() - 1)]);
+    __builtin_prefetch(&table.entries[FirstPlace(table, hash)]);
   }
   /// The id of an item; empty when it has none. Goes through all ids when first called.
   std::string_view IdOf(ItemIndex item) const;
@@ -47,10 +51,17 @@ class Ids {
     IdTarget target{};
   };
   struct Table {
-    std::vector<Entry> entries;
+    std::vector<Entry> entries;  // open addressing; at least a quarter is free
     std::size_t count = 0;
   };
 
+  /// Where an entry of that hash stands unless others are in its way.
+  static std::size_t FirstPlace(const Table& table, std::uint32_t hash) {
+    return static_cast<std::size_t>(hash * std::uint64_t{table.entries.size()} >> 32);
+  }
+  static std::size_t NextPlace(const Table& table, std::size_t place) {
+    return place + 1 == table.entries.size() ? 0 : place + 1;
+  }
   static std::size_t PlaceOf(const Table& table, std::string_view id, std::uint32_t hash);
   static void Grow(Table& table, std::size_t size);
 

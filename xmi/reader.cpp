@@ -23,6 +23,12 @@ std::string LineOf(const Location& place, const std::string& text) {
   return place.file + (place.line == 0 ? "" : ":" + std::to_string(place.line)) + ": " + text;
 }
 
+/// Gives back a list's memory, which clearing it would keep.
+template <typename Entry>
+void Release(std::vector<Entry>& list) {
+  std::vector<Entry>().swap(list);
+}
+
 }  // namespace
 
 ReadError::ReadError(Location place, const std::string& text)
@@ -59,7 +65,8 @@ void Reader::Impl::Walk() {
 }
 
 // What later steps ask for, earlier steps have set: stereotypes decide what is a template and what
-// a constant, templates what a type answers.
+// a constant, templates what a type answers. What has been worked off is let go: its memory serves
+// the next steps.
 void Reader::Impl::Connect() {
   Resolver resolver(reading);
   Types types(reading);
@@ -70,9 +77,11 @@ void Reader::Impl::Connect() {
 
   resolver.FillPlaces();
   Stereotypes(reading, resolver).Apply();
+  Release(reading.applications);
   relations.NamePrimitives();
   templates.Find();
   resolver.ResolveReferences();
+  Release(reading.references);
   relations.SetLinks();
   relations.SetMembers();
   relations.SetComments();
@@ -89,13 +98,11 @@ void Reader::Impl::Finish() {
     Files::File& read = reading.files[static_cast<FileIndex>(file)];
     reading.model.Keep(read.document->Text());
     read.document->DropTree();
-    read.extensions = {};
+    Release(read.extensions);
   }
-  reading.references = {};
-  reading.values = {};
-  reading.bindings = {};
-  reading.applications = {};
-  reading.links = {};
+  Release(reading.values);
+  Release(reading.bindings);
+  Release(reading.links);
   for (const auto& [kind, count] : reading.passedOver) passedOver[kind] = count;
 }
 

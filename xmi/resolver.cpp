@@ -1,6 +1,8 @@
 #include "xmi/resolver.h"
 
 #include <algorithm>
+#include <array>
+#include <functional>
 
 #include "xmi/element_builder.h"
 #include "xmi/start_tag.h"
@@ -10,17 +12,6 @@ namespace xmi {
 namespace {
 
 bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
-
-// The next word of a text, which is cut off it; empty at the end.
-std::string_view TakeWord(std::string_view& text) {
-  const char* begin = text.data();
-  const char* const textEnd = begin + text.size();
-  while (begin != textEnd && IsBlank(*begin)) ++begin;
-  const char* end = begin;
-  while (end != textEnd && !IsBlank(*end)) ++end;
-  text = {end, static_cast<std::size_t>(textEnd - end)};
-  return {begin, static_cast<std::size_t>(end - begin)};
-}
 
 // Reaches every element below a node without using the call stack for the depth.
 void ForEachBelow(pugi::xml_node top, const std::function<void(pugi::xml_node)>& visit) {
@@ -37,8 +28,14 @@ void ForEachBelow(pugi::xml_node top, const std::function<void(pugi::xml_node)>&
 
 }  // namespace
 
-void ForEachWord(std::string_view text, const std::function<void(std::string_view)>& visit) {
-  for (std::string_view word = TakeWord(text); !word.empty(); word = TakeWord(text)) visit(word);
+std::string_view TakeWord(std::string_view& text) {
+  const char* begin = text.data();
+  const char* const textEnd = begin + text.size();
+  while (begin != textEnd && IsBlank(*begin)) ++begin;
+  const char* end = begin;
+  while (end != textEnd && !IsBlank(*end)) ++end;
+  text = {end, static_cast<std::size_t>(textEnd - end)};
+  return {begin, static_cast<std::size_t>(end - begin)};
 }
 
 const IdTarget* Resolver::FindEntry(FileIndex file, std::string_view text, bool isHref) {
@@ -112,18 +109,35 @@ void Resolver::Resolve(const Reference& reference) {
   for (std::string_view id = TakeWord(ids); !id.empty(); id = TakeWord(ids)) add(id);
 }
 
-void Resolver::Prefetch(const Reference& reference) const {
-  if (reference.isHref) return;
-  reading_.ids.Prefetch(reading_.items[reference.from].file, Ids::HashOf(reference.text));
+Resolver::Key Resolver::Prefetch(const Reference& reference) const {
+  if (reference.isHref) return {};
+  const std::string_view text = reference.text;
+  const Key key = {text, Ids::HashOf(text)};
+  reading_.ids.Prefetch(reading_.items[reference.from].file, key.hash);
+  return key;
+}
+
+/// Most references are one id of their own file, which was fetched ahead; all others go the long
+/// way.
+void Resolver::Resolve(const Reference& reference, const Key& key) {
+  const FileIndex file = reading_.items[reference.from].file;
+  const IdTarget* entry = reference.isHref ? nullptr : reading_.ids.Find(file, key.id, key.hash);
+  if (entry == nullptr) return Resolve(reference);
+  const ItemIndex found = entry->inner ? kNoItem : entry->item;
+  reading_.links.push_back({reference.from, found, reference.feature});
 }
 
 void Resolver::ResolveReferences() {
   reading_.links.reserve(reading_.references.size());
-  constexpr std::size_t kAhead = 12;
+  constexpr std::size_t kAhead = 16;
+  std::array<Key, kAhead> keys;
   const std::vector<Reference>& references = reading_.references;
-  for (std::size_t i = 0; i < references.size(); ++i) {
-    if (i + kAhead < references.size()) Prefetch(references[i + kAhead]);
-    if (!IsOwnedFeature(references[i].feature)) Resolve(references[i]);
+  for (std::size_t i = 0; i < references.size() + kAhead; ++i) {
+    Key& key = keys[i % kAhead];
+    if (i >= kAhead && !IsOwnedFeature(references[i - kAhead].feature)) {
+      Resolve(references[i - kAhead], key);
+    }
+    if (i < references.size()) key = Prefetch(references[i]);
   }
   const auto isBefore = [](const Link& a, const Link& b) { return a.from < b.from; };
   std::vector<Link>& links = reading_.links;

@@ -1,7 +1,6 @@
 // Finds what references lead to.
 #pragma once
 
-#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,18 +26,31 @@ class Resolver {
   const IdTarget* FindEntry(FileIndex file, std::string_view text, bool isHref);
 
  private:
+  /// A reference's text, taken for one id.
+  struct Key {
+    std::string_view id;
+    std::uint32_t hash = 0;
+  };
+
   const IdTarget* FindOrWarn(ItemIndex from, std::string_view feature, std::string_view text,
                              bool isHref);
   const IdTarget* FindInExtensions(FileIndex file, std::string_view id);
   void Resolve(const Reference& reference);
-  void Prefetch(const Reference& reference) const;
+  void Resolve(const Reference& reference, const Key& key);
+  Key Prefetch(const Reference& reference) const;
   void FillPlace(ItemIndex place, ItemIndex found);
 
   Reading& reading_;
   std::vector<bool> extensionsRead_;  // by file
 };
 
+/// The next word of a text, which is cut off it; empty at the end.
+std::string_view TakeWord(std::string_view& text);
+
 /// Calls `visit` with each of the words between blanks.
-void ForEachWord(std::string_view text, const std::function<void(std::string_view)>& visit);
+template <typename Visit>
+void ForEachWord(std::string_view text, Visit visit) {
+  for (std::string_view word = TakeWord(text); !word.empty(); word = TakeWord(text)) visit(word);
+}
 
 }  // namespace xmi

@@ -51,6 +51,7 @@ void Walker::Walk(FileIndex file) {
     return reading_.remarks.Add(place, "file-not-a-model", place.file + " " + problem);
   }
   const bool isXmi = tag_.space == Space::kXmi;
+  offset_ = reading_.files[file].document->OffsetOf(root);
   WalkBelow({root, isXmi ? Below{Mode::kRoots, kNoItem} : EnterRoot(root), namespaces_.Mark()});
   EnterIds();
   reading_.progress.done = reading_.progress.total.load();
@@ -107,8 +108,8 @@ void Walker::WalkBelow(const Frame& top) {
       node = node.next_sibling();
       continue;
     }
-    reading_.progress.done.store(before_ + reading_.files[file_].document->OffsetOf(node),
-                                 std::memory_order_relaxed);
+    offset_ = reading_.files[file_].document->OffsetOf(node);
+    reading_.progress.done.store(before_ + offset_, std::memory_order_relaxed);
     const std::size_t mark = namespaces_.Mark();
     const Below below = Enter(node, stack.back().below);
     if (namespaces_.Mark() > kMostOfAKind) FailCrowded(node, "namespaces in force");
@@ -142,7 +143,7 @@ Walker::Below Walker::EnterRoot(pugi::xml_node node) {
   if (tag_.space == Space::kUml) {
     tag_.typeName = SplitName(tag_.name).local;
     tag_.typeSpace = Space::kUml;
-    reading_.roots.push_back(BuildItem(node, TypeOf(tag_.typeName), kNoItem));
+    reading_.roots.push_back(BuildItem(TypeOf(tag_.typeName), kNoItem));
     return {Mode::kMembers, reading_.roots.back()};
   }
   if (IsApplication(node)) return EnterApplication(node);
@@ -151,7 +152,7 @@ Walker::Below Walker::EnterRoot(pugi::xml_node node) {
 
 Walker::Below Walker::EnterMember(pugi::xml_node node, ItemIndex owner) {
   if (tag_.space != Space::kNone && tag_.space != Space::kUml) return EnterForeign(node);
-  if (IsOwnedFeature(tag_.tag)) return EnterOwned(node, owner);
+  if (IsOwnedFeature(tag_.tag)) return EnterOwned(owner);
   switch (tag_.tag) {
     case Word::kLowerValue:
     case Word::kUpperValue:
@@ -160,17 +161,17 @@ Walker::Below Walker::EnterMember(pugi::xml_node node, ItemIndex owner) {
       return EnterValue(node, owner);
     case Word::kTemplateBinding:
       reading_.bindings.push_back({owner, node});
-      RememberId(node, owner, true);
+      RememberId(owner, true);
       return {Mode::kValue, owner};
     case Word::kOwnedTemplateSignature:
-      RememberId(node, owner, true);
+      RememberId(owner, true);
       return {Mode::kIds, owner};
     case Word::kEAnnotations:
       TakeKeywords(node, owner);
       return {};
     default:
       if (TakeFeature(node, owner)) return {};
-      return PassOver(node, {Mode::kIds, owner});
+      return PassOver({Mode::kIds, owner});
   }
 }
 
@@ -178,26 +179,25 @@ Walker::Below Walker::EnterForeign(pugi::xml_node node) {
   if (tag_.space == Space::kXmi && tag_.tag == Word::kExtension) {
     reading_.files[file_].extensions.push_back(node);
   }
-  return PassOver(node, {});
+  return PassOver({});
 }
 
-Walker::Below Walker::EnterOwned(pugi::xml_node node, ItemIndex owner) {
+Walker::Below Walker::EnterOwned(ItemIndex owner) {
   const bool isMember = IsMemberFeature(tag_.tag);
   if (!tag_.href.empty()) {
-    const std::uint32_t offset = reading_.files[file_].document->OffsetOf(node);
-    const ItemIndex place = builder_.BuildPlace(tag_, owner, file_, offset);
+    const ItemIndex place = builder_.BuildPlace(tag_, owner, file_, offset_);
     if (isMember) reading_.items[place].flags |= Item::kMember;
     return {};
   }
   Word type = tag_.type;
   if (tag_.typeName.empty()) {
     type = DefaultType(tag_.tag);
-    if (type == Word::kNone) return PassOver(node, {Mode::kIds, owner});
+    if (type == Word::kNone) return PassOver({Mode::kIds, owner});
   } else if (tag_.typeSpace != Space::kUml) {
-    return PassOver(node, {});
+    return PassOver({});
   }
   if (type == Word::kNone) ++reading_.passedOver[KindOf(tag_)];
-  const ItemIndex item = BuildItem(node, type, owner);
+  const ItemIndex item = BuildItem(type, owner);
   if (isMember) reading_.items[item].flags |= Item::kMember;
   return {Mode::kMembers, item};
 }
@@ -212,7 +212,7 @@ Walker::Below Walker::EnterValue(pugi::xml_node node, ItemIndex owner) {
     value.hasValue = true;
   }
   reading_.values.push_back(value);
-  RememberId(node, owner, true);
+  RememberId(owner, true);
   return {Mode::kValue, owner};
 }
 
@@ -220,18 +220,18 @@ Walker::Below Walker::EnterOther(pugi::xml_node node, const Below& above) {
   const bool foreign = tag_.space != Space::kNone && tag_.space != Space::kUml;
   if (foreign) return EnterForeign(node);
   if (tag_.tag == Word::kEAnnotations) return {};
-  RememberId(node, above.item, true);
+  RememberId(above.item, true);
   const bool refers =
       tag_.tag == Word::kSignature || tag_.tag == Word::kActual || tag_.tag == Word::kInstance;
   if (above.mode == Mode::kValue && refers && !tag_.href.empty()) {
-    reading_.files.Follow(file_, tag_.href, reading_.files[file_].document->OffsetOf(node));
+    reading_.files.Follow(file_, tag_.href, offset_);
   }
   return above;
 }
 
-Walker::Below Walker::PassOver(pugi::xml_node node, const Below& below) {
+Walker::Below Walker::PassOver(const Below& below) {
   ++reading_.passedOver[KindOf(tag_)];
-  if (below.mode == Mode::kIds) RememberId(node, below.item, true);
+  if (below.mode == Mode::kIds) RememberId(below.item, true);
   return below;
 }
 
@@ -245,7 +245,7 @@ bool Walker::IsApplication(pugi::xml_node node) const {
 }
 
 Walker::Below Walker::EnterApplication(pugi::xml_node node) {
-  RememberId(node, kNoItem, true);
+  RememberId(kNoItem, true);
   reading_.applications.push_back({file_, node});
   for (const pugi::xml_node child : node.children()) {
     if (!IsBase(child.name())) continue;
@@ -284,21 +284,19 @@ void Walker::TakeKeywords(pugi::xml_node node, ItemIndex owner) {
   }
 }
 
-ItemIndex Walker::BuildItem(pugi::xml_node node, Word type, ItemIndex owner) {
-  const std::uint32_t offset = reading_.files[file_].document->OffsetOf(node);
-  const ItemIndex item = builder_.Build(tag_, type, owner, file_, offset);
+ItemIndex Walker::BuildItem(Word type, ItemIndex owner) {
+  const ItemIndex item = builder_.Build(tag_, type, owner, file_, offset_);
   if (!uri_.empty()) reading_.items[item].element->SetTextView(symbols::uri, uri_);
-  RememberId(node, item, false);
+  RememberId(item, false);
   return item;
 }
 
 // Ids are entered a few hundred at a time, so that the table's memory can be fetched ahead.
-void Walker::RememberId(pugi::xml_node node, ItemIndex item, bool inner) {
+void Walker::RememberId(ItemIndex item, bool inner) {
   constexpr std::size_t kMost = 512;
   if (tag_.id.empty()) return;
   const std::uint32_t hash = Ids::HashOf(tag_.id);
-  const std::uint32_t offset = reading_.files[file_].document->OffsetOf(node);
-  seenIds_.push_back({tag_.id.data(), hash, {item, inner}, offset});
+  seenIds_.push_back({tag_.id.data(), hash, {item, inner}, offset_});
   if (seenIds_.size() == kMost) EnterIds();
 }
 

@@ -51,18 +51,18 @@ class Walker {
   Below Enter(pugi::xml_node node, const Below& above);
   Below EnterRoot(pugi::xml_node node);
   Below EnterMember(pugi::xml_node node, ItemIndex owner);
-  Below EnterOwned(pugi::xml_node node, ItemIndex owner);
+  Below EnterOwned(ItemIndex owner);
   Below EnterValue(pugi::xml_node node, ItemIndex owner);
   Below EnterOther(pugi::xml_node node, const Below& above);
   Below EnterApplication(pugi::xml_node node);
   Below EnterForeign(pugi::xml_node node);
-  Below PassOver(pugi::xml_node node, const Below& below);
+  Below PassOver(const Below& below);
 
   bool TakeFeature(pugi::xml_node node, ItemIndex owner);
   void TakeKeywords(pugi::xml_node node, ItemIndex owner);
   bool IsApplication(pugi::xml_node node) const;
-  ItemIndex BuildItem(pugi::xml_node node, Word type, ItemIndex owner);
-  void RememberId(pugi::xml_node node, ItemIndex item, bool inner);
+  ItemIndex BuildItem(Word type, ItemIndex owner);
+  void RememberId(ItemIndex item, bool inner);
   void EnterIds();
   std::string RootProblem(pugi::xml_node root) const;
   [[noreturn]] void FailTooDeep(pugi::xml_node node) const;
@@ -76,7 +76,8 @@ class Walker {
   StartTag tag_;
   std::string text_;
   std::vector<SeenId> seenIds_;
-  std::string_view uri_;  // that the file's elements answer; empty for the model's
+  std::uint32_t offset_ = 0;  // of the element that is entered
+  std::string_view uri_;      // that the file's elements answer; empty for the model's
 };
 
 }  // namespace xmi
