@@ -3,6 +3,7 @@
 #include <array>
 #include <string>
 
+#include "model/same_text.h"
 #include "model/text_table.h"
 
 namespace model {
@@ -28,17 +29,19 @@ Symbol::Symbol(std::string_view text) : id_(Symbols().Enter(text)) {}
 std::optional<Symbol> Symbol::Find(std::string_view text) {
   struct Found {
     const char* place = nullptr;
+    std::string_view text;
     Symbol symbol;
   };
   constexpr std::size_t stringSize = sizeof(std::string);
   static std::array<Found, 256> found;
   const auto address = reinterpret_cast<std::uintptr_t>(text.data());
   Found& last = found[address / stringSize % found.size()];
-  if (last.place == text.data() && last.symbol.Text() == text) return last.symbol;
+  if (last.place == text.data() && SameText(last.text, text)) return last.symbol;
   const auto number = Symbols().Find(text);
   if (!number) return std::nullopt;
-  last.place = text.data();
   last.symbol.id_ = *number;
+  last.text = last.symbol.Text();
+  last.place = text.data();
   return last.symbol;
 }
 

@@ -1,18 +1,12 @@
 #include "model/text_table.h"
 
-#include <cstring>
 #include <utility>
+
+#include "model/same_text.h"
 
 namespace model {
 
 namespace {
-
-template <typename Word>
-std::uint64_t Load(const char* bytes) {
-  Word word;
-  std::memcpy(&word, bytes, sizeof word);
-  return word;
-}
 
 std::uint64_t Mix(std::uint64_t hash, std::uint64_t word) {
   hash = (hash ^ word) * 0x9e3779b97f4a7c15u;
@@ -38,21 +32,6 @@ std::uint32_t Hash(std::string_view text) {
   return static_cast<std::uint32_t>(hash ^ (hash >> 32));
 }
 
-/// Whether two texts are the same; short ones, as nearly all are, without a call.
-bool Same(std::string_view left, std::string_view right) {
-  const std::size_t size = left.size();
-  if (size != right.size()) return false;
-  if (size < 8 || size > 24) return left == right;
-  std::uint64_t difference = 0;
-  const auto compare = [&](std::size_t at) {
-    difference |= Load<std::uint64_t>(left.data() + at) ^ Load<std::uint64_t>(right.data() + at);
-  };
-  compare(0);
-  if (size > 16) compare(8);
-  compare(size - 8);
-  return difference == 0;
-}
-
 }  // namespace
 
 TextTable::TextTable() : cells_(512) {}
@@ -62,7 +41,7 @@ std::size_t TextTable::Place(std::string_view text, std::uint32_t hash) const {
   const std::size_t mask = cells_.size() - 1;
   std::size_t place = hash & mask;
   while (cells_[place].number != free &&
-         (cells_[place].hash != hash || !Same(texts_[cells_[place].number], text))) {
+         (cells_[place].hash != hash || !SameText(texts_[cells_[place].number], text))) {
     place = (place + 1) & mask;
   }
   return place;

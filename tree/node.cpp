@@ -1,6 +1,7 @@
 #include "tree/node.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "agent/diagnostics.h"
 #include "output/comment.h"
@@ -69,15 +70,14 @@ std::string Node::NameHere(const Node& other) const {
 void Node::ResolveType(mdk::IMdeEntity* typed, const TypeComplaints& complaints, NodeList& deps) {
   TypeReference reference;
   GetType(typed, DeclarationUser(*this, complaints.word), reference);
-  UseType(reference, complaints, deps);
+  UseType(std::move(reference), complaints, deps);
 }
 
-void Node::UseType(const TypeReference& reference, const TypeComplaints& complaints,
-                   NodeList& deps) {
+void Node::UseType(TypeReference reference, const TypeComplaints& complaints, NodeList& deps) {
   typeKind = reference.kind;
-  typeName = reference.text;
+  typeName = std::move(reference.text);
   elementKind = reference.elementKind;
-  elementName = reference.declaratorSuffix;
+  elementName = std::move(reference.declaratorSuffix);
   ResolveBounds(reference, complaints.boundUnknown, deps);
   if (typeKind == unknownType) {
     Report(complaints.typeUnknown, {ScopedName("::")});

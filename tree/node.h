@@ -13,6 +13,7 @@
 
 #include "agent/messages.h"
 #include "tree/definition.h"
+#include "tree/rare_text.h"
 #include "types/type_kind.h"
 #include "types/type_reference.h"
 
@@ -108,12 +109,14 @@ class Node : public Definition {
   /// Resolves the type of `typed` as the type of this declaration.
   void ResolveType(mdk::IMdeEntity* typed, const TypeComplaints& complaints, NodeList& deps);
   /// Makes a type that has been looked up the type of this declaration.
-  void UseType(const TypeReference& reference, const TypeComplaints& complaints, NodeList& deps);
+  void UseType(TypeReference reference, const TypeComplaints& complaints, NodeList& deps);
 
   /// The type as it is written here.
-  const std::string& TypeText() const { return auxText.empty() ? typeName : auxText; }
+  std::string_view TypeText() const { return auxText.empty() ? typeName : *auxText.get(); }
   /// What is written behind the declared name; "[2][3]" for an array.
-  const std::string& DeclaratorSuffix() const { return elementName; }
+  std::string_view DeclaratorSuffix() const {
+    return elementName.empty() ? std::string_view() : *elementName.get();
+  }
 
   void UnparseComment(mdk::IMdeEntity* element, std::ofstream& out) const;
   /// What comes before a declaration with a body: an empty line and the comment; the declaration's
@@ -124,8 +127,8 @@ class Node : public Definition {
   std::string typeName;  // the type's text, simple names for plain definitions
   Node* type = nullptr;  // the declaration that the type names, the last one inside a template
   TypeKind elementKind = unknownType;
-  std::string elementName;  // the declarator suffix
-  std::string auxText;      // the "::" name of a type outside the current scope
+  RareText elementName;  // the declarator suffix
+  RareText auxText;      // the "::" name of a type outside the current scope
   NodeList dependencies;
 
  private:

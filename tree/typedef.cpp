@@ -51,7 +51,7 @@ void Typedef::EvaluateTypes(NodeList& deps) {
   }
   TypeReference reference;
   EvaluateBaseType2(general, DeclarationUser(*this, word), reference);
-  UseType(reference, complaints, deps);
+  UseType(std::move(reference), complaints, deps);
 }
 
 std::optional<Alias> Typedef::AliasOf() const {

@@ -162,8 +162,9 @@ class TemplateChain {
 
 }  // namespace
 
-std::string SequenceText(const std::string& arguments) {
-  std::string text = "sequence<" + arguments;
+std::string SequenceText(std::string_view arguments) {
+  std::string text = "sequence<";
+  text += arguments;
   CloseBracket(text, "");
   return text;
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "host/element.h"
 #include "types/type_reference.h"
@@ -11,7 +12,7 @@ namespace mdktoidl {
 
 /// "sequence<" with the arguments and ">", with a blank between closing brackets, which the lexer
 /// of IDL would otherwise read as a shift.
-std::string SequenceText(const std::string& arguments);
+std::string SequenceText(std::string_view arguments);
 
 /// Builds the text of a template instantiation, with all templates inside it; the kind becomes
 /// `templateType`, or `unknownType` for a template that IDL doesn't have. Throws `IDLException` for

@@ -1,0 +1,28 @@
+// A text that few declarations have: no larger than a pointer while it is empty.
+//
+// A tree has a node for each of a million declarations, and their size decides how fast it is
+// walked. Not for texts that are set more than once.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace mdktoidl {
+
+class RareText {
+ public:
+  RareText& operator=(std::string text) {
+    if (!text.empty()) text_ = std::make_unique<const std::string>(std::move(text));
+    return *this;
+  }
+
+  bool empty() const { return text_ == nullptr; }
+  /// Null when the text is empty; lives as long as this.
+  const std::string* get() const { return text_.get(); }
+
+ private:
+  std::unique_ptr<const std::string> text_;
+};
+
+}  // namespace mdktoidl
