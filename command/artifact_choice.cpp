@@ -4,6 +4,7 @@
 
 #include "command/failure.h"
 #include "command/near_names.h"
+#include "command/one_line.h"
 
 namespace command {
 namespace {
@@ -79,9 +80,12 @@ std::vector<model::Element*> ExportableArtifacts(const xmi::Reader& reader) {
 
 std::string NameOf(const xmi::Reader& reader, const model::Element& artifact) {
   const std::string_view ownName = artifact.Text(model::Symbol("Name"));
-  if (ownName.empty()) return reader.IdOf(artifact);
-  std::string name = reader.QualifiedName(artifact);
-  return name.empty() ? std::string(ownName) : name;
+  std::string name;
+  if (!ownName.empty()) name = reader.QualifiedName(artifact);
+  if (name.empty()) name = ownName;
+  if (!name.empty() && !HasControl(name)) return name;
+  const std::string id = reader.IdOf(artifact);
+  return id.empty() ? OneLine(name) : id;
 }
 
 model::Element& ChooseArtifact(const xmi::Reader& reader, const std::optional<std::string>& name) {

@@ -14,7 +14,7 @@ namespace command {
 std::vector<model::Element*> ExportableArtifacts(const xmi::Reader& reader);
 
 /// The name to list an artifact by, which also chooses it: its qualified name, or its xmi:id when
-/// it has no name of its own.
+/// it has no name of its own or one that doesn't fit on a line.
 std::string NameOf(const xmi::Reader& reader, const model::Element& artifact);
 
 /// The artifact of that name or xmi:id, whether or not it is exportable: the agent says what it

@@ -8,6 +8,8 @@
 #include <cerrno>
 #include <csignal>
 
+#include "command/interruption.h"
+
 namespace command {
 namespace {
 
@@ -55,11 +57,26 @@ class Streams {
 
 constexpr int signalled = 128;
 
-int Wait(pid_t process) {
-  int status = 0;
-  while (waitpid(process, &status, 0) < 0) {
-    if (errno != EINTR) return -errno;
+/// Repeats a system call that a signal broke off; false when it fails for another reason.
+template <typename Call>
+bool Done(Call call) {
+  while (call() < 0) {
+    if (errno != EINTR) return false;
   }
+  return true;
+}
+
+/// Waits until the process has ended, but leaves its number to it.
+void WaitForEnd(pid_t process) {
+  const EndedOnInterruption ended(process);
+  siginfo_t info;
+  Done([&] { return waitid(P_PID, static_cast<id_t>(process), &info, WEXITED | WNOWAIT); });
+}
+
+int Wait(pid_t process) {
+  WaitForEnd(process);
+  int status = 0;
+  if (!Done([&] { return waitpid(process, &status, 0); })) return -errno;
   return WIFEXITED(status) ? WEXITSTATUS(status) : signalled + WTERMSIG(status);
 }
 

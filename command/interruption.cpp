@@ -10,14 +10,20 @@ namespace {
 
 struct State {
   std::mutex mutex;      // held while steps that belong together are done
-  std::mutex listMutex;  // guards the list below
+  std::mutex listMutex;  // guards the lists below
   std::set<std::filesystem::path> directories;
+  std::set<pid_t> programs;
 };
 
 /// Never destroyed: the thread may still use it when the process ends.
 State& TheState() {
   static State& state = *new State;
   return state;
+}
+
+void EndPrograms() {
+  const std::lock_guard list(TheState().listMutex);
+  for (const pid_t program : TheState().programs) kill(program, SIGTERM);
 }
 
 void RemoveDirectories() {
@@ -60,6 +66,7 @@ void WatchForInterruption() {
     int signal = 0;
     if (sigwait(&set, &signal) != 0) return;
     const std::lock_guard steps(TheState().mutex);
+    EndPrograms();
     RemoveDirectories();
     EndBy(signal);
   }).detach();
@@ -74,6 +81,16 @@ RemovedOnInterruption::RemovedOnInterruption(std::filesystem::path directory)
 RemovedOnInterruption::~RemovedOnInterruption() {
   const std::lock_guard list(TheState().listMutex);
   TheState().directories.erase(directory_);
+}
+
+EndedOnInterruption::EndedOnInterruption(pid_t program) : program_(program) {
+  const std::lock_guard list(TheState().listMutex);
+  TheState().programs.insert(program_);
+}
+
+EndedOnInterruption::~EndedOnInterruption() {
+  const std::lock_guard list(TheState().listMutex);
+  TheState().programs.erase(program_);
 }
 
 Uninterrupted::Uninterrupted() : lock_(TheState().mutex) {}

@@ -4,6 +4,8 @@
 // by a thread of their own, where, unlike in a signal handler, directories can be removed.
 #pragma once
 
+#include <sys/types.h>
+
 #include <filesystem>
 #include <mutex>
 
@@ -23,6 +25,19 @@ class RemovedOnInterruption {
 
  private:
   std::filesystem::path directory_;
+};
+
+/// While it lives the program is ended, too, when the command is interrupted. The process must not
+/// be waited for to its end meanwhile, because its number may then be another's.
+class EndedOnInterruption {
+ public:
+  explicit EndedOnInterruption(pid_t program);
+  ~EndedOnInterruption();
+  EndedOnInterruption(const EndedOnInterruption&) = delete;
+  EndedOnInterruption& operator=(const EndedOnInterruption&) = delete;
+
+ private:
+  pid_t program_;
 };
 
 /// While it lives an interruption waits: for steps that belong together. Not to be nested.
