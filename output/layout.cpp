@@ -14,10 +14,13 @@ constexpr long blanksPerLevel = 4;
 constexpr std::string_view lineEnd =
     "\n                                                                ";
 
-/// Writes text that isn't formatted: the stream's own `write` would ask more than that takes.
+/// Writes text that isn't formatted: the stream's own `write` would ask more than that takes. What
+/// follows a failure is left out, so that a file with a gap doesn't look complete.
 void Put(std::ofstream& out, const char* text, std::size_t size) {
   const auto length = static_cast<std::streamsize>(size);
-  if (out.rdbuf()->sputn(text, length) != length) out.setstate(std::ios_base::badbit);
+  if (out.good() && out.rdbuf()->sputn(text, length) != length) {
+    out.setstate(std::ios_base::badbit);
+  }
 }
 
 }  // namespace
