@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 
 #include "tests/support/export.h"
 #include "tests/support/rich_model.h"
@@ -21,7 +22,6 @@ using testing::StartsWith;
 const std::string started = "\nIDL exporter started...\n";
 const std::string finished = "IDL exporter finished.\n";
 const std::string aborted = "\nIDL exporter aborted.\n";
-const std::string unknown = "Error in IDL exporter agent: Unknown exception\n" + aborted;
 
 /// A model behind a host that can fail, and what a run gives as long as it doesn't.
 class FaultyHost {
@@ -75,70 +75,49 @@ constexpr std::size_t stride = 5;  // unoptimised and checked code takes its tim
 /// between is checked now and then.
 constexpr std::size_t checkEvery = 50;
 
-/// Whatever was written of the files, they have their feet.
-void ExpectClosed(const Exported& run) {
-  for (const auto& [name, text] : run.files) {
-    EXPECT_THAT(text.substr(0, text.find_last_not_of(" \n") + 1), EndsWith("#endif")) << name;
-  }
-}
-
-void ExpectAbortWherever(Fault fault, const std::string& ending) {
-  FaultyHost rig("ONE_FILE");
+/// Runs with a fault at each call; `check` judges what the run comes to.
+template <typename Check>
+void FailWherever(const char* mapping, Fault fault, bool andAfter, Check check) {
+  FaultyHost rig(mapping);
   for (std::size_t call = 1; call <= rig.Calls() && !testing::Test::HasFailure(); call += stride) {
     SCOPED_TRACE("call " + std::to_string(call));
-    const Exported run = rig.RunWithFault(call, fault);
+    const Exported run = rig.RunWithFault(call, fault, andAfter);
     EXPECT_THAT(run.Messages(), StartsWith(started));
-    EXPECT_THAT(run.Messages(), EndsWith(ending));
-    ExpectClosed(run);
-    if (call % checkEvery < stride) rig.ExpectNothingLeft();
-  }
-}
-
-TEST(AgentHostFault, EveryFailedCallIsReportedInTheHostsWords) {
-  ExpectAbortWherever(Fault::kHostError, "API Error in IDL exporter agent: " +
-                                             std::string(support::WrappingHost::kErrorText) + "\n" +
-                                             aborted);
-}
-
-TEST(AgentHostFault, EveryExceptionEndsTheRunAndNothingMore) {
-  ExpectAbortWherever(Fault::kException, unknown);
-}
-
-TEST(AgentHostFault, EveryOtherThrownThingEndsTheRunAndNothingMore) {
-  ExpectAbortWherever(Fault::kOtherThrow, unknown);
-}
-
-TEST(AgentHostFault, ExceptionsWhileModulesGetFilesOfTheirOwnLeaveWholeFiles) {
-  FaultyHost rig("MODULE_STRUCTURED");
-  for (std::size_t call = 1; call <= rig.Calls() && !HasFailure(); call += stride) {
-    SCOPED_TRACE("call " + std::to_string(call));
-    const Exported run = rig.RunWithFault(call, Fault::kBadAllocation);
-    EXPECT_THAT(run.Messages(), EndsWith(unknown));
-    ExpectClosed(run);
+    check(run);
     if (call % checkEvery < stride) rig.ExpectNothingLeft();
   }
   rig.ExpectNothingLeft();
 }
 
-/// An answer that makes no sense may end a run in any of the ways in which runs end.
-void ExpectSomeEnd(FaultyHost& rig, std::size_t call, Fault fault, bool andAfter) {
-  SCOPED_TRACE("call " + std::to_string(call));
-  const std::string messages = rig.RunWithFault(call, fault, andAfter).Messages();
-  EXPECT_THAT(messages, StartsWith(started));
-  const bool isKnown = messages.ends_with(finished) || messages.ends_with(aborted) ||
-                       messages.find("IDL exporter failed to open file ") != messages.npos;
-  EXPECT_TRUE(isKnown) << messages;
-  if (call % checkEvery < stride) rig.ExpectNothingLeft();
+TEST(AgentHostFault, EveryFailedCallEndsTheRunAndLeavesWholeFiles) {
+  const std::string hostError =
+      "API Error in IDL exporter agent: " + std::string(support::WrappingHost::kErrorText) + "\n" +
+      aborted;
+  const std::string unknown = "Error in IDL exporter agent: Unknown exception\n" + aborted;
+  const std::tuple<const char*, Fault, std::string> cases[] = {
+      {"ONE_FILE", Fault::kHostError, hostError},
+      {"ONE_FILE", Fault::kException, unknown},
+      {"ONE_FILE", Fault::kOtherThrow, unknown},
+      {"MODULE_STRUCTURED", Fault::kBadAllocation, unknown}};
+  for (const auto& [mapping, fault, ending] : cases) {
+    FailWherever(mapping, fault, false, [&ending = ending](const Exported& run) {
+      EXPECT_THAT(run.Messages(), EndsWith(ending));
+      for (const auto& [name, text] : run.files) {
+        EXPECT_THAT(text.substr(0, text.find_last_not_of(" \n") + 1), EndsWith("#endif")) << name;
+      }
+    });
+  }
 }
 
+/// An answer that makes no sense may end a run in any of the ways in which runs end.
 void ExpectSomeEndWherever(Fault fault, bool andAfter) {
   for (const char* mapping : {"ONE_FILE", "MODULE_STRUCTURED"}) {
-    FaultyHost rig(mapping);
-    for (std::size_t call = 1; call <= rig.Calls() && !testing::Test::HasFailure();
-         call += stride) {
-      ExpectSomeEnd(rig, call, fault, andAfter);
-    }
-    rig.ExpectNothingLeft();
+    FailWherever(mapping, fault, andAfter, [](const Exported& run) {
+      const std::string messages = run.Messages();
+      const bool isKnown = messages.ends_with(finished) || messages.ends_with(aborted) ||
+                           messages.find("IDL exporter failed to open file ") != messages.npos;
+      EXPECT_TRUE(isKnown) << messages;
+    });
   }
 }
 

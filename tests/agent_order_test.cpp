@@ -2,9 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <ctime>
-#include <functional>
-#include <limits>
 #include <random>
 #include <string>
 #include <vector>
@@ -16,7 +13,6 @@
 namespace {
 
 using model::Element;
-using model::Symbol;
 using support::ExpectOutcomes;
 using support::ExportBench;
 using support::OutcomeCase;
@@ -94,34 +90,8 @@ TEST(AgentOrder, IsFoundForAnyDepthWithoutRecursion) {
   EXPECT_EQ(Order(chain).cyclic.size(), chain.size());
 }
 
-TEST(AgentOrder, DeclaresBeforeUse) {
+TEST(AgentOrder, DeclaresBeforeUseAndBreaksCycles) {
   const OutcomeCase cases[] = {
-      {"a chain against the order of creation; the independent one keeps its place",
-       [](ExportBench& b, Element& m) {
-         auto& a = b.Struct(m, "A");
-         b.Attribute(b.Struct(m, "Alone"), "x", "long");
-         auto& c = b.Struct(m, "C");
-         auto& d = b.Struct(m, "D");
-         b.Attribute(a, "c", c);
-         b.Attribute(c, "d", d);
-         b.Attribute(d, "x", "long");
-       },
-       R"(
-struct D {
-    long x;
-};
-
-struct C {
-    D d;
-};
-
-struct A {
-    C c;
-};
-
-struct Alone {
-    long x;
-};)"},
       {"what is nested in a sibling: modules, interfaces and bounds",
        [](ExportBench& b, Element& m) {
          auto& first = b.Struct(b.Module(m, "First"), "S");
@@ -183,43 +153,6 @@ module N {
 struct After {
     long x;
 };)"},
-  };
-  ExpectOutcomes(cases);
-}
-
-TEST(AgentOrder, BreaksCyclesWithForwardDeclarations) {
-  const OutcomeCase cases[] = {
-      {"a cycle of two, one that refers to itself, and one that only leads to a cycle",
-       [](ExportBench& b, Element& m) {
-         b.Attribute(b.Interface(m, "Leads"), "a", "long");
-         auto& a = b.Interface(m, "A");
-         auto& c = b.Interface(m, "B");
-         auto& self = b.Interface(m, "Self");
-         b.Parameter(b.Operation(a, "op"), "b", c);
-         b.Returns(b.Operation(c, "op"), a);
-         b.Attribute(self, "other", self);
-         b.Attribute(*m.Entities(Symbol("OwnedMember"))[0], "s", self);
-       },
-       R"(interface A;
-interface B;
-interface Self;
-
-interface Self {
-    attribute Self other;
-};
-
-interface Leads {
-    attribute long a;
-    attribute Self s;
-};
-
-interface B {
-    A op();
-};
-
-interface A {
-    void op(in B b);
-};)"},
       {"a struct, and an exception and a module, which have no forward declaration",
        [](ExportBench& b, Element& m) {
          auto& s = b.Struct(m, "S");
@@ -250,53 +183,6 @@ struct S {
 };)"},
   };
   ExpectOutcomes(cases);
-}
-
-// --- Cost ----------------------------------------------------------------------------------------
-
-#ifdef __OPTIMIZE__
-constexpr std::size_t count = 100'000;
-#else
-constexpr std::size_t count = 20'000;  // the checks of such a build take their time
-#endif
-
-/// Exports structs of one member each; the least of three times. `next` gives the number of the
-/// struct that a member refers to, or its own for a member of a predefined type.
-std::clock_t Cost(const std::function<std::size_t(std::size_t)>& next) {
-  ExportBench bench;
-  auto& module = bench.Module("M");
-  std::vector<Element*> structs;
-  for (std::size_t number = 0; number < count; ++number) {
-    structs.push_back(&bench.Struct(module, "S" + std::to_string(number)));
-  }
-  for (std::size_t number = 0; number < count; ++number) {
-    const std::size_t other = next(number);
-    if (other == number) {
-      bench.Attribute(*structs[number], "x", "long");
-    } else {
-      bench.Attribute(*structs[number], "x", *structs[other]);
-    }
-  }
-  auto& artifact = bench.Artifact({&module});
-  std::clock_t least = std::numeric_limits<std::clock_t>::max();
-  for (int round = 0; round < 3; ++round) {
-    const std::clock_t start = std::clock();  // of this process, whatever else the machine does
-    EXPECT_EQ(bench.Run(&artifact).Diagnostics(), "");
-    least = std::min(least, std::clock() - start);
-  }
-  return least;
-}
-
-TEST(AgentOrder, CostsNoMoreForChainsCyclesAndHubs) {
-  constexpr std::clock_t margin = 4;
-  const std::clock_t independent = Cost([](std::size_t number) { return number; });
-  const std::clock_t chain =
-      Cost([](std::size_t number) { return std::min(number + 1, count - 1); });
-  const std::clock_t cycle = Cost([](std::size_t number) { return (number + 1) % count; });
-  const std::clock_t hub = Cost([](std::size_t) { return count / 2; });
-  EXPECT_LT(chain, margin * independent);
-  EXPECT_LT(cycle, margin * independent);
-  EXPECT_LT(hub, margin * independent);
 }
 
 }  // namespace

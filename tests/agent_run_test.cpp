@@ -3,17 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <functional>
 #include <list>
-#include <stdexcept>
 #include <string>
-#include <vector>
 
 #include "agent/export_run.h"
-#include "model/api_error.h"
 #include "model/model.h"
 #include "tests/support/export.h"
-#include "tests/support/message_log.h"
+#include "tests/support/wrapping_host.h"
 
 namespace {
 
@@ -21,7 +17,7 @@ using model::Element;
 using model::Symbol;
 using support::ExportBench;
 using support::Exported;
-using support::OutcomeCase;
+using support::Fault;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -39,15 +35,17 @@ std::size_t TagCount(ExportBench& bench) {
   return tags.size();
 }
 
-TEST(AgentRun, PrintsItsPhasesPieceByPiece) {
+TEST(AgentRun, PrintsItsPhasesPieceByPieceAndWritesNothingWhenThereAreErrors) {
   ExportBench bench;
   auto& module = bench.Module("M");
   bench.Struct(module, "Empty");
   bench.Attribute(bench.Struct(module, "Typed"), "x", "");
-  EXPECT_THAT(bench.Export({&module}).pieces,
+  const Exported run = bench.Export({&module});
+  EXPECT_THAT(run.pieces,
               ElementsAre(started, "Warning - ", "struct M::Empty has no members", "\n", "Error - ",
                           "attribute M::Typed::x has a type that could not be identified", "\n",
                           "There were 1 errors and 1 warnings", finished));
+  EXPECT_EQ(run.Body(), "");
 }
 
 TEST(AgentRun, SaysNothingWithoutAnElementOrAnOutput) {
@@ -55,15 +53,6 @@ TEST(AgentRun, SaysNothingWithoutAnElementOrAnOutput) {
   EXPECT_THAT(bench.Run(nullptr).pieces, IsEmpty());
   mdktoidl::RunExport(&bench.Artifact({&bench.Module("M")}));
   EXPECT_TRUE(std::filesystem::is_empty(bench.Directory()));
-}
-
-TEST(AgentRun, StopsBeforeItsSettingsWithoutDependencies) {
-  ExportBench bench;
-  auto& artifact = bench.Model().Create(Symbol("Artifact"));
-  EXPECT_THAT(
-      bench.Run(&artifact).pieces,
-      ElementsAre(started, "IDL exporter failed to find root element to export.\n", aborted));
-  EXPECT_FALSE(std::filesystem::exists("out"));
 }
 
 TEST(AgentRun, AbortsForEachMissingSetting) {
@@ -164,13 +153,6 @@ TEST(AgentRun, AbortsForAnIncludeWithoutAFile) {
                 "Failed to find value for IDLFile::file.\n" + aborted);
 }
 
-TEST(AgentRun, WritesOnlyHeadAndFootWhenThereAreErrors) {
-  ExportBench bench;
-  auto& module = bench.Module("M");
-  bench.Attribute(bench.Struct(module, "S"), "x", "");
-  EXPECT_EQ(bench.Export({&module}).Body(), "");
-}
-
 TEST(AgentRun, SortsAndCountsEachMessageOnce) {
   ExportBench bench;
   auto& module = bench.Module("M");
@@ -194,83 +176,35 @@ TEST(AgentRun, SortsAndCountsEachMessageOnce) {
 
 // --- What goes wrong in the host -----------------------------------------------------------------
 
-/// An artifact that hands everything on to a real one, but fails when it is asked for something.
-class FailingArtifact final : public mdk::IMdeEntity {
- public:
-  FailingArtifact(Element& real, std::string where, std::function<void()> fail)
-      : real_(real), where_(std::move(where)), fail_(std::move(fail)) {}
-
-  void QueryInterface(const mdk::InterfaceId& id, void** result) override {
-    real_.QueryInterface(id, result);
-  }
-  std::string GetValue(const std::string& property, int flag) override {
-    return Check(property), real_.GetValue(property, flag);
-  }
-  mdk::IMdeEntity* GetEntity(const std::string& property, int flag) override {
-    return Check(property), real_.GetEntity(property, flag);
-  }
-  void GetEntities(const std::string& property, std::list<mdk::IMdeEntity*>& result) override {
-    Check(property), real_.GetEntities(property, result);
-  }
-  mdk::IMdeEntity* GetTarget(const std::string& property, int flag) override {
-    return real_.GetTarget(property, flag);
-  }
-  std::string GetMetaclass() override { return real_.GetMetaclass(); }
-  void GetReferrers(const std::string& property, std::list<mdk::IMdeEntity*>& result) override {
-    real_.GetReferrers(property, result);
-  }
-  mdk::IMdeEntity* EvalExpression(const std::string& expression, int flag) override {
-    return Check(expression), real_.EvalExpression(expression, flag);
-  }
-  bool IsKindOf(const std::string& metaclass) override { return real_.IsKindOf(metaclass); }
-  void AddEntity(const std::string& property, mdk::DefinitionRef definition, int flag,
-                 mdk::Changer& changer) override {
-    static_cast<mdk::IMdeEntity&>(real_).AddEntity(property, definition, flag, changer);
-  }
-  void SetExpression(const std::string& expression, const std::string& value, int flag,
-                     mdk::Changer& changer) override {
-    real_.SetExpression(expression, value, flag, changer);
-  }
-  mdk::DefinitionRef GetDefinitionRef() override { return real_.GetDefinitionRef(); }
-  void Delete(mdk::Changer& changer) override { real_.Delete(changer); }
-  bool HasStereotype(const std::string& stereotype, int flag) override {
-    return real_.HasStereotype(stereotype, flag);
-  }
-
- private:
-  void Check(const std::string& asked) {
-    if (asked == where_) fail_();
-  }
-
-  Element& real_;
-  std::string where_;
-  std::function<void()> fail_;
-};
-
-TEST(AgentRun, ReportsWhateverTheHostThrows) {
-  const std::pair<std::function<void()>, std::string> failures[] = {
-      {[] { model::Fail("the model is locked"); },
-       "API Error in IDL exporter agent: the model is locked\n"},
-      {[] { throw std::runtime_error("hidden"); },
-       "Error in IDL exporter agent: Unknown exception\n"},
-      {[] { throw 42; }, "Error in IDL exporter agent: Unknown exception\n"},
-  };
-  for (const auto& [fail, text] : failures) {
+TEST(AgentRun, ShowsWhatItFoundBeforeTheHostThrew) {
+  const std::string unknown = "Error in IDL exporter agent: Unknown exception\n";
+  const std::pair<Fault, std::string> faults[] = {
+      {Fault::kHostError, "API Error in IDL exporter agent: the model is locked\n"},
+      {Fault::kException, unknown},
+      {Fault::kOtherThrow, unknown}};
+  for (const auto& [fault, text] : faults) {
     ExportBench bench;
-    auto& artifact = bench.Artifact({&bench.Module("M")});
-    FailingArtifact early(artifact, "IDLGenerator (. fileMapping .)", fail);
-    EXPECT_EQ(bench.Run(&early).Messages(), started + text + aborted);
+    support::WrappingHost host;
+    mdk::IMdeEntity* artifact = host.Wrap(&bench.Artifact({&bench.Module("M")}));
+    host.FailAt(1, fault);
+    EXPECT_EQ(bench.Run(artifact).Messages(), started + text + aborted);
+    host.FailAt(0, Fault::kNone);
+    bench.Run(artifact);
     // Late, when the tags are removed: what was found is shown once more, and the file is whole.
+    host.FailAt(host.Calls(), fault);
+    const Exported run = bench.Run(artifact);
     const std::string found = "Warning - module M is empty\nThere were 0 errors and 1 warnings";
-    FailingArtifact late(artifact, "Session", fail);
-    const Exported run = bench.Run(&late);
     EXPECT_EQ(run.Messages(), started + found + found + text + aborted);
     EXPECT_EQ(run.Body(), "\n\n\nmodule M {\n};");
-    // A message output that fails, even for the news of the failure, must not bring the host down.
-    model::SetMessageSink([&fail = fail](const std::string&) { fail(); });
-    mdktoidl::RunExport(&artifact);
-    model::SetMessageSink({});
   }
+}
+
+// Nor may the news of the failure bring the host down.
+TEST(AgentRun, SurvivesAMessageOutputThatThrows) {
+  ExportBench bench;
+  model::SetMessageSink([](const std::string&) { throw 42; });
+  mdktoidl::RunExport(&bench.Artifact({&bench.Module("M")}));
+  model::SetMessageSink({});
 }
 
 TEST(AgentRun, IsNotDisturbedByAHostThatAsksForAnotherMeanwhile) {
@@ -288,33 +222,13 @@ TEST(AgentRun, IsNotDisturbedByAHostThatAsksForAnotherMeanwhile) {
 
 // --- What a run leaves behind --------------------------------------------------------------------
 
-/// Builds a module whose evaluation is aborted after the tree was built, by a constant that names
-/// nothing; returns the constant.
-Element& BuildAbortingModule(ExportBench& bench, Element& module) {
-  auto& user = bench.Struct(module, "S");
-  bench.Attribute(user, "i", bench.Interface(module, "I"));
-  auto& constant = bench.Constant(module, "C", "long", 1);
-  constant.SetEntity(Symbol("DefaultValue"), &bench.Model().Create(Symbol("Ident")));
-  return constant;
-}
-
-TEST(AgentRun, LeavesTheModelAsItFoundIt) {
-  ExportBench bench;
-  auto& module = bench.Module("M");
-  bench.Attribute(bench.Struct(module, "S"), "x", "long");
-  auto& artifact = bench.Artifact({&module});
-  const Exported first = bench.Run(&artifact);
-  EXPECT_EQ(TagCount(bench), 0u);
-  EXPECT_EQ(module.Entities(Symbol("StereotypeInstance")).size(), 1u);
-  const Exported second = bench.Run(&artifact);
-  EXPECT_EQ(first.files, second.files);
-  EXPECT_EQ(first.pieces, second.pieces);
-}
-
 TEST(AgentRun, LeavesNothingWhenAborted) {
   ExportBench bench;
   auto& module = bench.Module("M");
-  auto& constant = BuildAbortingModule(bench, module);
+  auto& interface = bench.Interface(module, "I");
+  bench.Attribute(bench.Struct(module, "S"), "i", interface);
+  auto& constant = bench.Constant(module, "C", "long", 1);
+  constant.SetEntity(Symbol("DefaultValue"), &bench.Model().Create(Symbol("Ident")));
   EXPECT_EQ(bench.Export({&module}).Messages(),
             started + internal + "Failed to interpret ident correctly\n" + aborted);
   EXPECT_EQ(TagCount(bench), 0u);
@@ -322,7 +236,7 @@ TEST(AgentRun, LeavesNothingWhenAborted) {
 
   // The interface is no part of this run, so nothing may be written of it.
   auto& user = bench.Module("User");
-  bench.Attribute(bench.Struct(user, "T"), "i", *module.Entities(Symbol("OwnedMember"))[1]);
+  bench.Attribute(bench.Struct(user, "T"), "i", interface);
   EXPECT_EQ(bench.Export({&user}).Diagnostics(),
             "Error - attribute User::T::i has a type that is not marked as a CORBA type or not "
             "included in the generation\n");

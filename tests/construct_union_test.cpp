@@ -37,25 +37,17 @@ Element& Case(ExportBench& b, Element& owner, std::string_view name, const Opera
 void BuildUnions(ExportBench& b, Element& m) {
   auto& near = b.Enum(m, "Near", {"n1", "n2", "n3"});
   auto& far = b.Enum(b.Interface(m, "Shapes"), "Far", {"f1", "f2"});
-  auto& name = b.Class(m, "Name", "CORBATypedef");
-  b.Attribute(name, "base", far);
-
-  auto& integer = Union(b, m, "ByLong", "long");
-  Case(b, integer, "a", "long", {"1", "-2"});
-  Case(b, integer, "rest", b.Template("array", {"short", 4}), {}, true);
   auto& character = Union(b, m, "ByChar", "char");
   Case(b, character, "a", "long", {"a", "'b'", "'", "\\", "\\n", "1"});
   auto& boolean = Union(b, m, "ByBoolean", "boolean");
-  Case(b, boolean, "yes", "string", {"true"});
-  Case(b, boolean, "no", near, {"False"});
+  Case(b, boolean, "no", "long", {"False"});
+  Case(b, boolean, "rest", b.Template("array", {"short", 4}), {}, true);
   auto& inScope = Union(b, m, "ByNear", near);
   b.Comment(Case(b, inScope, "a", "long", {"M::n1"}), "a case");
   Case(b, inScope, "b", far, {"n3"}, true);
   auto& elsewhere = Union(b, m, "ByFar", far);
   Case(b, elsewhere, "a", "long", {"f1"});
   b.Range(Case(b, elsewhere, "self", elsewhere, {"Far::f2"}), 0, "*");
-  auto& renamed = Union(b, m, "ByName", name);
-  Case(b, renamed, "a", "long", {"f2"});
   auto& simple = b.Mark(Union(b, m, "Simple", ""), "CORBAUnion", {{"isSimple", "true"}});
   b.SetType(*simple.Entities(Symbol("OwnedMember"))[0], near);
   Case(b, simple, "a", "long", {});
@@ -64,8 +56,8 @@ void BuildUnions(ExportBench& b, Element& m) {
 }
 
 constexpr std::string_view unions =
-    R"(Warning - union case M::ByFar::self has an anonymous template type; consider using a typedef instead
-Warning - union case M::ByLong::rest has an anonymous template type; consider using a typedef instead
+    R"(Warning - union case M::ByBoolean::rest has an anonymous template type; consider using a typedef instead
+Warning - union case M::ByFar::self has an anonymous template type; consider using a typedef instead
 union ByFar;
 
 enum Near {
@@ -81,15 +73,6 @@ interface Shapes {
         f2
     };
 };
-typedef M::Shapes::Far Name;
-
-union ByLong switch (long) {
-    case 1:
-    case -2:
-        long a;
-    default:
-        short rest[4];
-};
 
 union ByChar switch (char) {
     case 'a':
@@ -102,10 +85,10 @@ union ByChar switch (char) {
 };
 
 union ByBoolean switch (boolean) {
-    case TRUE:
-        string yes;
     case FALSE:
-        Near no;
+        long no;
+    default:
+        short rest[4];
 };
 
 union ByNear switch (Near) {
@@ -124,11 +107,6 @@ union ByFar switch (M::Shapes::Far) {
         sequence<ByFar> self;
 };
 
-union ByName switch (Name) {
-    case M::Shapes::f2:
-        long a;
-};
-
 union Simple switch (Near) {
     case n1:
         long a;
@@ -138,16 +116,11 @@ union Simple switch (Near) {
         long b;
 };)";
 
-TEST(ConstructUnion, SpellsItsLabelsForItsDiscriminator) {
-  const OutcomeCase cases[] = {{"unions", BuildUnions, unions}};
-  ExpectOutcomes(cases);
-}
-
-TEST(ConstructUnion, IsAcceptedByACompiler) {
+TEST(ConstructUnion, SpellsItsLabelsForItsDiscriminatorAndACompilerTakesThem) {
   ExportBench bench;
   auto& module = bench.Module("M");
   BuildUnions(bench, module);
-  bench.Export({&module});
+  EXPECT_EQ(bench.Export({&module}).Outcome(), unions);
   const auto judged = support::RunProcess({IDLEXPORT_OMNIIDL, "out/Out.idl"});
   EXPECT_EQ(judged.status, 0) << judged.errors;
 }
