@@ -12,10 +12,10 @@
 #include <stdexcept>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
-#include "tests/support/file_tree.h"
-#include "tests/support/process.h"
+#include "tests/support/command_bench.h"
 
 namespace {
 
@@ -27,36 +27,18 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 
-std::string DataFile(const std::string& name) {
-  return support::ReadFile(std::string(IDLEXPORT_SOURCE_DIR "/tests/data/command/") + name);
-}
-
 /// A directory with the model "m.uml", which makes files.idl, M.idl and M_N.idl in "out".
-class CommandFilesTest : public testing::Test {
+class CommandFilesTest : public support::CommandBench {
  protected:
   CommandFilesTest() { WriteModel("MODULE_FLAT"); }
 
   void WriteModel(const std::string& mapping, const std::string& from = "one",
                   const std::string& to = "one") const {
-    std::string text = support::Replaced(DataFile("target.uml"), "TARGET_DIR", "out");
+    std::string text = support::Replaced(Data("target.uml"), "TARGET_DIR", "out");
     text = support::Replaced(text, "FILE_MAPPING", mapping);
-    support::WriteFile(Directory() / "m.uml", support::Replaced(text, from, to));
+    Write("m.uml", support::Replaced(text, from, to));
   }
 
-  ProcessResult Run(std::vector<std::string> arguments) const {
-    arguments.insert(arguments.begin(), IDLEXPORT_COMMAND);
-    return support::RunProcess(arguments, Directory());
-  }
-
-  /// Runs the command below a shell, which can limit what it may do.
-  ProcessResult RunInShell(const std::string& script) const {
-    return support::RunProcess(
-        {"sh", "-c", support::Replaced(script, "COMMAND", IDLEXPORT_COMMAND)}, Directory());
-  }
-
-  const fs::path& Directory() const { return scratch_.Path(); }
-  std::string Text(const std::string& file) const { return support::ReadFile(Directory() / file); }
-  bool Exists(const std::string& file) const { return fs::exists(Directory() / file); }
   /// The names of all files in and below "out", manifest included.
   std::vector<std::string> OutputFiles() const {
     std::vector<std::string> files;
@@ -64,22 +46,24 @@ class CommandFilesTest : public testing::Test {
     return files;
   }
 
- private:
-  support::ScratchDirectory scratch_;
+  fs::file_time_type TimeOf(const std::string& file) const {
+    return fs::last_write_time(Directory() / file);
+  }
+  void SetTime(const std::string& file, fs::file_time_type time) const {
+    fs::last_write_time(Directory() / file, time);
+  }
 };
+
+const fs::file_time_type longAgo = fs::file_time_type::clock::now() - std::chrono::hours(48);
 
 TEST_F(CommandFilesTest, FilesWhoseBytesAreTheSameAreNotTouched) {
   ASSERT_EQ(Run({"m.uml"}).status, 0);
-  const auto longAgo = fs::file_time_type::clock::now() - std::chrono::hours(48);
-  for (const std::string& file : OutputFiles()) {
-    fs::last_write_time(Directory() / "out" / file, longAgo);
-  }
+  for (const std::string& file : OutputFiles()) SetTime("out/" + file, longAgo);
   WriteModel("MODULE_FLAT", "name=\"two\"", "name=\"three\"");
   const ProcessResult again = Run({"--summary", "m.uml"});
   EXPECT_THAT(again.errors, HasSubstr("1 file written, 2 unchanged"));
   for (const std::string& file : OutputFiles()) {
-    const bool isOld = fs::last_write_time(Directory() / "out" / file) == longAgo;
-    EXPECT_EQ(isOld, file != "M_N.idl") << file;
+    EXPECT_EQ(TimeOf("out/" + file) == longAgo, file != "M_N.idl") << file;
   }
   EXPECT_THAT(Text("out/M_N.idl"), HasSubstr("three"));
 }
@@ -92,34 +76,32 @@ TEST_F(CommandFilesTest, ARunThatFailsLeavesTheEarlierFilesWhole) {
     std::string model;  // of the data files, with the artifact of the earlier files' name
     std::string script;
   } cases[] = {
-      {"errors in the model", support::Replaced(DataFile("choice.uml"), "goods\"", "files\""),
+      {"errors in the model", support::Replaced(Data("choice.uml"), "goods\"", "files\""),
        "COMMAND -a files::bad --file-name files m.uml"},
-      {"warnings, which count", DataFile("choice.uml"),
+      {"warnings, which count", Data("choice.uml"),
        "COMMAND --werror -a files::goods --file-name files m.uml"},
-      {"a limit that acts as a full disk",
-       support::ReadFile(IDLEXPORT_SOURCE_DIR "/examples/bank.uml"),
+      {"a limit that acts as a full disk", Source("examples/bank.uml"),
        "ulimit -f 1; COMMAND --mapping one-file -a one_file --file-name files -o out m.uml"},
-      {"a file in the way of a directory", DataFile("target.uml"),
+      {"a file in the way of a directory", Data("target.uml"),
        "COMMAND --mapping module-structured -o out/M.idl m.uml"},
-      {"a directory in the way of the second artifact's file",
-       support::ReadFile(IDLEXPORT_SOURCE_DIR "/examples/bank.uml"),
+      {"a directory in the way of the second artifact's file", Source("examples/bank.uml"),
        "mkdir out/flat.idl; COMMAND -o out -a one_file -a flat m.uml; s=$?; rmdir out/flat.idl; "
        "exit $s"},
-      {"a depfile that can't be written", DataFile("target.uml"),
+      {"a depfile that can't be written", Data("target.uml"),
        "COMMAND --mapping one-file --depfile no/such/place -o out m.uml"},
-      {"a stamp that can't be written", DataFile("target.uml"),
+      {"a stamp that can't be written", Data("target.uml"),
        "COMMAND --mapping one-file --stamp no/such/place -o out m.uml"},
-      {"a directory in the way of a file", DataFile("target.uml"),
+      {"a directory in the way of a file", Data("target.uml"),
        "mkdir out/g.idl; COMMAND --mapping module-flat --file-name g -o out m.uml; s=$?; "
        "rmdir out/g.idl; exit $s"},
   };
   for (const auto& [what, model, script] : cases) {
     SCOPED_TRACE(what);
-    support::WriteFile(Directory() / "m.uml", model);
+    Write("m.uml", model);
     const ProcessResult result = RunInShell(script);
     EXPECT_EQ(result.status, 1) << result.output << result.errors;
     EXPECT_EQ(support::ReadTree(Directory() / "out"), before);
-    EXPECT_FALSE(fs::exists(Directory() / "out/M.idl/files.idl"));
+    EXPECT_FALSE(Exists("out/M.idl/files.idl"));
   }
 }
 
@@ -158,7 +140,7 @@ TEST_F(CommandFilesTest, AnInterruptedRunLeavesNothingBehind) {
 TEST_F(CommandFilesTest, WhatAKilledRunLeftIsRemovedByTheNext) {
   const fs::path left = Directory() / "out/.idlexport-staging-abc123";
   support::WriteFile(left / "deep/N.idl", "half");
-  support::WriteFile(Directory() / "out/.idlexport-staging-own/file", "somebody's own");
+  Write("out/.idlexport-staging-own/file", "somebody's own");
   fs::permissions(left, fs::perms::owner_all);
   EXPECT_EQ(Run({"m.uml"}).status, 0);
   EXPECT_THAT(OutputFiles(), ElementsAre(".idlexport", ".idlexport-staging-own/file", "M.idl",
@@ -169,7 +151,7 @@ TEST_F(CommandFilesTest, WhatAKilledRunLeftIsRemovedByTheNext) {
 TEST_F(CommandFilesTest, PruneRemovesWhatTheArtifactNoLongerMakes) {
   WriteModel("MODULE_STRUCTURED");
   ASSERT_EQ(Run({"m.uml"}).status, 0);
-  support::WriteFile(Directory() / "out/M/own.idl", "somebody's own");
+  Write("out/M/own.idl", "somebody's own");
   ASSERT_EQ(Run({"-o", "out", "--file-name", "other", "m.uml"}).status, 0);
   EXPECT_TRUE(Exists("out/files.idl")) << "not without --prune";
 
@@ -181,8 +163,8 @@ TEST_F(CommandFilesTest, PruneRemovesWhatTheArtifactNoLongerMakes) {
 }
 
 TEST_F(CommandFilesTest, PruneSparesFilesOfOtherArtifactsAndOtherPlaces) {
-  const std::string model = DataFile("choice.uml");
-  support::WriteFile(Directory() / "shop.uml", model);
+  const std::string model = Data("choice.uml");
+  Write("shop.uml", model);
   ASSERT_EQ(Run({"-a", "files::goods", "shop.uml"}).status, 0);
   ASSERT_EQ(Run({"-a", "files", "shop.uml"}).status, 0);
   ASSERT_EQ(Run({"m.uml"}).status, 0);
@@ -191,7 +173,7 @@ TEST_F(CommandFilesTest, PruneSparesFilesOfOtherArtifactsAndOtherPlaces) {
   EXPECT_TRUE(Exists("out/files.idl")) << "which the artifact of another model makes, too";
 
   // A manifest that somebody changed must not get at files elsewhere, nor at what is made.
-  support::WriteFile(Directory() / "mine.txt", "mine");
+  Write("mine.txt", "mine");
   fs::create_symlink("..", Directory() / "out/up");
   const std::string manifest = Text("out/.idlexport");
   const std::string absolute = (Directory() / "mine.txt").string();
@@ -201,7 +183,7 @@ TEST_F(CommandFilesTest, PruneSparesFilesOfOtherArtifactsAndOtherPlaces) {
                                 "out/../files.idl", ".idlexport", ""}) {
     changed += "../m.uml#files\t" + file + "\n";
   }
-  support::WriteFile(Directory() / "out/.idlexport", changed + "nonsense\n");
+  Write("out/.idlexport", changed + "nonsense\n");
   EXPECT_EQ(Run({"--prune", "m.uml"}).status, 0);
   EXPECT_EQ(Text("mine.txt"), "mine");
   EXPECT_EQ(Text("out/.idlexport"), manifest);
@@ -216,7 +198,7 @@ TEST_F(CommandFilesTest, ChecksAndListsAndComparesWithoutWriting) {
   }
   EXPECT_EQ(Run({"--outputs", "m.uml"}).output, "out/M.idl\nout/M_N.idl\nout/files.idl\n");
   EXPECT_EQ(Run({"--outputs", "-o", ".", "m.uml"}).output, "M.idl\nM_N.idl\nfiles.idl\n");
-  support::WriteFile(Directory() / "bad.uml", DataFile("choice.uml"));
+  Write("bad.uml", Data("choice.uml"));
   EXPECT_EQ(Run({"--check", "-a", "files::bad", "bad.uml"}).status, 1);
 }
 
@@ -227,7 +209,7 @@ TEST_F(CommandFilesTest, VerifyTellsTheDifferenceAsADiff) {
   EXPECT_THAT(same.output, IsEmpty());
 
   WriteModel("MODULE_FLAT", "name=\"two\"", "name=\"three\"");
-  fs::remove(Directory() / "out/files.idl");
+  Remove("out/files.idl");
   const auto before = support::ReadTree(Directory() / "out");
   const ProcessResult result = Run({"--verify", "m.uml"});
   EXPECT_EQ(result.status, 3);
@@ -236,7 +218,7 @@ TEST_F(CommandFilesTest, VerifyTellsTheDifferenceAsADiff) {
                                    Not(HasSubstr("M.idl\t(in"))));
   EXPECT_EQ(support::ReadTree(Directory() / "out"), before);
 
-  support::WriteFile(Directory() / "change.diff", result.output);
+  Write("change.diff", result.output);
   EXPECT_EQ(support::RunProcess({"patch", "-p0", "-i", "change.diff"}, Directory()).status, 0);
   EXPECT_EQ(Run({"--verify", "m.uml"}).status, 0);
 
@@ -250,7 +232,7 @@ TEST_F(CommandFilesTest, VerifyTellsTheDifferenceAsADiff) {
 
 TEST_F(CommandFilesTest, WritesTheRuleThatMakeReads) {
   const fs::path library = Directory() / "my lib$#1/types.uml";
-  support::WriteFile(library, support::Replaced(DataFile("target.uml"), "IDLGenerator", "Other"));
+  support::WriteFile(library, support::Replaced(Data("target.uml"), "IDLGenerator", "Other"));
   WriteModel("ONE_FILE", "<manifestation",
              "<ownedComment><annotatedElement href=\"my%20lib$%231/types.uml#M\"/></ownedComment>"
              "<manifestation");
@@ -262,10 +244,9 @@ TEST_F(CommandFilesTest, WritesTheRuleThatMakeReads) {
   ASSERT_TRUE(Exists("a stamp"));
 
   // Real make agrees about what is out of date.
-  support::WriteFile(Directory() / "Makefile",
-                     "a\\ stamp:\n\techo again > again; touch 'a stamp'\ninclude m.d\n");
+  Write("Makefile", "a\\ stamp:\n\techo again > again; touch 'a stamp'\ninclude m.d\n");
   const auto isRemade = [&] {
-    fs::remove(Directory() / "again");
+    Remove("again");
     EXPECT_EQ(support::RunProcess({"make", "-s"}, Directory()).status, 0);
     return Exists("again");
   };
@@ -281,14 +262,13 @@ TEST_F(CommandFilesTest, NamesATargetItselfAndTouchesTheStampOnlyOnSuccess) {
   EXPECT_THAT(Text("m.d"), testing::StartsWith("out/M.idl: "));
   ASSERT_EQ(Run({"--depfile", "m.d", "--stamp", "done", "m.uml"}).status, 0);
   EXPECT_THAT(Text("m.d"), testing::StartsWith("done: "));
-  const auto longAgo = fs::file_time_type::clock::now() - std::chrono::hours(48);
-  fs::last_write_time(Directory() / "done", longAgo);
+  SetTime("done", longAgo);
   EXPECT_EQ(Run({"--stamp", "done", "--stamp", "done", "m.uml"}).status, 2);
   WriteModel("ONE_FILE");
   EXPECT_EQ(Run({"--verify", "--stamp", "done", "m.uml"}).status, 3);
-  EXPECT_EQ(fs::last_write_time(Directory() / "done"), longAgo);
+  EXPECT_EQ(TimeOf("done"), longAgo);
   EXPECT_EQ(Run({"--stamp", "done", "m.uml"}).status, 0);
-  EXPECT_GT(fs::last_write_time(Directory() / "done"), longAgo);
+  EXPECT_GT(TimeOf("done"), longAgo);
 
   const ProcessResult unwritable = Run({"--stamp", "no/such/place", "m.uml"});
   EXPECT_EQ(unwritable.status, 1);
@@ -296,27 +276,18 @@ TEST_F(CommandFilesTest, NamesATargetItselfAndTouchesTheStampOnlyOnSuccess) {
 }
 
 TEST_F(CommandFilesTest, OverrulesTheArtifactsSettings) {
-  const struct {
-    std::vector<std::string> arguments;
-    std::vector<std::string> files;
-  } cases[] = {
-      {{"--mapping", "one-file"}, {"files.idl"}},
-      {{"--mapping", "module-structured"}, {"M/M.idl", "M/N/N.idl", "files.idl"}},
-      {{"--mapping", "module-flat", "--suffix", "_x", "--file-name", "all"},
-       {"M_N_x.idl", "M_x.idl", "all_x.idl"}},
+  const std::pair<std::string, std::string> cases[] = {
+      {"--mapping one-file", "files.idl\n"},
+      {"--mapping module-structured", "M/M.idl\nM/N/N.idl\nfiles.idl\n"},
+      {"--suffix _x --file-name all", "M_N_x.idl\nM_x.idl\nall_x.idl\n"},
   };
-  for (const auto& [arguments, files] : cases) {
-    SCOPED_TRACE(testing::PrintToString(arguments));
-    std::vector<std::string> words = arguments;
-    words.insert(words.end(), {"--outputs", "-o", ".", "m.uml"});
-    std::string expected;
-    for (const std::string& file : files) expected += file + "\n";
-    EXPECT_EQ(Run(words).output, expected);
+  for (const auto& [options, files] : cases) {
+    EXPECT_EQ(RunInShell("COMMAND --outputs -o . m.uml " + options).output, files) << options;
   }
 }
 
 TEST_F(CommandFilesTest, ExportsSeveralArtifactsOfOneReading) {
-  support::WriteFile(Directory() / "shop.uml", DataFile("choice.uml"));
+  Write("shop.uml", Data("choice.uml"));
   const ProcessResult both =
       Run({"-a", "files::goods", "-a", "files", "-a", "files.goods", "--summary", "shop.uml"});
   EXPECT_EQ(both.status, 0);
@@ -329,14 +300,8 @@ TEST_F(CommandFilesTest, ExportsSeveralArtifactsOfOneReading) {
   EXPECT_EQ(Run({"-a", "files::goods", "-a", "files::godos", "-o", "new", "shop.uml"}).status, 2);
 
   // One file can't be made in two ways; in one way it can.
-  const std::vector<std::string> same = {"-a",  "files::goods", "-a", "files",   "-o",
-                                         "new", "--file-name",  "x",  "shop.uml"};
-  EXPECT_EQ(Run(same).status, 0);
-  support::WriteFile(Directory() / "shop.uml",
-                     support::Replaced(DataFile("choice.uml"), "base_Artifact=\"artifact\"",
-                                       "base_Artifact=\"artifact\" fileName=\"goods\""));
-  support::WriteFile(Directory() / "bank.uml",
-                     support::ReadFile(IDLEXPORT_SOURCE_DIR "/examples/bank.uml"));
+  EXPECT_EQ(RunInShell("COMMAND -a files::goods -a files -o new --file-name x shop.uml").status, 0);
+  Write("bank.uml", Source("examples/bank.uml"));
   const ProcessResult clash =
       Run({"-a", "one_file", "-a", "flat", "-o", "new", "--file-name", "x", "bank.uml"});
   EXPECT_EQ(clash.status, 1);

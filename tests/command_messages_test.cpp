@@ -2,17 +2,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
-#include "tests/support/file_tree.h"
-#include "tests/support/process.h"
+#include "tests/support/command_bench.h"
 
 namespace {
 
-namespace fs = std::filesystem;
 using support::ProcessResult;
 using testing::AllOf;
 using testing::HasSubstr;
@@ -22,21 +19,11 @@ using testing::StartsWith;
 
 /// A directory with the models "shop.uml", of which one artifact has a warning and one an error,
 /// and "clean.uml".
-class CommandMessagesTest : public testing::Test {
+class CommandMessagesTest : public support::CommandBench {
  protected:
   CommandMessagesTest() {
-    support::WriteFile(Directory() / "shop.uml", DataFile("choice.uml"));
-    support::WriteFile(Directory() / "clean.uml",
-                       support::Replaced(DataFile("target.uml"), "TARGET_DIR", "out"));
-  }
-
-  static std::string DataFile(const std::string& name) {
-    return support::ReadFile(std::string(IDLEXPORT_SOURCE_DIR "/tests/data/command/") + name);
-  }
-
-  ProcessResult Run(std::vector<std::string> arguments) const {
-    arguments.insert(arguments.begin(), IDLEXPORT_COMMAND);
-    return support::RunProcess(arguments, Directory());
+    Write("shop.uml", Data("choice.uml"));
+    Write("clean.uml", support::Replaced(Data("target.uml"), "TARGET_DIR", "out"));
   }
 
   /// Runs a shell's command on a terminal; what appears there.
@@ -44,11 +31,6 @@ class CommandMessagesTest : public testing::Test {
     const std::string words = support::Replaced(script, "COMMAND", IDLEXPORT_COMMAND);
     return support::RunProcess({"script", "-qec", words, "/dev/null"}, Directory()).output;
   }
-
-  const fs::path& Directory() const { return scratch_.Path(); }
-
- private:
-  support::ScratchDirectory scratch_;
 };
 
 TEST_F(CommandMessagesTest, GccFormComesOnStandardErrorBesidesTheAgentsText) {
@@ -65,6 +47,12 @@ TEST_F(CommandMessagesTest, GccFormComesOnStandardErrorBesidesTheAgentsText) {
           HasSubstr(
               "\nshop.uml:6:7: warning: struct Goods::Empty has no members [struct-no-members]\n"),
           HasSubstr("\nidlexport: passed over 1 xmi:Extension\n")));
+  EXPECT_THAT(Run({"--diagnostics=gcc", "-a", "files::lonely", "shop.uml"}).errors,
+              HasSubstr("\nshop.uml:20:7: error: IDL exporter failed to find root element to "
+                        "export [nothing-to-export]\n"));
+  EXPECT_THAT(Run({"--diagnostics=gcc", "-a", "unmarked", "shop.uml"}).errors,
+              HasSubstr("\nshop.uml:25:5: error: export aborted: Failed to find value for "
+                        "IDLGenerator::targetDir [setting-missing]\n"));
 }
 
 TEST_F(CommandMessagesTest, DocumentsStandAloneOnStandardOutput) {
@@ -79,7 +67,9 @@ TEST_F(CommandMessagesTest, DocumentsStandAloneOnStandardOutput) {
       const auto document = nlohmann::json::parse(result.output);
       return form == "json" ? document["diagnostics"] : document["runs"][0]["results"];
     };
-    EXPECT_EQ(results({"-a", "files::bad", "shop.uml"}, 1).size(), 2U);
+    const auto bad = results({"-a", "files::bad", "shop.uml"}, 1);
+    ASSERT_EQ(bad.size(), 2U);
+    EXPECT_THAT(bad[1].dump(), AllOf(HasSubstr("\"Bad::LIMIT\""), HasSubstr("\"LIMIT\"")));
     EXPECT_EQ(results({"clean.uml"}, 0).size(), 0U);
     EXPECT_EQ(results({"--verify", "-o", "other", "clean.uml"}, 3).size(), 0U);
     const auto failure = results({"missing.uml"}, 2);
@@ -89,7 +79,7 @@ TEST_F(CommandMessagesTest, DocumentsStandAloneOnStandardOutput) {
 }
 
 TEST_F(CommandMessagesTest, WhatCanNotBeReadHasItsPlaceInEveryForm) {
-  support::WriteFile(Directory() / "cut.uml", "<a>\n <b>\n");
+  Write("cut.uml", "<a>\n <b>\n");
   EXPECT_THAT(Run({"--diagnostics=gcc", "cut.uml"}).errors,
               testing::ContainsRegex("^cut.uml:[23]:[0-9]+: error: .* .model-unreadable.\n$"));
   const auto document = nlohmann::json::parse(Run({"--diagnostics=json", "cut.uml"}).output);
@@ -102,35 +92,33 @@ TEST_F(CommandMessagesTest, WhatCanNotBeReadHasItsPlaceInEveryForm) {
 TEST_F(CommandMessagesTest, WarningsFailOnlyWhenAskedTo) {
   const std::vector<std::string> words = {"-a", "files::goods", "shop.uml"};
   EXPECT_EQ(Run(words).status, 0);
-  fs::remove_all(Directory() / "out");
+  Remove("out");
   const ProcessResult result = Run({"--werror", "-a", "files::goods", "shop.uml"});
   EXPECT_EQ(result.status, 1);
   EXPECT_THAT(result.errors, HasSubstr("there are warnings, which --werror takes for errors"));
-  EXPECT_FALSE(fs::exists(Directory() / "out"));
+  EXPECT_FALSE(Exists("out"));
   EXPECT_EQ(Run({"--werror", "clean.uml"}).status, 0);
 }
 
 TEST_F(CommandMessagesTest, NamesThatAreNotLegalFailOnlyWhenStrict) {
-  support::WriteFile(Directory() / "keyword.uml",
-                     support::Replaced(DataFile("target.uml"), "\"one\"/>", "\"Struct\"/>"));
+  Write("keyword.uml", support::Replaced(Data("target.uml"), "\"one\"/>", "\"Struct\"/>"));
   const ProcessResult lenient = Run({"-o", "out", "keyword.uml"});
   EXPECT_EQ(lenient.status, 0);
   EXPECT_THAT(lenient.errors, AllOf(HasSubstr("keyword.uml:6:"), HasSubstr("warning: "),
                                     HasSubstr("[idl-keyword]")));
-  EXPECT_THAT(support::ReadFile(Directory() / "out/files.idl"), HasSubstr("Struct"));
+  EXPECT_THAT(Text("out/files.idl"), HasSubstr("Struct"));
   const ProcessResult strict = Run({"--strict", "-o", "strict", "keyword.uml"});
   EXPECT_EQ(strict.status, 1);
   EXPECT_THAT(strict.errors, AllOf(HasSubstr("error: "), HasSubstr("[idl-keyword]")));
-  EXPECT_FALSE(fs::exists(Directory() / "strict"));
+  EXPECT_FALSE(Exists("strict"));
 }
 
 TEST_F(CommandMessagesTest, NoNameLeadsOutOfTheOutputDirectory) {
   for (const std::string name : {"../N", "..", "a/b", "a\\b", "/tmp/N", "N&#10;x"}) {
     for (const std::string mapping : {"one-file", "module-flat", "module-structured"}) {
       SCOPED_TRACE(name + " " + mapping);
-      support::WriteFile(
-          Directory() / "unsafe.uml",
-          support::Replaced(DataFile("target.uml"), "name=\"N\"", "name=\"" + name + "\""));
+      Write("unsafe.uml",
+            support::Replaced(Data("target.uml"), "name=\"N\"", "name=\"" + name + "\""));
       const auto before = support::ReadTree(Directory());
       const ProcessResult result = Run({"--mapping", mapping, "-o", "deep/out", "unsafe.uml"});
       EXPECT_EQ(result.status, 1);
