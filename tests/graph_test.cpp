@@ -72,7 +72,7 @@ TEST(Graph, DrawsModulesNodesAndUses) {
        "} "
        "interface I { struct X { field s3 : M::S } op f { raises M::E } } exception E }",
        "{M} n0=2 structs\\n1 exception\\n1 enum n1=I n1-n0 "},
-      {"module A { struct S { field x : long } } module B { const N : long = 1 "
+      {"module A { struct S { field x } } module B { const N = 1 "
        "interface I { struct T { field many : A::S [ B::N ] } } value V : B::I }",
        "{A} n0=1 struct {B} n1=1 constant n2=I n3=«value type»\\nV n2-n0 n2-n1 n3->n2 "},
       {"module M { component C { facet port : M::I } interface I }",
@@ -87,7 +87,7 @@ TEST(Graph, DrawsModulesNodesAndUses) {
        "struct U { field again : M::U [*] } }",
        "{M} n0=3 structs n0-!n0 "},
       {"module M { struct U { field again : M::U [*] } }", "{M} n0=1 struct "},
-      {"module A { struct S { field y : B::S } } module B { struct S { field x : long } "
+      {"module A { struct S { field y : B::S } } module B { struct S { field x } "
        "struct T { field z : A::S } }",
        "{A} n0=1 struct {B} n1=2 structs n0-!n1 n1-!n0 "},
   };

@@ -111,7 +111,10 @@ class Writer {
   std::string Details(const std::string& word, const std::string& id) {
     std::string text;
     const bool isType = word == "typedef" || word == "sequence" || word == "boxed";
-    const bool isClassifier = forms.at(word).tag == "packagedElement";
+    const Form& form = forms.at(word);
+    const bool isClassifier = form.tag == "packagedElement";
+    const bool isTyped = form.type == "Property" || form.type == "Parameter";
+    if (isTyped && next_ < words_.size() && words_[next_] != ":") text += TypeOf("long");
     while (Accept(":") || Accept(",")) {
       const std::string type = Next();
       if (isType) {

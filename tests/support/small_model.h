@@ -2,16 +2,16 @@
 //
 //   module M {
 //     enum Color { literal red }
-//     struct S { field tint : M::Color field sizes : long [*] }
-//     interface I : M::J { attr a : long op get : M::S { in x : long out y : M::S raises M::E } }
-//     const N : long = 5
-//     union U { switch kind : M::Color case a : long = red }
+//     struct S { field tint : M::Color field sizes [*] }
+//     interface I : M::J { attr a op get : M::S { in x out y : M::S raises M::E } }
+//     const N = 5
+//     union U { switch kind : M::Color case a = red }
 //   }
 //
 // Further words: value, event, exception, typedef, sequence, boxed, state, private, factory,
 // component, home, facet, manages. Names in quotes may hold anything; "\n" in them is a line end.
-// Types are paths from the top, or predefined types. Everything at the top is manifested by the
-// artifact "Out".
+// Types are paths from the top, or predefined types; "long" may be left out. Everything at the top
+// is manifested by the artifact "Out".
 #pragma once
 
 #include <string>
