@@ -71,6 +71,12 @@ TEST(XmiFiles, AreRefusedByKind) {
        "f:2: byte 0xFC is not ASCII"},
       {"<?xml version=\"1.0\" encoding=\"EBCDIC\"?><a/>", "f:1: encoding \"ebcdic\""},
       {Utf16("<a/>", true) + "x", "f:1: the UTF-16 text ends within a character"},
+      {Declared("UTF-8", "\xC3"), "f:1: byte 0xC3 is not UTF-8"},
+      {Declared("UTF-8", "\xC0\x80"), "f:1: byte 0xC0 is not UTF-8"},
+      {Declared("UTF-8", "\xED\xA0\x80"), "f:1: byte 0xED is not UTF-8"},
+      {Declared("UTF-8", "\xF5\x80\x80\x80"), "f:1: byte 0xF5 is not UTF-8"},
+      {std::string("\xFF\xFE\x00\xD8<\x00", 6), "f"},
+      {std::string(100, '\0'), "f"},
   };
   for (const auto& [text, message] : cases) {
     XmiFiles files;
@@ -80,27 +86,6 @@ TEST(XmiFiles, AreRefusedByKind) {
   XmiFiles files;
   files.Write("d/f", "");
   EXPECT_EQ(files.ErrorOf("d"), "d: is a directory");
-}
-
-// Whatever is nested: the call stack's depth must not be the limit.
-TEST(XmiFiles, AreRefusedWhenNestedTooDeeply) {
-  const auto nested = [](const std::string& tag, const std::string& attributes, int depth) {
-    std::string text;
-    for (int i = 0; i < depth; ++i) text += "<" + tag + attributes + ">";
-    for (int i = 0; i < depth; ++i) text += "</" + tag + ">";
-    return text;
-  };
-  for (const char* tag : {"packagedElement", "ownedBehavior"}) {
-    XmiFiles fits;
-    fits.ReadModel(nested(tag, " xmi:type=\"uml:Package\"", 990));
-    XmiFiles deep;
-    deep.Write("f", support::ModelFile(nested(tag, " xmi:type=\"uml:Package\"", 200000)));
-    EXPECT_THAT(deep.ErrorOf("f"), HasSubstr("f:2: elements are nested too deeply"));
-  }
-  // What a tool has put there for itself is not gone into.
-  XmiFiles skipped;
-  skipped.ReadModel("<xmi:Extension>" + nested("x", "", 5000) + "</xmi:Extension>");
-  EXPECT_EQ(skipped.Reader().PassedOver().at("xmi:Extension"), 1u);
 }
 
 TEST(XmiNamespaces, CountByFamilyAndNotByPrefix) {

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <ctime>
 #include <string>
+#include <string_view>
+#include <tuple>
 
 #include "tests/support/small_stack.h"
 #include "tests/support/xmi_files.h"
@@ -14,7 +16,6 @@ namespace {
 
 using support::ModelFile;
 using support::XmiFiles;
-using testing::HasSubstr;
 using testing::StartsWith;
 
 std::string Times(std::size_t count, const std::string& text) {
@@ -24,13 +25,33 @@ std::string Times(std::size_t count, const std::string& text) {
 }
 
 /// The text once for each number below `count`, with the number in each place of a "$".
-std::string Numbered(std::size_t count, const std::string& text) {
+std::string Numbered(std::size_t count, std::string_view text) {
   std::string all;
   for (std::size_t i = 0; i < count; ++i) {
     for (const char c : text) c == '$' ? all += std::to_string(i) : all += c;
   }
   return all;
 }
+
+/// The text with `count` of each part in braces, and behind a "~" the applications of stereotypes.
+std::string Large(std::size_t count, std::string_view text) {
+  std::string parts[2];
+  int part = 0;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if (text[at] == '{') {
+      const std::size_t end = text.find('}', at);
+      parts[part] += Numbered(count, text.substr(at + 1, end - at - 1));
+      at = end;
+    } else if (text[at] == '~') {
+      part = 1;
+    } else {
+      parts[part] += text[at];
+    }
+  }
+  return ModelFile(parts[0], parts[1]);
+}
+
+const std::string aClass = R"(<packagedElement xmi:type="uml:Class" xmi:id="c" name="C"/>)";
 
 // --- Broken files --------------------------------------------------------------------------------
 
@@ -53,34 +74,6 @@ TEST(XmiHostile, AFileThatIsCutOffAnywhereIsRefusedWithALine) {
   }
   XmiFiles files;
   EXPECT_EQ(files.Write("f", complete + ">").ErrorOf("f"), "");
-}
-
-TEST(XmiHostile, BytesThatAreNoTextAreRefusedWithTheirLine) {
-  using namespace std::string_literals;
-  const std::string open = "<?xml version=\"1.0\" encoding=\"$\"?>\n<uml:Model name=\"";
-  const auto declared = [&](const std::string& encoding, const std::string& name) {
-    return support::Replaced(open, "$", encoding) + name + "\" xmi:id=\"r\" " +
-           std::string(support::kNamespaces) + "/>";
-  };
-  const std::string cases[] = {
-      declared("UTF-8", "a\0b"s),
-      declared("UTF-8", "\xFF"),
-      declared("UTF-8", "\xC3"),
-      declared("UTF-8", "\xC0\x80"),
-      declared("UTF-8", "\xED\xA0\x80"),
-      declared("UTF-8", "\xF5\x80\x80\x80"),
-      declared("US-ASCII", "\xE9"),
-      declared("EBCDIC-CP-US", "x"),
-      "\xFF\xFE<"s,
-      "\xFF\xFE\x00\xD8<\x00"s,
-      std::string(100, '\0'),
-  };
-  for (const std::string& bytes : cases) {
-    SCOPED_TRACE(bytes);
-    XmiFiles files;
-    const std::string error = files.Write("f", bytes).ErrorOf("f");
-    EXPECT_THAT(error, StartsWith("f"));
-  }
 }
 
 // --- Entities ------------------------------------------------------------------------------------
@@ -111,17 +104,21 @@ constexpr std::size_t million = 200'000;  // unoptimised and checked code takes 
 
 TEST(XmiHostile, AMillionLevelsAreAnErrorAndTakeNoStack) {
   for (const std::string tag :
-       {"packagedElement xmi:type=\"uml:Package\"", "ownedComment", "upperValue", "unknown"}) {
+       {"packagedElement xmi:type=\"uml:Package\"", "ownedComment", "ownedBehavior", "unknown"}) {
     const std::string name = tag.substr(0, tag.find(' '));
+    const auto nested = [&](std::size_t depth) {
+      return Times(depth, "<" + tag + ">") + Times(depth, "</" + name + ">");
+    };
+    EXPECT_NO_THROW(XmiFiles().ReadModel(nested(990)));
+    // What a tool has put there for itself is not gone into.
+    EXPECT_NO_THROW(XmiFiles().ReadModel("<xmi:Extension>" + nested(5000) + "</xmi:Extension>"));
     for (const bool isClosed : {true, false}) {
       SCOPED_TRACE(name);
       XmiFiles files;
-      files.Write("f", ModelFile(Times(million, "<" + tag + ">") +
-                                 (isClosed ? Times(million, "</" + name + ">") : "")));
+      files.Write("f", ModelFile(isClosed ? nested(million) : Times(million, "<" + tag + ">")));
       support::OnSmallStack([&files, isClosed] {
-        const std::string error = files.ErrorOf("f");
-        EXPECT_THAT(error, StartsWith("f:"));
-        EXPECT_THAT(error, HasSubstr(isClosed ? "nested" : "no well-formed XML"));
+        EXPECT_THAT(files.ErrorOf("f"), StartsWith(isClosed ? "f:2: elements are nested too deeply"
+                                                            : "f:2: is no well-formed XML"));
       });
     }
   }
@@ -141,30 +138,26 @@ TEST(XmiHostile, AHugeNameIsReadAndNotRepeatedByRemarks) {
 }
 
 TEST(XmiHostile, WhatIsLookedThroughOneByOneMayNotBeMany) {
-  const std::string aClass = "<packagedElement xmi:type=\"uml:Class\" xmi:id=\"c\" name=\"C\"/>";
-  const auto keywords = [](std::size_t count) {
-    return ModelFile(
-        "<packagedElement xmi:type=\"uml:Class\"><eAnnotations "
-        "source=\"http://www.eclipse.org/uml2/2.0.0/UML\">" +
-        Numbered(count, "<details key=\"k$\"/>") + "</eAnnotations></packagedElement>");
-  };
-  const std::pair<std::string, std::string> cases[] = {
-      {ModelFile(aClass, Numbered(1000, "<C:S$ base_Class=\"c\"/>")), ""},
-      {ModelFile(aClass, Numbered(1001, "<C:S$ base_Class=\"c\"/>")),
+  const std::string keywords =
+      "<packagedElement xmi:type=\"uml:Class\"><eAnnotations source=\"http://www.eclipse.org/uml2/"
+      "2.0.0/UML\">{<details key=\"k$\"/>}</eAnnotations></packagedElement>";
+  const std::tuple<std::size_t, std::string, std::string> cases[] = {
+      {1000, aClass + "~{<C:S$ base_Class=\"c\"/>}", ""},
+      {1001, aClass + "~{<C:S$ base_Class=\"c\"/>}",
        "f:2: more than 1000 stereotypes are applied to Class C"},
-      {ModelFile(aClass, "<C:S base_Class=\"c\">" + Numbered(10'000, "<t>$</t>") + "</C:S>"), ""},
-      {ModelFile(aClass, "<C:S base_Class=\"c\">" + Numbered(1001, "<t$>1</t$>") + "</C:S>"),
+      {10'000, aClass + "~<C:S base_Class=\"c\">{<t>$</t>}</C:S>", ""},
+      {1001, aClass + "~<C:S base_Class=\"c\">{<t$>1</t$>}</C:S>",
        "f:2: a stereotype has more than 1000 tagged values"},
-      {ModelFile(aClass, "<C:S base_Class=\"c\"" + Numbered(1001, " t$=\"1\"") + "/>"),
+      {1001, aClass + "~<C:S base_Class=\"c\"{ t$=\"1\"}/>",
        "f:2: a stereotype has more than 1000 tagged values"},
-      {keywords(1000), ""},
-      {keywords(1001), "f:2: there are more than 1000 keywords on one element"},
-      {ModelFile("<ownedComment" + Numbered(1001, " xmlns:n$=\"u\"") + "/>"),
+      {1000, keywords, ""},
+      {1001, keywords, "f:2: there are more than 1000 keywords on one element"},
+      {1001, "<ownedComment{ xmlns:n$=\"u\"}/>",
        "f:2: there are more than 1000 namespaces in force"},
   };
-  for (const auto& [text, error] : cases) {
+  for (const auto& [count, text, error] : cases) {
     XmiFiles files;
-    EXPECT_EQ(files.Write("f", text).ErrorOf("f"), error);
+    EXPECT_EQ(files.Write("f", Large(count, text)).ErrorOf("f"), error);
   }
 }
 
@@ -172,95 +165,45 @@ TEST(XmiHostile, WhatIsLookedThroughOneByOneMayNotBeMany) {
 
 struct CostCase {
   const char* what;
-  std::string (*make)(std::size_t count);
+  std::string model;
 };
 
 void PrintTo(const CostCase& cost, std::ostream* out) { *out << cost.what; }
 
-const std::string aClass = "<packagedElement xmi:type=\"uml:Class\" xmi:id=\"c\" name=\"C\"/>";
+std::string InClass(const std::string& members) {
+  return "<packagedElement xmi:type=\"uml:Class\">" + members + "</packagedElement>";
+}
 
-constexpr CostCase costs[] = {
-    {"the same stereotype on one element",
-     [](std::size_t n) { return ModelFile(aClass, Numbered(n, "<C:S base_Class=\"c\"/>")); }},
+const CostCase costs[] = {
+    {"the same stereotype on one element", aClass + R"(~{<C:S base_Class="c"/>})"},
     {"elements of one stereotype",
-     [](std::size_t n) {
-       return ModelFile(Numbered(n, "<packagedElement xmi:type=\"uml:Class\" xmi:id=\"c$\"/>"),
-                        "<C:S base_Class=\"" + Numbered(n, "c$ ") + "\"/>");
-     }},
+     R"({<packagedElement xmi:type="uml:Class" xmi:id="c$"/>}~<C:S base_Class="{c$ }"/>)"},
     {"values of one element",
-     [](std::size_t n) {
-       return ModelFile("<packagedElement xmi:type=\"uml:Class\"><ownedAttribute>" +
-                        Numbered(n, "<upperValue xmi:type=\"uml:LiteralInteger\" value=\"$\"/>") +
-                        "</ownedAttribute></packagedElement>");
-     }},
-    {"elements of one id",
-     [](std::size_t n) {
-       return ModelFile(Numbered(n, "<packagedElement xmi:type=\"uml:Class\" xmi:id=\"c\"/>"));
-     }},
+     InClass(R"(<ownedAttribute>{<upperValue xmi:type="uml:LiteralInteger" value="$"/>}
+                </ownedAttribute>)")},
+    {"elements of one id", R"({<packagedElement xmi:type="uml:Class" xmi:id="c"/>})"},
     {"references of one element to nowhere",
-     [](std::size_t n) {
-       return ModelFile(
-           "<packagedElement xmi:type=\"uml:Class\"><ownedOperation name=\"o\""
-           " raisedException=\"" +
-           Numbered(n, "x$ ") + "\"/></packagedElement>");
-     }},
-    {"comments on one element",
-     [](std::size_t n) {
-       return ModelFile(aClass +
-                        Numbered(n, "<ownedComment annotatedElement=\"c c\" body=\"$\"/>"));
-     }},
+     InClass(R"(<ownedOperation name="o" raisedException="{x$ }"/>)")},
+    {"comments on one element", aClass + R"({<ownedComment annotatedElement="c c" body="$"/>})"},
     {"dependencies of one element",
-     [](std::size_t n) {
-       return ModelFile(
-           "<packagedElement xmi:type=\"uml:Class\" xmi:id=\"c\" clientDependency=\"" +
-           Numbered(n, "d$ ") + "\"/>" +
-           Numbered(n,
-                    "<packagedElement xmi:type=\"uml:Usage\" xmi:id=\"d$\" client=\"c\" "
-                    "supplier=\"c\"/>"));
-     }},
+     R"(<packagedElement xmi:type="uml:Class" xmi:id="c" clientDependency="{d$ }"/>
+        {<packagedElement xmi:type="uml:Usage" xmi:id="d$" client="c" supplier="c"/>})"},
     {"realizations of one class, which types many ports",
-     [](std::size_t n) {
-       return ModelFile("<packagedElement xmi:type=\"uml:Class\" xmi:id=\"c\">" +
-                        Numbered(n, "<interfaceRealization contract=\"i$\" client=\"c\"/>") +
-                        "</packagedElement>" +
-                        Numbered(n, "<packagedElement xmi:type=\"uml:Interface\" xmi:id=\"i$\"/>"));
-     }},
+     R"(<packagedElement xmi:type="uml:Class" xmi:id="c">
+          {<interfaceRealization contract="i$" client="c"/>}</packagedElement>
+        {<packagedElement xmi:type="uml:Interface" xmi:id="i$"/>})"},
     {"constants that are looked for by name",
-     [](std::size_t n) {
-       return ModelFile("<packagedElement xmi:type=\"uml:Class\" xmi:id=\"c\">" +
-                        Numbered(n,
-                                 "<ownedAttribute xmi:id=\"a$\" name=\"a\"><upperValue "
-                                 "xmi:type=\"uml:OpaqueExpression\"><body>a</body></upperValue>"
-                                 "</ownedAttribute>") +
-                        "</packagedElement>");
-     }},
+     InClass(R"({<ownedAttribute xmi:id="a$" name="a"><upperValue xmi:type="uml:OpaqueExpression">
+                 <body>a</body></upperValue></ownedAttribute>})")},
     {"languages of one expression",
-     [](std::size_t n) {
-       return ModelFile(
-           "<packagedElement xmi:type=\"uml:Class\"><ownedAttribute><defaultValue "
-           "xmi:type=\"uml:OpaqueExpression\">" +
-           Numbered(n, "<body>b$</body><language>l</language>") +
-           "</defaultValue></ownedAttribute></packagedElement>");
-     }},
-    {"parts of one text",
-     [](std::size_t n) {
-       return ModelFile("<packagedElement xmi:type=\"uml:Class\"><name>" +
-                        Numbered(n, "a<!-- b --><![CDATA[$]]>") + "</name></packagedElement>");
-     }},
+     InClass(R"(<ownedAttribute><defaultValue xmi:type="uml:OpaqueExpression">
+                {<body>b$</body><language>l</language>}</defaultValue></ownedAttribute>)")},
+    {"parts of one text", InClass("<name>{a<!-- b --><![CDATA[$]]>}</name>")},
     {"references to missing files",
-     [](std::size_t n) {
-       return ModelFile(
-           Numbered(n,
-                    "<packagedElement xmi:type=\"uml:Class\"><ownedAttribute><type "
-                    "href=\"http://missing/$#x\"/></ownedAttribute></packagedElement>"));
-     }},
+     "{" + InClass(R"(<ownedAttribute><type href="http://missing/$#x"/></ownedAttribute>)") + "}"},
     {"types in blocks of a tool's own",
-     [](std::size_t n) {
-       return ModelFile(Numbered(n,
-                                 "<packagedElement xmi:type=\"uml:Class\"><ownedAttribute "
-                                 "type=\"t$\"/></packagedElement>"),
-                        "<xmi:Extension>" + Numbered(n, "<x xmi:id=\"u$\"/>") + "</xmi:Extension>");
-     }},
+     "{" + InClass(R"(<ownedAttribute type="t$"/>)") +
+         R"(}~<xmi:Extension>{<x xmi:id="u$"/>}</xmi:Extension>)"},
 };
 
 class XmiCost : public testing::TestWithParam<CostCase> {};
@@ -282,8 +225,9 @@ TEST_P(XmiCost, GrowsNoFasterThanTheFile) {
   constexpr std::size_t few = million / 100;
   constexpr std::size_t times = 8;
   constexpr std::clock_t margin = 3;  // what grows with the square would take eight times more
-  const std::clock_t cost = CostOf(GetParam().make(few));
-  EXPECT_LT(CostOf(GetParam().make(times * few)), margin * static_cast<std::clock_t>(times) * cost);
+  const std::clock_t cost = CostOf(Large(few, GetParam().model));
+  EXPECT_LT(CostOf(Large(times * few, GetParam().model)),
+            margin * static_cast<std::clock_t>(times) * cost);
 }
 
 INSTANTIATE_TEST_SUITE_P(Shapes, XmiCost, testing::ValuesIn(costs));
