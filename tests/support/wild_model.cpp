@@ -13,141 +13,57 @@ namespace {
 
 using Text = std::string_view;
 
-// What is listed several times is chosen more often.
-constexpr Text metaclasses[] = {"Package",
-                                "Package",
-                                "Package",
-                                "Class",
-                                "Class",
-                                "Class",
-                                "Interface",
-                                "Interface",
-                                "DataType",
-                                "Attribute",
-                                "Attribute",
-                                "Attribute",
-                                "Operation",
-                                "Operation",
-                                "Parameter",
-                                "Signal",
-                                "Artifact",
-                                "Port",
-                                "Syntype",
-                                "EnumerationLiteral",
-                                "Comment",
-                                "Ident",
-                                "IntegerValue",
-                                "RealValue",
-                                "CharstringValue",
-                                "OpenRange",
-                                "ListExpr",
-                                "Generalization",
-                                "Dependency",
-                                "TemplateInstantiation",
-                                "Condition",
-                                "Nonsense",
-                                ""};
+/// The words of a text. What is listed several times is chosen more often.
+std::vector<Text> Words(Text text, char separator = ' ') {
+  std::vector<Text> words;
+  for (std::size_t begin = 0, end = 0; end != text.npos; begin = end + 1) {
+    end = text.find(separator, begin);
+    words.push_back(text.substr(begin, end - begin));
+  }
+  return words;
+}
 
-constexpr Text stereotypes[] = {"CORBAModule",
-                                "CORBAModule",
-                                "CORBAModule",
-                                "CORBAInterface",
-                                "CORBAInterface",
-                                "CORBAStruct",
-                                "CORBAStruct",
-                                "CORBAUnion",
-                                "CORBAException",
-                                "CORBATypedef",
-                                "CORBASequence",
-                                "CORBABoxedValue",
-                                "CORBAEnum",
-                                "CORBAValue",
-                                "CORBAEvent",
-                                "CORBAAttribute",
-                                "CORBAOperation",
-                                "CORBAFactory",
-                                "CORBAFinder",
-                                "CORBAComponent",
-                                "CORBAHome",
-                                "CORBAFacet",
-                                "CORBAReceptacle",
-                                "CORBAEventSource",
-                                "CORBAEventSink",
-                                "CORBAManages",
-                                "CORBAPrimaryKey",
-                                "CORBAImplements",
-                                "CORBAIsProvidedBy",
-                                "CORBAComponentImpl",
-                                "CORBAHomeImpl",
-                                "CORBASegment",
-                                "CORBAArtifact",
-                                "CORBATruncatable",
-                                "CORBASupports",
-                                "IDLFile",
-                                "case",
-                                "Node",
-                                "CORBA",
-                                "import"};
+const auto metaclasses = Words(
+    "Package Package Package Class Class Class Interface Interface DataType Attribute "
+    "Attribute Attribute Operation Operation Parameter Signal Artifact Port Syntype "
+    "EnumerationLiteral Comment Ident IntegerValue RealValue CharstringValue OpenRange "
+    "ListExpr Generalization Dependency TemplateInstantiation Condition Nonsense ");
 
-constexpr Text keywords[] = {"manifest", "manifest", "case", "case", "import", "access", "CORBA"};
+const auto stereotypes = Words(
+    "CORBAModule CORBAModule CORBAModule CORBAInterface CORBAInterface CORBAStruct CORBAStruct "
+    "CORBAUnion CORBAException CORBATypedef CORBASequence CORBABoxedValue CORBAEnum CORBAValue "
+    "CORBAEvent CORBAAttribute CORBAOperation CORBAFactory CORBAFinder CORBAComponent "
+    "CORBAHome CORBAFacet CORBAReceptacle CORBAEventSource CORBAEventSink CORBAManages "
+    "CORBAPrimaryKey CORBAImplements CORBAIsProvidedBy CORBAComponentImpl CORBAHomeImpl "
+    "CORBASegment CORBAArtifact CORBATruncatable CORBASupports IDLFile case Node CORBA import");
 
-constexpr Text tags[] = {
-    "isConstant", "isConstant", "isLocal", "isSimple",   "isDefault",
-    "label",      "isCustom",   "context", "isMultiple", "sourceKind",
-    "category",   "composite",  "file",    "node",       "overrideIsDefaultAsync"};
+const auto keywords = Words("manifest manifest case case import access CORBA");
 
-constexpr Text lists[] = {"OwnedMember",    "OwnedMember",      "OwnedMember",
-                          "OwnedMember",    "OwnedMember",      "OwnedMember",
-                          "Generalization", "Multiplicity",     "Realized",
-                          "Required",       "Parameter",        "Parameter",
-                          "Literal",        "RaisedException",  "Comment",
-                          "Expression",     "ClientDependency", "ActualTemplateParameter"};
+const auto tags = Words(
+    "isConstant isConstant isLocal isSimple isDefault label isCustom context isMultiple "
+    "sourceKind category composite file node overrideIsDefaultAsync");
 
-constexpr Text singles[] = {"Supplier",    "Client",       "Parent",     "Parent",
-                            "Definition",  "Type",         "Type",       "Target:Type",
-                            "Target:Type", "DefaultValue", "LowerBound", "UpperBound",
-                            "Boundary",    "InstanceOf"};
+const auto lists = Words(
+    "OwnedMember OwnedMember OwnedMember OwnedMember OwnedMember OwnedMember Generalization "
+    "Multiplicity Realized Required Parameter Parameter Literal RaisedException Comment "
+    "Expression ClientDependency ActualTemplateParameter");
 
-constexpr Text texts[] = {"ValueString",   "ValueString", "Direction",  "Visibility",
-                          "Changeability", "IsAbstract",  "isAbstract", "Operator",
-                          "Text",          "Uri",         "Value"};
+const auto singles = Words(
+    "Supplier Client Parent Parent Definition Type Type Target:Type Target:Type DefaultValue "
+    "LowerBound UpperBound Boundary InstanceOf");
 
-constexpr Text values[] = {"",
-                           "1",
-                           "0",
-                           "-1",
-                           "*",
-                           "2",
-                           "99999999999999999999",
-                           "true",
-                           "false",
-                           "DkIn",
-                           "DkOut",
-                           "DkReturn",
-                           "DkNone",
-                           "DkInOut",
-                           "VkPublic",
-                           "VkPrivate",
-                           "CkFrozen",
-                           "<",
-                           "<=",
-                           ">=",
-                           "==",
-                           "a line\nand \\ another\r",
-                           "Emitter",
-                           "session",
-                           "entity",
-                           "long",
-                           "string",
-                           "out/../../x",
-                           "'",
-                           "\\",
-                           "A::B",
-                           "0x7fffffffffffffff"};
+const auto texts = Words(
+    "ValueString ValueString Direction Visibility Changeability IsAbstract isAbstract Operator "
+    "Text Uri Value");
 
-constexpr Text names[] = {"A",     "B",      "C",   "long",     "string", "sequence", "array",
-                          "fixed", "a",      "any", "",         "::",     "A::B",     "../x",
-                          "x/y",   "module", "\"",  "\x01\xff", " "};
+const auto values = Words(
+    "|1|0|-1|*|2|99999999999999999999|true|false|DkIn|DkOut|DkReturn|DkNone|DkInOut|VkPublic|"
+    "VkPrivate|CkFrozen|<|<=|>=|==|a line\nand \\ another\r|Emitter|session|entity|long|"
+    "string|out/../../x|'|\\|A::B|0x7fffffffffffffff",
+    '|');
+
+const auto names = Words(
+    "A|B|C|long|string|sequence|array|fixed|a|any||::|A::B|../x|x/y|module|\"|\x01\xff| ", '|');
 
 class Generator {
  public:
