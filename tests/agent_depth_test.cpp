@@ -3,11 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <ctime>
 #include <string>
 #include <vector>
 
+#include "tests/support/cost.h"
 #include "tests/support/export.h"
 #include "tests/support/small_stack.h"
 
@@ -34,24 +33,21 @@ std::string Named(const char* name, std::size_t number) { return name + std::to_
 template <typename MakeOne, typename Link>
 void Chain(std::size_t count, bool isCircle, MakeOne makeOne, Link link) {
   std::vector<Element*> made;
-  for (std::size_t number = 0; number < count; ++number) made.push_back(&makeOne(number));
+  for (std::size_t number = 0; number < count; ++number) made.push_back(makeOne(number));
   for (std::size_t number = 0; number + 1 < count; ++number) link(*made[number], *made[number + 1]);
   if (isCircle) link(*made.back(), *made.front());
 }
 
 using Build = void (*)(ExportBench& bench, Element& module, std::size_t count, bool isCircle);
 
-void BuildInterfaces(ExportBench& b, Element& m, std::size_t count, bool isCircle) {
-  Chain(
-      count,
-      isCircle, [&](std::size_t number) -> auto& { return b.Interface(m, Named("I", number)); },
-      [&](Element& special, Element& general) { b.Generalize(special, general); });
-}
-
-void BuildValues(ExportBench& b, Element& m, std::size_t count, bool isCircle) {
-  Chain(
-      count, isCircle, [&](std::size_t number) -> auto& { return b.Value(m, Named("V", number)); },
-      [&](Element& special, Element& general) { b.Generalize(special, general); });
+/// Interfaces and values.
+void BuildGenerals(ExportBench& b, Element& m, std::size_t count, bool isCircle) {
+  for (const char* mark : {"CORBAInterface", "CORBAValue"}) {
+    Chain(
+        count, isCircle,
+        [&](std::size_t number) { return &b.Interface(m, Named(mark, number), mark); },
+        [&](Element& special, Element& general) { b.Generalize(special, general); });
+  }
 }
 
 /// The first definition tells the cases of a union apart, too.
@@ -59,11 +55,11 @@ void BuildTypedefs(ExportBench& b, Element& m, std::size_t count, bool isCircle)
   Element* first = nullptr;
   Chain(
       count, isCircle,
-      [&](std::size_t number) -> auto& {
+      [&](std::size_t number) {
         auto& made = b.Class(m, Named("T", number), "CORBATypedef");
         if (first == nullptr) first = &made;
         if (number + 1 == count && !isCircle) b.Attribute(made, "of", "long");
-        return made;
+        return &made;
       },
       [&](Element& alias, Element& aliased) { b.Attribute(alias, "of", aliased); });
   auto& choice = b.Class(m, "Choice", "CORBAUnion");
@@ -76,10 +72,10 @@ void BuildConstants(ExportBench& b, Element& m, std::size_t count, bool isCircle
   auto& holder = b.Struct(m, "Holder");
   Chain(
       count, isCircle,
-      [&](std::size_t number) -> auto& {
+      [&](std::size_t number) {
         auto& made = b.Constant(m, Named("C", number), "long", 7);
         b.Range(b.Attribute(holder, Named("x", number), "octet"), 0, made);
-        return made;
+        return &made;
       },
       [&](Element& constant, Element& next) { b.Default(constant, next); });
 }
@@ -88,11 +84,11 @@ void BuildTemplates(ExportBench& b, Element& m, std::size_t count, bool isCircle
   Element* outermost = nullptr;
   Chain(
       count, isCircle,
-      [&](std::size_t number) -> auto& {
+      [&](std::size_t number) {
         const bool isLast = number + 1 == count && !isCircle;
         auto& made = isLast ? b.Template("sequence", {"long"}) : b.Template("sequence", {});
         if (outermost == nullptr) outermost = &made;
-        return made;
+        return &made;
       },
       [&](Element& outer, Element& inner) {
         outer.AddEntity(Symbol("ActualTemplateParameter"), inner);
@@ -100,61 +96,43 @@ void BuildTemplates(ExportBench& b, Element& m, std::size_t count, bool isCircle
   b.Attribute(b.Class(m, "Deep", "CORBATypedef"), "of", *outermost);
 }
 
+const std::string finished = "IDL exporter finished.\n";
+const std::string clean = "started...\n" + finished;
+const std::string warned = " warnings" + finished;
+
 struct ShapeCase {
   const char* what;
   Build build;
   bool isCircle;
-  const char* ending;  // of the messages
+  std::string ending;  // of the messages
 };
 
 void PrintTo(const ShapeCase& shape, std::ostream* out) { *out << shape.what; }
 
 class AgentDepth : public testing::TestWithParam<ShapeCase> {};
 
-/// The processor time of the least of two runs.
-std::clock_t Cost(const ShapeCase& shape, std::size_t count) {
-  ExportBench bench;
-  auto& module = bench.Module("M");
-  shape.build(bench, module, count, shape.isCircle);
-  auto& artifact = bench.Artifact({&module});
-  std::clock_t least = 0;
-  for (int round = 0; round < 2; ++round) {
-    const std::clock_t start = std::clock();
-    EXPECT_THAT(bench.Run(&artifact).Messages(), EndsWith(shape.ending));
-    const std::clock_t cost = std::clock() - start;
-    least = round == 0 ? cost : std::min(least, cost);
-  }
-  return least;
-}
-
 TEST_P(AgentDepth, CostsTimeByItsSizeAndNoStack) {
-  constexpr std::size_t times = 8;
-  constexpr std::clock_t margin = 3;  // what grows with the square would take eight times more
-  support::OnSmallStack([] {
-    const std::clock_t few = Cost(GetParam(), many / times);
-    EXPECT_LT(Cost(GetParam(), many), margin * static_cast<std::clock_t>(times) * few);
-  });
+  const auto cost = [](std::size_t count) {
+    ExportBench bench;
+    auto& module = bench.Module("M");
+    GetParam().build(bench, module, count, GetParam().isCircle);
+    auto& artifact = bench.Artifact({&module});
+    return support::CostOf(
+        [&] { EXPECT_THAT(bench.Run(&artifact).Messages(), EndsWith(GetParam().ending)); });
+  };
+  support::OnSmallStack([&cost] { support::ExpectLinearCost(many / 8, cost); });
 }
-
-const std::string finished = "IDL exporter finished.\n";
 
 INSTANTIATE_TEST_SUITE_P(
     Shapes, AgentDepth,
     testing::Values(
-        ShapeCase{"generalizations", BuildInterfaces, false,
-                  "started...\nIDL exporter finished.\n"},
-        ShapeCase{"a circle of generalizations", BuildInterfaces, true,
-                  "started...\nIDL exporter finished.\n"},
-        ShapeCase{"generalizations of values", BuildValues, false,
-                  "started...\nIDL exporter finished.\n"},
-        ShapeCase{"a circle of values", BuildValues, true, "started...\nIDL exporter finished.\n"},
-        ShapeCase{"type definitions", BuildTypedefs, false, "started...\nIDL exporter finished.\n"},
-        ShapeCase{"a circle of type definitions", BuildTypedefs, true,
-                  " warningsIDL exporter finished.\n"},
-        ShapeCase{"constants", BuildConstants, false, " warningsIDL exporter finished.\n"},
-        ShapeCase{"a circle of constants", BuildConstants, true,
-                  " warningsIDL exporter finished.\n"},
-        ShapeCase{"templates", BuildTemplates, false, "started...\nIDL exporter finished.\n"},
+        ShapeCase{"generalizations", BuildGenerals, false, clean},
+        ShapeCase{"circles of generalizations", BuildGenerals, true, clean},
+        ShapeCase{"type definitions", BuildTypedefs, false, clean},
+        ShapeCase{"a circle of type definitions", BuildTypedefs, true, warned},
+        ShapeCase{"constants", BuildConstants, false, warned},
+        ShapeCase{"a circle of constants", BuildConstants, true, warned},
+        ShapeCase{"templates", BuildTemplates, false, clean},
         ShapeCase{
             "a circle of templates", BuildTemplates, true,
             "A parameter of sequence template has incorrect type\n\nIDL exporter aborted.\n"}));
@@ -170,27 +148,27 @@ void NestModules(ExportBench& b, Element& outermost, std::size_t depth) {
   b.Attribute(b.Struct(*innermost, "S"), "x", "long");
 }
 
-Exported ExportNested(std::size_t depth, const char* mapping) {
-  Exported result;
+std::string MessagesOfNested(std::size_t depth, const char* mapping) {
+  std::string messages;
   support::OnSmallStack([&] {
     ExportBench bench;
     auto& module = bench.Module("M");
     NestModules(bench, module, depth);
-    result = bench.Export({&module}, {{"fileMapping", mapping}});
+    messages = bench.Export({&module}, {{"fileMapping", mapping}}).Messages();
   });
-  return result;
+  return messages;
 }
 
 TEST(AgentDepthOfModules, EndsWithAClearTextAndTheStackStaysSmall) {
   for (const char* mapping : {"ONE_FILE", "MODULE_FLAT", "MODULE_STRUCTURED"}) {
     SCOPED_TRACE(mapping);
-    EXPECT_THAT(ExportNested(20, mapping).Messages(), EndsWith("started...\n" + finished));
-    EXPECT_THAT(ExportNested(255, mapping).Messages(), EndsWith(finished));
+    EXPECT_THAT(MessagesOfNested(20, mapping), EndsWith(clean));
+    EXPECT_THAT(MessagesOfNested(255, mapping), EndsWith(finished));
     const std::string tooDeep =
         "Internal error in IDL exporter agent: module N256 is nested too deeply\n"
         "\nIDL exporter aborted.\n";
-    EXPECT_THAT(ExportNested(256, mapping).Messages(), EndsWith(tooDeep));
-    EXPECT_THAT(ExportNested(many, mapping).Messages(), EndsWith(tooDeep));
+    EXPECT_THAT(MessagesOfNested(256, mapping), EndsWith(tooDeep));
+    EXPECT_THAT(MessagesOfNested(many, mapping), EndsWith(tooDeep));
   }
 }
 

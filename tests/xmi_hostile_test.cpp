@@ -4,11 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <ctime>
 #include <string>
 #include <string_view>
 #include <tuple>
 
+#include "tests/support/cost.h"
 #include "tests/support/small_stack.h"
 #include "tests/support/xmi_files.h"
 
@@ -208,26 +208,12 @@ const CostCase costs[] = {
 
 class XmiCost : public testing::TestWithParam<CostCase> {};
 
-std::clock_t CostOf(const std::string& text) {
-  std::clock_t least = 0;
-  for (int round = 0; round < 2; ++round) {
-    XmiFiles files;
-    files.Write("model.uml", text);
-    const std::clock_t start = std::clock();  // of this process, whatever else the machine does
-    files.Read();
-    const std::clock_t cost = std::clock() - start;
-    least = round == 0 ? cost : std::min(least, cost);
-  }
-  return least;
-}
-
 TEST_P(XmiCost, GrowsNoFasterThanTheFile) {
-  constexpr std::size_t few = million / 100;
-  constexpr std::size_t times = 8;
-  constexpr std::clock_t margin = 3;  // what grows with the square would take eight times more
-  const std::clock_t cost = CostOf(Large(few, GetParam().model));
-  EXPECT_LT(CostOf(Large(times * few, GetParam().model)),
-            margin * static_cast<std::clock_t>(times) * cost);
+  support::ExpectLinearCost(million / 100, [](std::size_t count) {
+    XmiFiles files;
+    files.Write("model.uml", Large(count, GetParam().model));
+    return support::CostOf([&files] { files.Read(); });
+  });
 }
 
 INSTANTIATE_TEST_SUITE_P(Shapes, XmiCost, testing::ValuesIn(costs));
