@@ -8,7 +8,6 @@
 namespace {
 
 using model::Element;
-using model::Symbol;
 using support::ExpectOutcomes;
 using support::ExportBench;
 using support::OutcomeCase;
@@ -83,15 +82,10 @@ TEST(AgentStruct, HasItsPublicAttributesAsMembers) {
 }
 
 TEST(AgentConstant, FollowsWhatItsValueUses) {
-  const OutcomeCase cases[] = {
+  const support::SmallCase cases[] = {
       {"a constant and an enumerator of an interface",
-       [](ExportBench& b, Element& m) {
-         auto& a = b.Constant(m, "A", "long", 0);
-         auto& i = b.Interface(m, "I");
-         b.Default(a, b.Constant(i, "B", "long", 7));
-         auto& shape = b.Enum(i, "Shape", {"round"});
-         b.Constant(m, "C", shape, *shape.Entities(Symbol("Literal"))[0]);
-       },
+       "const A = M::I::B const C : M::I::Shape = round "
+       "interface I { const B = 7 enum Shape { literal round } }",
        R"(
 interface I {
     const long B = 7;
@@ -103,13 +97,7 @@ interface I {
 const long A = M::I::B;
 const M::I::Shape C = M::I::round;)"},
       {"three in a circle and one that leads to it",
-       [](ExportBench& b, Element& m) {
-         auto& first = b.Constant(m, "A", "long", 0);
-         auto& last = b.Constant(m, "C", "long", b.Constant(m, "B", "long", first));
-         b.Default(first, last);
-         b.Constant(m, "D", "long", last);
-         b.Constant(m, "Sound", "long", 1);
-       },
+       "const A = C const B = A const C = B const D = C const Sound = 1",
        R"(Warning - DefinitionM::A cannot be a forward declaration
 Warning - DefinitionM::B cannot be a forward declaration
 Warning - DefinitionM::C cannot be a forward declaration

@@ -74,17 +74,15 @@ interface I : M::N::Far, Near {
          b.DataType(i, "D", "CORBAStruct");
        },
        "\ninterface I {\n};"},
+  };
+  ExpectOutcomes(cases);
+}
+
+TEST(AgentInterface, OrdersItsDeclarationsByUse) {
+  const support::SmallCase cases[] = {
       {"nested declarations are ordered by use, with forward declarations of their own",
-       [](ExportBench& b, Element& m) {
-         auto& i = b.Interface(m, "I");
-         auto& op = b.Operation(i, "op");
-         auto& a = b.Struct(i, "A");
-         auto& c = b.Struct(i, "B");
-         b.Parameter(op, "a", a);
-         b.Attribute(a, "b", b.Template("sequence", {c}));
-         b.Attribute(c, "a", b.Template("sequence", {a}));
-         b.Raises(op, b.Exception(i, "E"));
-       },
+       "interface I { op op { in a : M::I::A raises M::I::E } struct A { field b : M::I::B [*] } "
+       "struct B { field a : M::I::A [*] } exception E }",
        R"(Warning - attribute M::I::A::b has an anonymous template type; consider using a typedef instead
 Warning - attribute M::I::B::a has an anonymous template type; consider using a typedef instead
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "model/model.h"
+#include "tests/support/message_log.h"
 #include "tests/support/process.h"
 
 namespace {
@@ -48,42 +49,21 @@ TEST(AgentLibrary, NeedsTheLanguagesRuntimeOnly) {
                                            "|libasan|libubsan)\\.so(\\..*)?")));
 }
 
-/// The agent as a host loads it, and all that it printed.
-class LoadedAgent {
- public:
-  LoadedAgent() : library_(dlopen(IDLEXPORT_AGENT, RTLD_NOW | RTLD_LOCAL)) {
-    model::SetMessageSink([this](const std::string& text) { messages_ += text; });
-  }
-  ~LoadedAgent() {
-    model::SetMessageSink({});
-    if (library_ != nullptr) dlclose(library_);
-  }
-  LoadedAgent(const LoadedAgent&) = delete;
-  LoadedAgent& operator=(const LoadedAgent&) = delete;
-
-  bool IsLoaded() const { return library_ != nullptr; }
-
-  std::string Export(mdk::IMdeEntity* artifact) {
-    messages_.clear();
-    reinterpret_cast<void (*)()>(dlsym(library_, "SetPortSymbol"))();
-    reinterpret_cast<void (*)(void*, void*, mdk::IMdeEntity*)>(dlsym(library_, "CORBAIDLExporter"))(
-        nullptr, nullptr, artifact);
-    return messages_;
-  }
-
- private:
-  void* library_;
-  std::string messages_;
-};
-
 TEST(AgentLibrary, ExportsAModelThroughItsEntries) {
-  LoadedAgent agent;
-  ASSERT_TRUE(agent.IsLoaded()) << dlerror();
-  EXPECT_EQ(agent.Export(nullptr), "");
+  void* const library = dlopen(IDLEXPORT_AGENT, RTLD_NOW | RTLD_LOCAL);
+  ASSERT_NE(library, nullptr) << dlerror();
+  const auto exported = [library](mdk::IMdeEntity* artifact) {
+    const support::MessageLog log;
+    reinterpret_cast<void (*)()>(dlsym(library, "SetPortSymbol"))();
+    reinterpret_cast<void (*)(void*, void*, mdk::IMdeEntity*)>(dlsym(library, "CORBAIDLExporter"))(
+        nullptr, nullptr, artifact);
+    return log.Text();
+  };
+  EXPECT_EQ(exported(nullptr), "");
 
   model::Model model;
   model::Element& artifact = model.Create(Symbol("Artifact"));
-  EXPECT_EQ(agent.Export(&artifact),
+  EXPECT_EQ(exported(&artifact),
             "\nIDL exporter started...\n"
             "IDL exporter failed to find root element to export.\n"
             "\nIDL exporter aborted.\n");
@@ -94,8 +74,9 @@ TEST(AgentLibrary, ExportsAModelThroughItsEntries) {
       "\nIDL exporter started...\n"
       "Internal error in IDL exporter agent: Failed to find value for IDLGenerator::targetDir.\n"
       "\nIDL exporter aborted.\n";
-  EXPECT_EQ(agent.Export(&artifact), refused);
-  EXPECT_EQ(agent.Export(&artifact), refused);
+  EXPECT_EQ(exported(&artifact), refused);
+  EXPECT_EQ(exported(&artifact), refused);
+  dlclose(library);
 }
 
 }  // namespace

@@ -6,16 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "model/model.h"
 #include "output/ordering.h"
 #include "tests/support/export.h"
 
 namespace {
-
-using model::Element;
-using support::ExpectOutcomes;
-using support::ExportBench;
-using support::OutcomeCase;
 
 using Graph = std::vector<std::vector<std::size_t>>;  // the successors of each node
 
@@ -91,16 +85,11 @@ TEST(AgentOrder, IsFoundForAnyDepthWithoutRecursion) {
 }
 
 TEST(AgentOrder, DeclaresBeforeUseAndBreaksCycles) {
-  const OutcomeCase cases[] = {
+  const support::SmallCase cases[] = {
       {"what is nested in a sibling: modules, interfaces and bounds",
-       [](ExportBench& b, Element& m) {
-         auto& first = b.Struct(b.Module(m, "First"), "S");
-         auto& user = b.Operation(b.Interface(m, "User"), "op");
-         auto& in = b.Struct(b.Interface(m, "Nest"), "In");
-         b.Attribute(first, "in", in);
-         b.Parameter(user, "in", in);
-         b.Range(b.Attribute(in, "xs", "long"), 0, b.Constant(b.Module(m, "Last"), "N", "long", 4));
-       },
+       "module First { struct S { field in : M::Nest::In } } "
+       "interface User { op op { in x : M::Nest::In } } "
+       "interface Nest { struct In { field xs [ M::Last::N ] } } module Last { const N = 4 }",
        R"(Warning - attribute M::Nest::In::xs has an anonymous template type; consider using a typedef instead
 
 module Last {
@@ -122,18 +111,11 @@ module First {
 };
 
 interface User {
-    void op(in M::Nest::In in);
+    void op(in M::Nest::In x);
 };)"},
       {"what a declaration uses inside and around itself is no cycle of the next one",
-       [](ExportBench& b, Element& m) {
-         auto& outer = b.Struct(m, "Outer");
-         auto& n = b.Module(m, "N");
-         auto& inner = b.Struct(n, "Inner");
-         b.Attribute(b.Struct(n, "User"), "inner", inner);
-         b.Attribute(inner, "outer", outer);
-         b.Attribute(outer, "x", "long");
-         b.Attribute(b.Struct(m, "After"), "x", "long");
-       },
+       "struct Outer { field x } module N { struct Inner { field outer : M::Outer } "
+       "struct User { field inner : M::N::Inner } } struct After { field x }",
        R"(
 struct Outer {
     long x;
@@ -154,15 +136,8 @@ struct After {
     long x;
 };)"},
       {"a struct, and an exception and a module, which have no forward declaration",
-       [](ExportBench& b, Element& m) {
-         auto& s = b.Struct(m, "S");
-         auto& e = b.Exception(m, "E");
-         auto& n = b.Module(m, "N");
-         auto& in = b.Struct(n, "In");
-         b.Attribute(s, "in", in);
-         b.Attribute(in, "e", e);
-         b.Attribute(e, "s", s);
-       },
+       "struct S { field in : M::N::In } exception E { field s : M::S } "
+       "module N { struct In { field e : M::E } }",
        R"(Warning - DefinitionM::E cannot be a forward declaration
 Warning - DefinitionM::N cannot be a forward declaration
 struct S;
@@ -182,7 +157,7 @@ struct S {
     M::N::In in;
 };)"},
   };
-  ExpectOutcomes(cases);
+  support::ExpectOutcomes(cases);
 }
 
 }  // namespace

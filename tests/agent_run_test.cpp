@@ -83,9 +83,6 @@ TEST(AgentRun, NamesFilesBySettingsAndTheirFallbacks) {
     std::string uri, file;
   };
   const Case cases[] = {
-      {{}, "", "out/Out.idl"},
-      {{{"fileName", "bank"}, {"fileSuffix", "_v2"}}, "", "out/bank_v2.idl"},
-      {{{"targetDir", "a\\b//c/"}}, "", "a/b/c/Out.idl"},
       {{{"fileMapping", "MODULE_DEEP"}}, "", "out/Out.idl"},
       {{{"targetDir", ""}}, "models\\\\bank\\m.uml", "models/bank/Out/Out.idl"},
       {{{"targetDir", ""}, {"fileName", "f"}}, "m.uml", "m.uml/f/f.idl"},

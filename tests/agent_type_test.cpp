@@ -7,6 +7,7 @@
 #include <regex>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <utility>
 
 #include "model/model.h"
@@ -129,16 +130,11 @@ TEST_F(MemberTest, ReportsALowerBoundThatIsNoNumberAndASecondRange) {
 }
 
 TEST_F(MemberTest, WithABoundaryIsASequenceOfWhatTheOperatorAllows) {
-  struct Case {
-    const char* relation;
-    Element* boundary;
-    std::string line;
-  };
   Element& five = Literal("IntegerValue", "5");
   Element& one = Literal("IntegerValue", "1");
   Element& least = Literal("IntegerValue", "-9223372036854775808");
   Element& ten = Ident(&Constant("Ten"));
-  const Case cases[] = {
+  const std::tuple<const char*, Element*, std::string> cases[] = {
       {"<=", &five, "sequence<long, 5> x;"},
       {"==", &five, "sequence<long, 5> x;"},
       {"<", &five, "sequence<long, 4> x;"},
@@ -154,14 +150,14 @@ TEST_F(MemberTest, WithABoundaryIsASequenceOfWhatTheOperatorAllows) {
       {"<=", nullptr, notUnderstood},
       {">=", &Literal("RealValue", "1.5"), notAllowed},
   };
-  for (const Case& each : cases) {
-    SCOPED_TRACE(each.relation);
+  for (const auto& [relation, boundary, line] : cases) {
+    SCOPED_TRACE(relation);
     auto& multiplicity = bench_.Model().Create(Symbol("SimpleMultiplicity"));
-    multiplicity.SetEntity(Symbol("Boundary"), each.boundary);
-    bench_.Set(multiplicity, "Operator", each.relation);
+    multiplicity.SetEntity(Symbol("Boundary"), boundary);
+    bench_.Set(multiplicity, "Operator", relation);
     Element* const list[] = {&multiplicity};
     member_.SetEntities(Symbol("Multiplicity"), list);
-    EXPECT_EQ(Line(), each.line);
+    EXPECT_EQ(Line(), line);
   }
 }
 
@@ -263,20 +259,13 @@ valuetype Box sequence<M::I::Color>;)"},
 // --- Names by scope ------------------------------------------------------------------------------
 
 TEST(AgentScope, DecidesHowATypeIsNamed) {
-  const OutcomeCase cases[] = {
+  const support::SmallCase cases[] = {
       {"the deliberate comparison of texts: what stands in M::AB counts as inside M::A",
-       [](ExportBench& b, Element& m) {
-         auto& a = b.Struct(b.Module(m, "A"), "S");
-         auto& user = b.Struct(b.Module(m, "AB"), "T");
-         b.Attribute(user, "s", a);
-         b.Range(b.Attribute(user, "all", a), 0, "*");
-       },
-       R"(Warning - attribute M::AB::T::all has an anonymous template type; consider using a typedef instead
-Warning - struct M::A::S has no members
-
+       "module A { interface S } module AB { struct T { field s : M::A::S } }",
+       R"(
 module A {
     
-    struct S {
+    interface S {
     };
 };
 
@@ -284,18 +273,11 @@ module AB {
     
     struct T {
         S s;
-        sequence<S> all;
     };
 };)"},
       {"a bound and an element that a nearer declaration of their name hides",
-       [](ExportBench& b, Element& m) {
-         auto& outer = b.Constant(m, "N", "long", 10);
-         auto& color = b.Enum(m, "Color", {"RED"});
-         auto& q = b.Module(m, "Q");
-         b.Constant(q, "N", "long", 20);
-         b.Interface(q, "Color");
-         b.Range(b.Attribute(b.Struct(q, "S"), "x", color), 0, outer);
-       },
+       "const N = 10 enum Color { literal RED } module Q { const N = 20 interface Color "
+       "struct S { field x : M::Color [ ::M::N ] } }",
        R"(Warning - attribute M::Q::S::x has an anonymous template type; consider using a typedef instead
 const long N = 10;
 

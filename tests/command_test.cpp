@@ -194,29 +194,4 @@ TEST_F(CommandTest, NoticesThatStandardOutputIsLost) {
   }
 }
 
-TEST_F(CommandTest, FindsTheAgentBesideItself) {
-  const fs::path agent = IDLEXPORT_AGENT;
-  const fs::path moved = Directory() / "moved";
-  fs::create_directories(moved / "bin");
-  fs::create_directories(moved / "lib");
-  fs::copy(IDLEXPORT_COMMAND, moved / "bin/idlexport");
-  fs::copy(agent.parent_path() / "libidlhost.so", moved / "lib/libidlhost.so");
-  const std::vector<std::string> arguments = {(moved / "bin/idlexport").string(), "-a",
-                                              "files::goods", "shop.uml"};
-
-  const ProcessResult without = support::RunProcess(arguments, Directory());
-  EXPECT_EQ(without.status, 2);
-  EXPECT_THAT(without.output, IsEmpty());
-  EXPECT_THAT(without.errors, HasSubstr("idlexport: can't load the export agent: " +
-                                        (moved / "lib/libidlexport.so").string()));
-  EXPECT_FALSE(Exists("out"));
-
-  Write("moved/lib/libidlexport.so", "not a library");
-  EXPECT_EQ(support::RunProcess(arguments, Directory()).status, 2);
-
-  fs::copy(agent, moved / "lib/libidlexport.so", fs::copy_options::overwrite_existing);
-  EXPECT_EQ(support::RunProcess(arguments, Directory()).status, 0);
-  EXPECT_TRUE(Exists("out/goods.idl"));
-}
-
 }  // namespace

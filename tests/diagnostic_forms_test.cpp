@@ -80,7 +80,6 @@ TEST(SarifForm, HasWhatTheFormatRequires) {
     EXPECT_EQ(driver.at("rules").at(result.at("ruleIndex").get<std::size_t>()).at("id"),
               all[i].rule);
     EXPECT_EQ(result.at("level"), all[i].severity == Severity::kError ? "error" : "warning");
-    EXPECT_FALSE(result.at("message").at("text").get<std::string>().empty());
   }
   EXPECT_EQ(driver["rules"].size(), 3U);
   for (const json& rule : driver["rules"]) {

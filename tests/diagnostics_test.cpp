@@ -11,6 +11,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "agent/messages.h"
@@ -153,14 +154,11 @@ TEST(ElementFinder, FallsBackToTheInnermostScopeAndToTheArtifact) {
   auto& field = b.Attribute(s, "f", "long");
   const model::Element& artifact = b.Artifact({&m, &b.Struct(m, "M")});
   command::ElementFinder finder(artifact);
-  const struct {
-    std::string name;
-    const model::Element* element;
-  } cases[] = {{"M::S::f", &field}, {"M::S::f::g", &field}, {"M::S::g", &s},
-               {"M::S::", &s},      {"M::S", &s},           {"M::T::S", &m},
-               {"M", &m},           {"N::S", &artifact},    {"", &artifact},
-               {"::", &artifact},   {"m", &artifact},       {"M::::::::::::S", &m},
-               {"S", &artifact},    {"M::S::::f", &s},      {"M::Plain", &plain}};
+  const std::pair<std::string, const model::Element*> cases[] = {
+      {"M::S::f", &field}, {"M::S::f::g", &field}, {"M::S::g", &s},     {"M::S::", &s},
+      {"M::S", &s},        {"M::T::S", &m},        {"M", &m},           {"N::S", &artifact},
+      {"", &artifact},     {"::", &artifact},      {"m", &artifact},    {"M::::::::::::S", &m},
+      {"S", &artifact},    {"M::S::::f", &s},      {"M::Plain", &plain}};
   for (const auto& [name, element] : cases) {
     EXPECT_EQ(&finder.Find({"type-unknown", Named::kAny, name}), element) << name;
   }
@@ -191,10 +189,7 @@ TEST(ElementFinder, StaysLinearInManyMessagesOnOneScope) {
 }
 
 TEST(AgentMessages, TakeEachErrorWarningAndFailure) {
-  const struct {
-    std::vector<std::string> pieces;
-    std::vector<std::string> messages;
-  } cases[] = {
+  const std::pair<std::vector<std::string>, std::vector<std::string>> cases[] = {
       {{"\nIDL exporter started...\n", "Warning - ", "struct S has no members", "\n", "Error - ",
         "Error - ", "\n", "There were 1 errors and 1 warnings", "IDL exporter finished.\n"},
        {"warning: struct S has no members", "error: Error - "}},

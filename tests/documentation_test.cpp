@@ -5,6 +5,7 @@
 #include <regex>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/support/file_tree.h"
@@ -101,10 +102,7 @@ TEST(Documentation, ManualPageIsWellFormed) {
 }
 
 TEST(Documentation, BashCompletesOptionsValuesAndFiles) {
-  const struct {
-    std::string words;
-    std::string offered;
-  } cases[] = {
+  const std::pair<std::string, std::string> cases[] = {
       {"idlexport --mapping ''", "one-file module-flat module-structured\n"},
       {"idlexport --diagnostics = s", "sarif\n"},
       {"idlexport --color = ''", "auto always never\n"},

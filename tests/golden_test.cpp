@@ -68,16 +68,13 @@ void Update(const fs::path& golden, const Tree& tree) {
 }
 
 void ExpectEqual(const Tree& expected, const Tree& actual) {
-  for (const auto& [file, text] : expected) {
-    const auto found = actual.find(file);
-    if (found == actual.end()) {
-      ADD_FAILURE() << file << " is no longer written; " << updateHint;
-    } else {
-      EXPECT_EQ(text, found->second) << "in " << file << "; " << updateHint;
-    }
-  }
   for (const auto& [file, text] : actual) {
     EXPECT_TRUE(expected.contains(file)) << file << " is new; " << updateHint;
+  }
+  for (const auto& [file, text] : expected) {
+    const auto found = actual.find(file);
+    EXPECT_EQ(found == actual.end() ? "nothing" : found->second, text)
+        << "in " << file << "; " << updateHint;
   }
 }
 

@@ -38,6 +38,8 @@ TEST(Installation, ExportsItsExample) {
   const ProcessResult without = run();
   EXPECT_EQ(without.status, 2);
   EXPECT_THAT(without.errors, HasSubstr("can't load the export agent: " + agent.string()));
+  support::WriteFile(agent, "not a library");
+  EXPECT_EQ(run().status, 2);
   fs::remove(installation.Find("libidlhost.so"));
   EXPECT_NE(run().status, 0);
 }

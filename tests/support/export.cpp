@@ -7,6 +7,8 @@
 
 #include "agent/export_run.h"
 #include "tests/support/message_log.h"
+#include "tests/support/small_model.h"
+#include "tests/support/xmi_files.h"
 
 namespace support {
 
@@ -102,6 +104,17 @@ void ExpectOutcomes(std::span<const OutcomeCase> cases, Tags settings) {
     Element& module = bench.Module("M");
     each.build(bench, module);
     EXPECT_EQ(bench.Export({&module}, settings).Outcome(), each.outcome);
+  }
+}
+
+void ExpectOutcomes(std::span<const SmallCase> cases) {
+  for (const SmallCase& each : cases) {
+    SCOPED_TRACE(each.what);
+    const ExportBench bench;
+    XmiFiles files;
+    const std::string text = "module M { " + std::string(each.members) + " }";
+    files.Write("model.uml", SmallModel(text, "targetDir=\"out\"")).Read();
+    EXPECT_EQ(bench.Run(&files["out"]).Outcome(), each.outcome);
   }
 }
 

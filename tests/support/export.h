@@ -72,4 +72,13 @@ struct OutcomeCase {
 /// Exports each case, by itself.
 void ExpectOutcomes(std::span<const OutcomeCase> cases, Tags settings = {});
 
+/// The same with a module "M" that holds what the text of a small model says.
+struct SmallCase {
+  std::string_view what;
+  std::string_view members;
+  std::string_view outcome;
+};
+
+void ExpectOutcomes(std::span<const SmallCase> cases);
+
 }  // namespace support
