@@ -2,6 +2,8 @@
 // enumerations, constants and comments.
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "model/model.h"
 #include "tests/support/export.h"
 
@@ -108,11 +110,9 @@ Error - constant M::D: Circular references between constant values are not allow
 )"},
   };
   ExpectOutcomes(cases);
-  ExportBench bench;
-  auto& first = bench.Module("First");
-  auto& second = bench.Module("Second");
-  bench.Constant(first, "DERIVED", "long", bench.Constant(second, "BASE", "long", 12));
-  EXPECT_EQ(bench.Export({&first, &second}).Body(),
+  const std::string text =
+      "module First { const DERIVED = Second::BASE } module Second { const BASE = 12 }";
+  EXPECT_EQ(support::ExportSmallModel(text).Body(),
             "\n\n\nmodule Second {\n    const long BASE = 12;\n};"
             "\n\nmodule First {\n    const long DERIVED = Second::BASE;\n};");
 }

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <map>
 #include <string>
 #include <string_view>
 
@@ -12,21 +13,17 @@
 
 namespace {
 
-using model::Element;
 using support::ExportBench;
 using support::Exported;
 using testing::ElementsAre;
 using testing::Pair;
 
 /// The files of modules A, A::B and A::B::C with a struct in each but B: each with what it holds.
-Exported ExportNestedModules(ExportBench& bench, support::Tags settings) {
-  auto& a = bench.Module("A");
-  bench.Attribute(bench.Struct(a, "S"), "x", "long");
-  auto& c = bench.Comment(bench.Module(bench.Module(a, "B"), "C"), "the innermost");
-  bench.Attribute(bench.Struct(c, "T"), "x", "long");
-  Exported run = bench.Export({&a}, settings);
+std::map<std::string, std::string> NestedModules(const std::string& settings) {
+  Exported run = support::ExportSmallModel(
+      "module A { struct S { field x } module B { module C { struct T { field x } } } }", settings);
   for (auto& [file, text] : run.files) text = run.Body(file);
-  return run;
+  return run.files;
 }
 
 const std::string fileOfA = "\n\n\nmodule A {\n    \n    struct S {\n        long x;\n    };\n};";
@@ -36,7 +33,6 @@ const std::string fileOfC = R"(
 module B {
     module A {
         
-        // the innermost
         module C {
             
             struct T {
@@ -47,22 +43,17 @@ module B {
 };)";
 
 TEST(AgentFiles, AreOneForEachModule) {
-  ExportBench bench;
-  EXPECT_THAT(
-      ExportNestedModules(bench, {{"fileMapping", "MODULE_FLAT"}, {"fileSuffix", ".v1"}}).files,
-      ElementsAre(Pair("A.v1.idl", fileOfA), Pair("A_B.v1.idl", ""), Pair("A_B_C.v1.idl", fileOfC),
-                  Pair("Out.v1.idl", "")));
-  EXPECT_THAT(ExportNestedModules(bench, {{"fileMapping", "MODULE_STRUCTURED"}}).files,
+  EXPECT_THAT(NestedModules("fileMapping=\"MODULE_FLAT\" fileSuffix=\".v1\""),
+              ElementsAre(Pair("A.v1.idl", fileOfA), Pair("A_B.v1.idl", ""),
+                          Pair("A_B_C.v1.idl", fileOfC), Pair("Out.v1.idl", "")));
+  EXPECT_THAT(NestedModules("fileMapping=\"MODULE_STRUCTURED\""),
               ElementsAre(Pair("A/A.idl", fileOfA), Pair("A/B/B.idl", ""),
                           Pair("A/B/C/C.idl", fileOfC), Pair("Out.idl", "")));
 }
 
 TEST(AgentFiles, HaveTheMainFileForWhatIsOutsideAllModules) {
-  ExportBench bench;
-  auto& package = bench.Package("P");
   const Exported run =
-      bench.Export({&bench.Interface(package, "I"), &bench.Interface(package, "J")},
-                   {{"fileMapping", "MODULE_FLAT"}});
+      support::ExportSmallModel("interface I interface J", "fileMapping=\"MODULE_FLAT\"");
   EXPECT_EQ(run.Body(), "\n\n\ninterface I {\n};\n\ninterface J {\n};");
   // A stray message for each of them is part of the output.
   EXPECT_THAT(run.pieces,
@@ -81,47 +72,32 @@ std::string Includes(const Exported& run, const std::string& file) {
   return found;
 }
 
-/// Modules that use each other in one direction, nested two deep, in every way that one can.
-Exported ExportModules(ExportBench& b, std::string_view mapping) {
-  auto& users = b.Module("Users");
-  auto& inner = b.Module(users, "Inner");
-  auto& base = b.Module("Base");
-  auto& deep = b.Module(base, "Deep");
-  auto& top = b.Interface(b.Package("P"), "Top");
-  auto& other = b.Interface(b.Package("P"), "Other");
-  b.Attribute(b.Struct(base, "Thing"), "a", b.Template("sequence", {b.Struct(deep, "S")}));
-  b.Attribute(*deep.Entities(model::Symbol("OwnedMember"))[0], "x", "long");
-  b.Attribute(top, "a", other);
-  b.Attribute(other, "a", top);
-
-  auto& own = b.Struct(users, "Own");
-  b.Range(b.Attribute(own, "colors", b.Enum(deep, "Color", {"red", "green"})), 0,
-          b.Constant(base, "SIZE", "long", 3));
-  b.Attribute(own, "a", b.Enum(inner, "Part", {"one"}));
-  b.Attribute(b.Struct(inner, "Tops"), "a", top);
-  return b.Export({&users, &base, &top, &other}, {{"fileMapping", mapping}});
-}
-
-void ExpectEachCompiles(const Exported& run) {
+/// Modules that use each other in one direction, nested two deep; each file compiles by itself.
+Exported ExportModules(const std::string& mapping) {
+  const ExportBench bench;
+  Exported run = support::ExportSmallModel(
+      "module Users { module Inner { struct Tops { field a : Top } enum Part { literal one } } "
+      "struct Own { field colors : Base::Deep::Color [ Base::SIZE ] field a : Users::Inner::Part } "
+      "} module Base { module Deep { struct S { field x } enum Color { literal red } } "
+      "struct Thing { field a : Base::Deep::S [*] } const SIZE = 3 } "
+      "interface Top { attr a : Other } interface Other { attr a : Top }",
+      "fileMapping=\"" + mapping + "\"");
+  for (const auto& [file, text] : run.files) support::WriteFile("./" + file, text);
   for (const auto& [file, text] : run.files) {
-    const auto judged = support::RunProcess({IDLEXPORT_OMNIIDL, "-bdump", "-Iout", "out/" + file});
+    const auto judged = support::RunProcess({IDLEXPORT_OMNIIDL, "-bdump", "-I.", file});
     EXPECT_EQ(judged.status, 0) << file << ":\n" << text << judged.errors;
   }
+  return run;
 }
 
 TEST(AgentFiles, IncludeTheFilesOfWhatTheyUseAndCompileByThemselves) {
-  ExportBench bench;
-  const Exported flat = ExportModules(bench, "MODULE_FLAT");
-  ExpectEachCompiles(flat);
+  const Exported flat = ExportModules("MODULE_FLAT");
   EXPECT_EQ(Includes(flat, "Out.idl") + Includes(flat, "Base_Deep.idl"), "");
   EXPECT_EQ(Includes(flat, "Base.idl"), "Base_Deep.idl ");
   EXPECT_EQ(Includes(flat, "Users_Inner.idl"), "Out.idl ");
   // What a nested module uses outside is used by the modules around it, too.
   EXPECT_EQ(Includes(flat, "Users.idl"), "Out.idl Users_Inner.idl Base.idl Base_Deep.idl ");
-  ExportBench otherBench;
-  const Exported structured = ExportModules(otherBench, "MODULE_STRUCTURED");
-  ExpectEachCompiles(structured);
-  EXPECT_EQ(Includes(structured, "Users/Users.idl"),
+  EXPECT_EQ(Includes(ExportModules("MODULE_STRUCTURED"), "Users/Users.idl"),
             "Out.idl Users/Inner/Inner.idl Base/Base.idl Base/Deep/Deep.idl ");
 }
 

@@ -300,12 +300,9 @@ module Q {
 }
 
 TEST(AgentScope, OfATopLevelDeclarationIsEmpty) {
-  ExportBench bench;
-  auto& top = bench.Interface(bench.Package("P"), "Top");
-  auto& module = bench.Module("M");
-  bench.Attribute(bench.Struct(module, "S"), "top", top);
-  bench.Attribute(top, "m", module);
-  EXPECT_EQ(bench.Export({&module, &top}).Body(),
+  EXPECT_EQ(support::ExportSmallModel(
+                "module M { struct S { field top : Top } } interface Top { attr m : M }")
+                .Body(),
             "\n\ninterface Top;\n\ninterface Top {\n    attribute M m;\n};"
             "\n\nmodule M {\n    \n    struct S {\n        Top top;\n    };\n};");
 }

@@ -65,7 +65,7 @@ TEST(JsonForm, HasWhatIsKnown) {
     ]})"));
 }
 
-TEST(SarifForm, HasWhatTheFormatRequires) {
+TEST(SarifForm, HasWhatTheFormatRequiresAndLeadsToTheSpot) {
   const json log = json::parse(command::SarifForm(all));
   EXPECT_EQ(log.at("version"), "2.1.0");
   ASSERT_EQ(log.at("runs").size(), 1U);
@@ -73,13 +73,14 @@ TEST(SarifForm, HasWhatTheFormatRequires) {
   const json& driver = run.at("tool").at("driver");
   EXPECT_EQ(driver.at("name"), "idlexport");
   EXPECT_FALSE(driver.at("version").get<std::string>().empty());
-  ASSERT_EQ(run.at("results").size(), std::size(all));
+  const json& results = run.at("results");
+  ASSERT_EQ(results.size(), std::size(all));
   for (std::size_t i = 0; i < std::size(all); ++i) {
-    const json& result = run["results"][i];
-    EXPECT_EQ(result.at("ruleId"), all[i].rule);
-    EXPECT_EQ(driver.at("rules").at(result.at("ruleIndex").get<std::size_t>()).at("id"),
-              all[i].rule);
-    EXPECT_EQ(result.at("level"), all[i].severity == Severity::kError ? "error" : "warning");
+    const std::size_t index = results[i].at("ruleIndex").get<std::size_t>();
+    EXPECT_EQ(driver.at("rules").at(index).at("id"), all[i].rule);
+    EXPECT_EQ(results[i].at("ruleId"), all[i].rule);
+    EXPECT_EQ(results[i].at("level"), all[i].severity == Severity::kError ? "error" : "warning");
+    EXPECT_FALSE(results[i].at("message").at("text").get<std::string>().empty());
   }
   EXPECT_EQ(driver["rules"].size(), 3U);
   for (const json& rule : driver["rules"]) {
@@ -87,11 +88,7 @@ TEST(SarifForm, HasWhatTheFormatRequires) {
               command::FindRule(rule.at("id").get<std::string>()) != nullptr);
   }
   EXPECT_EQ(json::parse(command::SarifForm({}))["runs"][0].at("results"), json::array());
-}
 
-TEST(SarifForm, LeadsToTheSpot) {
-  const json log = json::parse(command::SarifForm(all));
-  const json& results = log["runs"][0]["results"];
   EXPECT_EQ(results[0], json::parse(R"({
     "ruleId": "struct-no-members", "ruleIndex": 2, "level": "warning",
     "message": {"text": "struct S has no members"},

@@ -5,7 +5,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <initializer_list>
 #include <map>
 #include <regex>
 #include <set>
@@ -22,7 +21,6 @@
 #include "command/rules.h"
 #include "tests/support/export.h"
 #include "tests/support/file_tree.h"
-#include "tests/support/message_log.h"
 #include "tests/support/xmi_files.h"
 
 namespace {
@@ -103,22 +101,6 @@ TEST(Rules, AreEachThereOnceAndNamedAlike) {
   }
 }
 
-/// What a run of the agent comes to: "RULE METACLASS NAME" for each message.
-std::vector<std::string> FoundIn(ExportBench& bench, std::initializer_list<model::Element*> tops) {
-  model::Element& artifact = bench.Artifact(tops);
-  AgentMessages messages;
-  for (const std::string& piece : bench.Run(&artifact).pieces) messages.Take(piece);
-  command::ElementFinder finder(artifact);
-  std::vector<std::string> found;
-  for (const AgentMessages::Message& message : messages.All()) {
-    const command::MessageMeaning meaning = MeaningOf(message.text);
-    const model::Element& element = finder.Find(meaning);
-    found.push_back(std::string(meaning.rule) + " " + std::string(element.Metaclass().Text()) +
-                    " " + std::string(element.Text(model::Symbol("Name"))));
-  }
-  return found;
-}
-
 TEST(ElementFinder, FindsWhatTheAgentNames) {
   ExportBench b;
   auto& outer = b.Package("outer");
@@ -137,12 +119,22 @@ TEST(ElementFinder, FindsWhatTheAgentNames) {
   auto& c = b.Component(m, "C");
   b.Port(c, "both", "CORBAFacet", {&i, &top});
   b.Port(b.Component(m, "A"), "both", "CORBAFacet", {&i});
-  EXPECT_THAT(FoundIn(b, {&m, &top}),
-              ElementsAre("type-anonymous Parameter q", "port-type-ambiguous Port both",
-                          "type-unknown Attribute op", "type-unknown Attribute a b",
-                          "type-unknown Attribute x::y", "bound-unknown Parameter q",
-                          "type-unknown Attribute t", "type-unknown Operation op",
-                          "type-unknown Parameter ", "type-unknown Parameter p"));
+  model::Element& artifact = b.Artifact({&m, &top});
+  AgentMessages messages;
+  for (const std::string& piece : b.Run(&artifact).pieces) messages.Take(piece);
+  command::ElementFinder finder(artifact);
+  std::vector<std::string> found;  // "RULE METACLASS NAME" for each message
+  for (const AgentMessages::Message& message : messages.All()) {
+    const command::MessageMeaning meaning = MeaningOf(message.text);
+    const model::Element& element = finder.Find(meaning);
+    found.push_back(std::string(meaning.rule) + " " + std::string(element.Metaclass().Text()) +
+                    " " + std::string(element.Text(model::Symbol("Name"))));
+  }
+  EXPECT_THAT(found, ElementsAre("type-anonymous Parameter q", "port-type-ambiguous Port both",
+                                 "type-unknown Attribute op", "type-unknown Attribute a b",
+                                 "type-unknown Attribute x::y", "bound-unknown Parameter q",
+                                 "type-unknown Attribute t", "type-unknown Operation op",
+                                 "type-unknown Parameter ", "type-unknown Parameter p"));
 }
 
 TEST(ElementFinder, FallsBackToTheInnermostScopeAndToTheArtifact) {

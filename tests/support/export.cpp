@@ -107,14 +107,18 @@ void ExpectOutcomes(std::span<const OutcomeCase> cases, Tags settings) {
   }
 }
 
+Exported ExportSmallModel(std::string_view text, const std::string& settings) {
+  const ExportBench bench;
+  XmiFiles files;
+  files.Write("model.uml", SmallModel(text, "targetDir=\"out\" " + settings)).Read();
+  return bench.Run(&files["out"]);
+}
+
 void ExpectOutcomes(std::span<const SmallCase> cases) {
   for (const SmallCase& each : cases) {
     SCOPED_TRACE(each.what);
-    const ExportBench bench;
-    XmiFiles files;
     const std::string text = "module M { " + std::string(each.members) + " }";
-    files.Write("model.uml", SmallModel(text, "targetDir=\"out\"")).Read();
-    EXPECT_EQ(bench.Run(&files["out"]).Outcome(), each.outcome);
+    EXPECT_EQ(ExportSmallModel(text).Outcome(), each.outcome);
   }
 }
 

@@ -72,7 +72,10 @@ struct OutcomeCase {
 /// Exports each case, by itself.
 void ExpectOutcomes(std::span<const OutcomeCase> cases, Tags settings = {});
 
-/// The same with a module "M" that holds what the text of a small model says.
+/// Exports a small model, told as in "small_model.h".
+Exported ExportSmallModel(std::string_view text, const std::string& settings = "");
+
+/// The same as an outcome case with a module "M" that holds what the text of a small model says.
 struct SmallCase {
   std::string_view what;
   std::string_view members;
