@@ -139,21 +139,18 @@ INSTANTIATE_TEST_SUITE_P(
 
 // --- Modules -------------------------------------------------------------------------------------
 
-/// Modules N1, N2... each inside the one before, the first in `outermost`; the last holds a struct.
-void NestModules(ExportBench& b, Element& outermost, std::size_t depth) {
-  Element* innermost = &outermost;
-  for (std::size_t level = 1; level <= depth; ++level) {
-    innermost = &b.Module(*innermost, Named("N", level));
-  }
-  b.Attribute(b.Struct(*innermost, "S"), "x", "long");
-}
-
+/// What an export says of modules N1, N2... in M, each inside the one before; the last holds a
+/// struct.
 std::string MessagesOfNested(std::size_t depth, const char* mapping) {
   std::string messages;
   support::OnSmallStack([&] {
     ExportBench bench;
     auto& module = bench.Module("M");
-    NestModules(bench, module, depth);
+    Element* innermost = &module;
+    for (std::size_t level = 1; level <= depth; ++level) {
+      innermost = &bench.Module(*innermost, Named("N", level));
+    }
+    bench.Attribute(bench.Struct(*innermost, "S"), "x", "long");
     messages = bench.Export({&module}, {{"fileMapping", mapping}}).Messages();
   });
   return messages;

@@ -5,6 +5,7 @@
 #include <regex>
 #include <set>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -38,13 +39,8 @@ std::string Offered(const std::string& words) {
   return support::RunProcess({"bash", "-c", script}, IDLEXPORT_SOURCE_DIR "/examples").output;
 }
 
-/// What names the options and how their long and short names stand there.
-struct Reference {
-  std::string name;
-  std::string text;
-  std::string longOption;
-  std::string shortOption;
-};
+/// Something that names the options: its text, and how their long and short names stand in it.
+using Reference = std::tuple<std::string, std::string, std::string, std::string>;
 
 std::vector<Reference> References() {
   return {
@@ -62,9 +58,9 @@ TEST(Documentation, NamesTheOptionsThatThereAre) {
   const std::set<std::string> longOptions = Found(help, "\n +(?:-\\w,)?--([a-z-]+)");
   const std::set<std::string> shortOptions = Found(help, "\n +-(\\w),--");
   EXPECT_TRUE(longOptions.contains("artifact") && shortOptions.contains("o")) << help;
-  for (const Reference& reference : References()) {
-    EXPECT_EQ(Found(reference.text, reference.longOption), longOptions) << reference.name;
-    EXPECT_EQ(Found(reference.text, reference.shortOption), shortOptions) << reference.name;
+  for (const auto& [name, text, longOption, shortOption] : References()) {
+    EXPECT_EQ(Found(text, longOption), longOptions) << name;
+    EXPECT_EQ(Found(text, shortOption), shortOptions) << name;
   }
 }
 

@@ -8,6 +8,7 @@
 #include <chrono>
 #include <span>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "command/idl_keywords.h"
@@ -277,11 +278,7 @@ TEST(FileNames, StayInTheOutputDirectoryAndDiffer) {
   const std::string inNames = "[idl-identifier] module ";
   const std::string noName = "' is no IDL identifier";
   const std::string body = " { const N = 1 } ";
-  const struct {
-    std::string model;
-    std::string settings;
-    std::vector<std::string> findings;
-  } cases[] = {
+  const std::tuple<std::string, std::string, std::vector<std::string>> cases[] = {
       {"module M" + body, "fileName=\"a.b-c\" fileSuffix=\"_v1.2\"", {}},
       {"module M" + body,
        "fileName=\"../x\"",

@@ -12,7 +12,6 @@
 #include <vector>
 
 #include "host/model_access.h"
-#include "tests/support/message_log.h"
 #include "tests/support/model_builder.h"
 #include "tests/support/xmi_files.h"
 
@@ -269,18 +268,6 @@ TEST(Failure, ThrowsATextAndKeepsIt) {
     EXPECT_THAT(text, testing::HasSubstr(expected));
   }
   EXPECT_EQ(m.Entities(Symbol("StereotypeInstance")).size(), 1u);
-}
-
-TEST(ModelAccess, IsThereWhileMessagesHaveSomewhereToGo) {
-  EXPECT_EQ(mdk::GetModelAccess(), nullptr);
-  {
-    support::MessageLog log;
-    mdk::GetModelAccess()->PrintMessage("one ");
-    mdk::GetModelAccess()->PrintMessage("two\n");
-    EXPECT_THAT(log.Pieces(), ElementsAre("one ", "two\n"));
-    EXPECT_EQ(log.Text(), "one two\n");
-  }
-  EXPECT_EQ(mdk::GetModelAccess(), nullptr);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <ostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/support/file_tree.h"
@@ -60,10 +61,7 @@ const TargetCase cases[] = {
 };
 
 /// The files of each mapping, below the target directory.
-const struct {
-  std::string mapping;
-  std::vector<std::string> files;
-} mappings[] = {
+const std::pair<std::string, std::vector<std::string>> mappings[] = {
     {"ONE_FILE", {"files.idl"}},
     {"MODULE_FLAT", {"files.idl", "M.idl", "M_N.idl"}},
     {"MODULE_STRUCTURED", {"files.idl", "M/M.idl", "M/N/N.idl"}},

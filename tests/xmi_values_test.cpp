@@ -106,15 +106,13 @@ TEST(XmiMultiplicities, AreRanges) {
 
 TEST(XmiMultiplicities, OfAllKindsOfTypedElementsShareTheirRanges) {
   XmiFiles files;
-  const std::string many = R"(<upperValue xmi:type="uml:LiteralInteger" value="3"/>)";
-  files.ReadModel(R"(<packagedElement xmi:type="uml:Class">
-    <ownedAttribute xmi:id="a">)" +
-                  many + R"(</ownedAttribute>
-    <ownedAttribute xmi:type="uml:Port" xmi:id="p">)" +
-                  many + R"(</ownedAttribute>
-    <ownedOperation><ownedParameter xmi:id="q">)" +
-                  many + R"(</ownedParameter></ownedOperation>
-    </packagedElement>)");
+  const std::string text = R"(<packagedElement xmi:type="uml:Class">
+    <ownedAttribute xmi:id="a">MANY</ownedAttribute>
+    <ownedAttribute xmi:type="uml:Port" xmi:id="p">MANY</ownedAttribute>
+    <ownedOperation><ownedParameter xmi:id="q">MANY</ownedParameter></ownedOperation>
+    </packagedElement>)";
+  files.ReadModel(
+      support::Replaced(text, "MANY", R"(<upperValue xmi:type="uml:LiteralInteger" value="3"/>)"));
   const model::Symbol property("Multiplicity");
   for (const char* id : {"a", "p", "q"}) EXPECT_EQ(MultiplicityText(files[id]), "1..3");
   EXPECT_EQ(files["a"].Entities(property)[0], files["q"].Entities(property)[0]);
