@@ -66,6 +66,8 @@ TEST(Element, PropertiesKeepTheirKindAndManyFitOnOneElement) {
   EXPECT_EQ(element.GetEntity("1", 0), &other);
   element.SetEntity(Symbol("1"), nullptr);
   EXPECT_EQ(element.GetEntity("1", 0), nullptr);
+  element.SetEntity(Symbol("Type"), &other);
+  EXPECT_EQ(element.GetTarget("Type", 0), &other);
   EXPECT_EQ(element.GetValue("never heard of", 0), "");
   model.SetDefaultText(Symbol("2"), "default");
   model.SetDefaultText(Symbol("unset"), "default");
