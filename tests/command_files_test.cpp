@@ -137,6 +137,20 @@ TEST_F(CommandFilesTest, AnInterruptedRunLeavesNothingBehind) {
   }
 }
 
+TEST_F(CommandFilesTest, AnInterruptedRunEndsTheProgramThatItStarted) {
+  Write("dot",
+        "#!/bin/sh\ntrap 'touch ended; exit' TERM\ntouch begun\nwhile :; do sleep 0.01; done\n");
+  fs::permissions(Directory() / "dot", fs::perms::owner_all);
+  const support::RunningProcess run({"env", "PATH=" + Directory().string() + ":/bin:/usr/bin",
+                                     IDLEXPORT_COMMAND, "-o", "out", "--graph", "g.svg", "m.uml"},
+                                    Directory(), STDERR_FILENO);
+  while (!Exists("begun")) std::this_thread::yield();
+  EXPECT_EQ(run.EndBy(SIGTERM), 128 + SIGTERM);
+  for (int i = 0; i < 1000 && !Exists("ended"); ++i)
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  EXPECT_TRUE(Exists("ended"));
+}
+
 TEST_F(CommandFilesTest, WhatAKilledRunLeftIsRemovedByTheNext) {
   const fs::path left = Directory() / "out/.idlexport-staging-abc123";
   support::WriteFile(left / "deep/N.idl", "half");

@@ -86,6 +86,9 @@ TEST_F(CommandTest, ListsTheArtifactsThatCarryGeneratorSettings) {
   EXPECT_THAT(result.errors, AllOf(StartsWith("shop.uml:41:3: warning: "),
                                    EndsWith("\nidlexport: passed over 1 xmi:Extension\n")));
   EXPECT_EQ(result.status, 0);
+
+  Write("odd.uml", support::Replaced(Text("shop.uml"), "\"goods\"", "\"go&#10;ods\""));
+  EXPECT_THAT(Run({"--list", "odd.uml"}).output, StartsWith("files.goods\nfiles::bad\n"));
 }
 
 TEST_F(CommandTest, FindsTheArtifactByNameOrId) {
