@@ -1,7 +1,5 @@
 #include "command/declared_names.h"
 
-#include <utility>
-
 #include "command/idl_identifier.h"
 
 namespace command {
@@ -13,49 +11,30 @@ std::uint32_t HashOf(std::string_view name) {
 
 }  // namespace
 
-DeclaredNames::DeclaredNames(const Declarations& declarations) : cells_(256) {
+DeclaredNames::DeclaredNames(const Declarations& declarations) {
   numbers_.reserve(declarations.Size());
   for (DeclarationIndex index = 0; index < declarations.Size(); ++index) {
     numbers_.push_back(Enter(declarations.Name(index)));
   }
 }
 
-NameNumber DeclaredNames::Find(std::string_view name) const {
-  return cells_[PlaceOf(name, HashOf(name))].number;
+NameNumber DeclaredNames::Find(std::string_view name) const { return Find(name, HashOf(name)); }
+
+NameNumber DeclaredNames::Find(std::string_view name, std::uint32_t hash) const {
+  return index_.Find(hash, [&](NameNumber number) { return IsSameName(names_[number], name); });
 }
 
 NameNumber DeclaredNames::Enter(std::string_view name) {
   if (name.empty()) return kNoName;
-  if (2 * names_.size() >= cells_.size()) Grow();
   const std::uint32_t hash = HashOf(name);
-  Cell& cell = cells_[PlaceOf(name, hash)];
-  if (cell.number == kNoName) {
-    cell = {hash, static_cast<NameNumber>(names_.size())};
+  NameNumber number = Find(name, hash);
+  if (number == kNoName) {
+    number = static_cast<NameNumber>(names_.size());
+    index_.MakeRoom();
     names_.push_back(name);
+    index_.Add(hash, number);
   }
-  return cell.number;
-}
-
-/// Where the name stands, or the free cell where it would.
-std::size_t DeclaredNames::PlaceOf(std::string_view name, std::uint32_t hash) const {
-  const std::size_t mask = cells_.size() - 1;
-  std::size_t place = hash & mask;
-  while (cells_[place].number != kNoName &&
-         (cells_[place].hash != hash || !IsSameName(names_[cells_[place].number], name))) {
-    place = (place + 1) & mask;
-  }
-  return place;
-}
-
-void DeclaredNames::Grow() {
-  const std::vector<Cell> old = std::exchange(cells_, std::vector<Cell>(2 * cells_.size()));
-  const std::size_t mask = cells_.size() - 1;
-  for (const Cell& cell : old) {
-    if (cell.number == kNoName) continue;
-    std::size_t place = cell.hash & mask;
-    while (cells_[place].number != kNoName) place = (place + 1) & mask;
-    cells_[place] = cell;
-  }
+  return number;
 }
 
 }  // namespace command

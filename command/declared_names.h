@@ -10,12 +10,13 @@
 #include <vector>
 
 #include "command/declarations.h"
+#include "model/hash_index.h"
 
 namespace command {
 
 /// The number of a name; counts from 0.
 using NameNumber = std::uint32_t;
-inline constexpr NameNumber kNoName = ~NameNumber{0};
+inline constexpr NameNumber kNoName = model::HashIndex::none;
 
 class DeclaredNames {
  public:
@@ -30,19 +31,12 @@ class DeclaredNames {
   std::size_t Size() const { return names_.size(); }
 
  private:
-  struct Cell {
-    std::uint32_t hash = 0;
-    NameNumber number = kNoName;  // while the cell is free
-  };
-
   NameNumber Enter(std::string_view name);
-  std::size_t PlaceOf(std::string_view name, std::uint32_t hash) const;
-  void Grow();
+  NameNumber Find(std::string_view name, std::uint32_t hash) const;
 
   std::vector<NameNumber> numbers_;      // by declaration
   std::vector<std::string_view> names_;  // by number, as the first declaration spells it
-  // Open addressing: the size is a power of two, and at least half of the cells are free.
-  std::vector<Cell> cells_;
+  model::HashIndex index_;               // of the names
 };
 
 }  // namespace command

@@ -1,7 +1,5 @@
 #include "model/text_table.h"
 
-#include <utility>
-
 #include "model/same_text.h"
 
 namespace model {
@@ -34,44 +32,25 @@ std::uint32_t Hash(std::string_view text) {
 
 }  // namespace
 
-TextTable::TextTable() : cells_(512) {}
-
-/// Where the text stands, or the free cell where it would.
-std::size_t TextTable::Place(std::string_view text, std::uint32_t hash) const {
-  const std::size_t mask = cells_.size() - 1;
-  std::size_t place = hash & mask;
-  while (cells_[place].number != free &&
-         (cells_[place].hash != hash || !SameText(texts_[cells_[place].number], text))) {
-    place = (place + 1) & mask;
-  }
-  return place;
-}
-
 std::optional<std::uint32_t> TextTable::Find(std::string_view text) const {
-  const std::uint32_t number = cells_[Place(text, Hash(text))].number;
-  if (number == free) return std::nullopt;
+  const std::uint32_t number = Find(text, Hash(text));
+  if (number == HashIndex::none) return std::nullopt;
   return number;
 }
 
 std::uint32_t TextTable::Enter(std::string_view text) {
   const std::uint32_t hash = Hash(text);
-  std::size_t place = Place(text, hash);
-  if (cells_[place].number != free) return cells_[place].number;
-  if (2 * (texts_.size() + 1) > cells_.size()) {
-    Grow();
-    place = Place(text, hash);
-  }
+  const std::uint32_t known = Find(text, hash);
+  if (known != HashIndex::none) return known;
   const auto number = static_cast<std::uint32_t>(texts_.size());
-  texts_.push_back(arena_.Copy(text));  // first, because it may fail
-  cells_[place] = {hash, number};
+  index_.MakeRoom();
+  texts_.push_back(arena_.Copy(text));
+  index_.Add(hash, number);
   return number;
 }
 
-void TextTable::Grow() {
-  const std::vector<Cell> old = std::exchange(cells_, std::vector<Cell>(2 * cells_.size()));
-  for (const Cell& cell : old) {
-    if (cell.number != free) cells_[Place(texts_[cell.number], cell.hash)] = cell;
-  }
+std::uint32_t TextTable::Find(std::string_view text, std::uint32_t hash) const {
+  return index_.Find(hash, [&](std::uint32_t number) { return SameText(texts_[number], text); });
 }
 
 }  // namespace model

@@ -10,13 +10,12 @@
 #include <vector>
 
 #include "model/arena.h"
+#include "model/hash_index.h"
 
 namespace model {
 
 class TextTable {
  public:
-  TextTable();
-
   /// The number of a text that is in the table; nothing otherwise.
   std::optional<std::uint32_t> Find(std::string_view text) const;
 
@@ -27,17 +26,9 @@ class TextTable {
   std::string_view Text(std::uint32_t number) const { return texts_[number]; }
 
  private:
-  struct Cell {
-    std::uint32_t hash = 0;
-    std::uint32_t number = free;
-  };
-  static constexpr std::uint32_t free = UINT32_MAX;
+  std::uint32_t Find(std::string_view text, std::uint32_t hash) const;
 
-  std::size_t Place(std::string_view text, std::uint32_t hash) const;
-  void Grow();
-
-  // Open addressing: the size is a power of two, and at least half of the cells are free.
-  std::vector<Cell> cells_;
+  HashIndex index_;
   std::vector<std::string_view> texts_;
   Arena arena_;
 };
