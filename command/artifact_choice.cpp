@@ -63,7 +63,7 @@ model::Element& OnlyExportable(const xmi::Reader& reader) {
   std::vector<std::string> lines;
   for (const model::Element* artifact : artifacts) {
     const xmi::Location location = reader.Locate(*artifact);
-    lines.push_back(reader.IdOf(*artifact) + " (" + location.file + ":" +
+    lines.push_back(OneLine(reader.IdOf(*artifact)) + " (" + location.file + ":" +
                     std::to_string(location.line) + ")");
   }
   throw Failure(kBadInput, "several artifacts are named '" + name +
@@ -85,7 +85,7 @@ std::string NameOf(const xmi::Reader& reader, const model::Element& artifact) {
   if (name.empty()) name = ownName;
   if (!name.empty() && !HasControl(name)) return name;
   const std::string id = reader.IdOf(artifact);
-  return id.empty() ? OneLine(name) : id;
+  return OneLine(id.empty() ? name : id);
 }
 
 model::Element& ChooseArtifact(const xmi::Reader& reader, const std::optional<std::string>& name) {

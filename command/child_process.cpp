@@ -7,6 +7,7 @@
 
 #include <cerrno>
 #include <csignal>
+#include <optional>
 
 #include "command/interruption.h"
 
@@ -68,13 +69,11 @@ bool Done(Call call) {
 
 /// Waits until the process has ended, but leaves its number to it.
 void WaitForEnd(pid_t process) {
-  const EndedOnInterruption ended(process);
   siginfo_t info;
   Done([&] { return waitid(P_PID, static_cast<id_t>(process), &info, WEXITED | WNOWAIT); });
 }
 
-int Wait(pid_t process) {
-  WaitForEnd(process);
+int StatusOf(pid_t process) {
   int status = 0;
   if (!Done([&] { return waitpid(process, &status, 0); })) return -errno;
   return WIFEXITED(status) ? WEXITSTATUS(status) : signalled + WTERMSIG(status);
@@ -89,9 +88,17 @@ int RunProgram(const std::vector<std::string>& words, int output) {
   for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
   arguments.push_back(nullptr);
   pid_t process = 0;
-  const int error = posix_spawnp(&process, arguments.front(), streams.Actions(),
-                                 signals.Attributes(), arguments.data(), environ);
-  return error == 0 ? Wait(process) : -error;
+  std::optional<EndedOnInterruption> ended;
+  {
+    const Uninterrupted start;  // no program without somebody who ends it
+    const int error = posix_spawnp(&process, arguments.front(), streams.Actions(),
+                                   signals.Attributes(), arguments.data(), environ);
+    if (error != 0) return -error;
+    ended.emplace(process);
+  }
+  WaitForEnd(process);
+  ended.reset();
+  return StatusOf(process);
 }
 
 }  // namespace command

@@ -72,7 +72,7 @@ std::size_t NameHash::operator()(std::string_view name) const {
     hash ^= hash >> 29;
     name.remove_prefix(size);
   }
-  return hash;
+  return hash * 0x9E3779B97F4A7C15U;  // the last letters are to reach all of the upper half
 }
 
 }  // namespace command

@@ -22,12 +22,10 @@ State& TheState() {
 }
 
 void EndPrograms() {
-  const std::lock_guard list(TheState().listMutex);
   for (const pid_t program : TheState().programs) kill(program, SIGTERM);
 }
 
 void RemoveDirectories() {
-  const std::lock_guard list(TheState().listMutex);
   // The export goes on meanwhile, so a directory may get a new file while it is emptied.
   constexpr int mostTries = 100;
   for (const std::filesystem::path& directory : TheState().directories) {
@@ -66,6 +64,8 @@ void WatchForInterruption() {
     int signal = 0;
     if (sigwait(&set, &signal) != 0) return;
     const std::lock_guard steps(TheState().mutex);
+    // Held to the end: nobody else is to say how a program ended, or to go on without a directory.
+    const std::lock_guard lists(TheState().listMutex);
     EndPrograms();
     RemoveDirectories();
     EndBy(signal);

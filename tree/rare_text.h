@@ -1,7 +1,7 @@
 // A text that few declarations have: no larger than a pointer while it is empty.
 //
 // A tree has a node for each of a million declarations, and their size decides how fast it is
-// walked. Not for texts that are set more than once.
+// walked.
 #pragma once
 
 #include <memory>
@@ -13,7 +13,7 @@ namespace mdktoidl {
 class RareText {
  public:
   RareText& operator=(std::string text) {
-    if (!text.empty()) text_ = std::make_unique<const std::string>(std::move(text));
+    text_ = text.empty() ? nullptr : std::make_unique<const std::string>(std::move(text));
     return *this;
   }
 

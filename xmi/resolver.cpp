@@ -121,7 +121,8 @@ Resolver::Key Resolver::Prefetch(const Reference& reference) const {
 /// way.
 void Resolver::Resolve(const Reference& reference, const Key& key) {
   const FileIndex file = reading_.items[reference.from].file;
-  const IdTarget* entry = reference.isHref ? nullptr : reading_.ids.Find(file, key.id, key.hash);
+  const bool isOne = !reference.isHref && key.id.find(' ') == std::string_view::npos;
+  const IdTarget* entry = isOne ? reading_.ids.Find(file, key.id, key.hash) : nullptr;
   if (entry == nullptr) return Resolve(reference);
   const ItemIndex found = entry->inner ? kNoItem : entry->item;
   reading_.links.push_back({reference.from, found, reference.feature});
