@@ -104,8 +104,6 @@ void Resolver::Resolve(const Reference& reference) {
   };
   if (reference.isHref) return add(reference.text);
   std::string_view ids = reference.text;
-  const bool isOne = !ids.empty() && std::none_of(ids.begin(), ids.end(), IsBlank);
-  if (isOne) return add(ids);
   for (std::string_view id = TakeWord(ids); !id.empty(); id = TakeWord(ids)) add(id);
 }
 
