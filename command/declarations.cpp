@@ -12,12 +12,10 @@ namespace {
 using model::Element;
 using Kind = DeclarationKind;
 
-/// A declaration to be made, or, when `isEnd`, one whose members have all been made.
-struct Step {
-  Element* element;
-  DeclarationIndex parent;
-  Kind kind;
-  bool isEnd;
+/// A declaration and those of its members that are still to be looked at.
+struct Level {
+  DeclarationIndex owner;
+  std::span<Element* const> members;
 };
 
 /// Whether others refer to declarations of the kind by name.
@@ -88,31 +86,31 @@ Declarations::Declarations(std::span<Element* const> artifacts) {
   IndexElements();
 }
 
-// With a list of steps, not recursively: how deep packages nest is for the model to say. A package
+// With a list of levels, not recursively: how deep packages nest is for the model to say. A package
 // that a bad model puts into itself is not entered again.
 void Declarations::AddTree(Element& top, Kind topKind) {
   std::unordered_set<const Element*> modules;
-  std::vector<Step> steps = {{&top, kNoDeclaration, topKind, false}};
-  while (!steps.empty()) {
-    const Step step = steps.back();
-    steps.pop_back();
-    if (step.isEnd) {
-      declarations_[step.parent].end = Size();
+  std::vector<Level> levels;
+  const auto add = [&](Element& element, DeclarationIndex parent, Kind kind) {
+    if (kind == Kind::kModule && !modules.insert(&element).second) return;
+    const DeclarationIndex index = Size();
+    declarations_.push_back({&element, WrittenName(element, kind), parent, index + 1, kind});
+    if (HoldsDeclarations(kind)) levels.push_back({index, element.Entities(MembersOf(kind))});
+  };
+  add(top, kNoDeclaration, topKind);
+  while (!levels.empty()) {
+    Level& level = levels.back();
+    const DeclarationIndex owner = level.owner;
+    if (level.members.empty()) {
+      declarations_[owner].end = Size();
+      levels.pop_back();
       continue;
     }
-    if (step.kind == Kind::kModule && !modules.insert(step.element).second) continue;
-    const DeclarationIndex index = Size();
-    declarations_.push_back(
-        {step.element, WrittenName(*step.element, step.kind), step.parent, index + 1, step.kind});
-    if (!HoldsDeclarations(step.kind)) continue;
-    steps.push_back({nullptr, index, step.kind, true});
-    const std::size_t first = steps.size();
-    for (Element* member : step.element->Entities(MembersOf(step.kind))) {
-      if (const auto kind = KindOfMember(step.kind, *member)) {
-        steps.push_back({member, index, *kind, false});
-      }
+    Element& member = *level.members.front();
+    level.members = level.members.subspan(1);
+    if (const auto kind = KindOfMember(declarations_[owner].kind, member)) {
+      add(member, owner, *kind);
     }
-    std::reverse(steps.begin() + static_cast<std::ptrdiff_t>(first), steps.end());
   }
 }
 
