@@ -48,6 +48,12 @@ bool HoldsDeclarations(Kind kind) {
   }
 }
 
+/// Only to look elements up by: no order follows from it.
+std::uint32_t HashOf(const Element* element) {
+  const auto address = reinterpret_cast<std::uintptr_t>(element);
+  return static_cast<std::uint32_t>(address * 0x9E3779B97F4A7C15U >> 32);
+}
+
 /// A composition may be named apart from the implementation that it is made from.
 std::string_view WrittenName(const Element& element, Kind kind) {
   if (kind == Kind::kComposition) {
@@ -114,12 +120,14 @@ void Declarations::AddTree(Element& top, Kind topKind) {
   }
 }
 
+/// From the last one on: of several made from one element others mean the last.
 void Declarations::IndexElements() {
-  for (DeclarationIndex index = 0; index < Size(); ++index) {
-    if (!IsReferredTo(declarations_[index].kind)) continue;
-    byElement_.emplace_back(declarations_[index].element, index);
+  for (DeclarationIndex index = Size(); index-- > 0;) {
+    const Element* element = declarations_[index].element;
+    if (!IsReferredTo(declarations_[index].kind) || Find(element) != kNoDeclaration) continue;
+    byElement_.MakeRoom();
+    byElement_.Add(HashOf(element), index);
   }
-  std::ranges::sort(byElement_);
 }
 
 std::string Declarations::ScopedName(DeclarationIndex index, std::string_view separator) const {
@@ -137,10 +145,9 @@ std::string Declarations::Describe(DeclarationIndex index) const {
 }
 
 DeclarationIndex Declarations::Find(const Element* element) const {
-  const auto behind = std::ranges::upper_bound(
-      byElement_, std::pair<const Element*, DeclarationIndex>(element, kNoDeclaration));
-  if (behind == byElement_.begin() || std::prev(behind)->first != element) return kNoDeclaration;
-  return std::prev(behind)->second;
+  return byElement_.Find(HashOf(element), [&](DeclarationIndex index) {
+    return declarations_[index].element == element;
+  });
 }
 
 DeclarationIndex Declarations::ScopeOf(DeclarationIndex index) const {

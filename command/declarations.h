@@ -14,12 +14,13 @@
 
 #include "command/declaration_kind.h"
 #include "model/element.h"
+#include "model/hash_index.h"
 
 namespace command {
 
 /// A place among the declarations.
 using DeclarationIndex = std::uint32_t;
-inline constexpr DeclarationIndex kNoDeclaration = ~DeclarationIndex{0};
+inline constexpr DeclarationIndex kNoDeclaration = model::HashIndex::none;
 
 struct Declaration {
   model::Element* element = nullptr;
@@ -75,7 +76,7 @@ class Declarations {
   void IndexElements();
 
   std::vector<Declaration> declarations_;
-  std::vector<std::pair<const model::Element*, DeclarationIndex>> byElement_;  // sorted
+  model::HashIndex byElement_;  // of what others refer to
 };
 
 /// The suppliers of an artifact's manifestations that are exported, each with its kind.
