@@ -11,30 +11,35 @@ std::uint32_t HashOf(std::string_view name) {
 
 }  // namespace
 
-DeclaredNames::DeclaredNames(const Declarations& declarations) {
+DeclaredNames::DeclaredNames(const Declarations& declarations)
+    : declarations_(declarations),
+      isShared_(declarations.Size()),
+      index_(declarations.Size()) {
   numbers_.reserve(declarations.Size());
   for (DeclarationIndex index = 0; index < declarations.Size(); ++index) {
-    numbers_.push_back(Enter(declarations.Name(index)));
+    numbers_.push_back(Enter(index));
   }
 }
 
 NameNumber DeclaredNames::Find(std::string_view name) const { return Find(name, HashOf(name)); }
 
 NameNumber DeclaredNames::Find(std::string_view name, std::uint32_t hash) const {
-  return index_.Find(hash, [&](NameNumber number) { return IsSameName(names_[number], name); });
+  return index_.Find(
+      hash, [&](NameNumber number) { return IsSameName(declarations_.Name(number), name); });
 }
 
-NameNumber DeclaredNames::Enter(std::string_view name) {
+NameNumber DeclaredNames::Enter(DeclarationIndex declaration) {
+  const std::string_view name = declarations_.Name(declaration);
   if (name.empty()) return kNoName;
   const std::uint32_t hash = HashOf(name);
-  NameNumber number = Find(name, hash);
-  if (number == kNoName) {
-    number = static_cast<NameNumber>(names_.size());
-    index_.MakeRoom();
-    names_.push_back(name);
-    index_.Add(hash, number);
+  const NameNumber known = Find(name, hash);
+  if (known != kNoName) {
+    isShared_[known] = true;
+    return known;
   }
-  return number;
+  index_.MakeRoom();
+  index_.Add(hash, declaration);
+  return declaration;
 }
 
 }  // namespace command

@@ -14,9 +14,9 @@
 
 namespace command {
 
-/// The number of a name; counts from 0.
-using NameNumber = std::uint32_t;
-inline constexpr NameNumber kNoName = model::HashIndex::none;
+/// The number of a name: the first declaration that has it.
+using NameNumber = DeclarationIndex;
+inline constexpr NameNumber kNoName = kNoDeclaration;
 
 class DeclaredNames {
  public:
@@ -27,16 +27,23 @@ class DeclaredNames {
   NameNumber Of(DeclarationIndex declaration) const { return numbers_[declaration]; }
   /// The number of a name; `kNoName` when nothing is declared under it.
   NameNumber Find(std::string_view name) const;
-  /// How many names there are.
-  std::size_t Size() const { return names_.size(); }
+  /// What all numbers are below.
+  std::size_t Size() const { return numbers_.size(); }
+
+  /// Whether another declaration has the same name. One that no other shares clashes with nothing.
+  bool IsShared(DeclarationIndex declaration) const {
+    const NameNumber number = numbers_[declaration];
+    return number != kNoName && isShared_[number];
+  }
 
  private:
-  NameNumber Enter(std::string_view name);
+  NameNumber Enter(DeclarationIndex declaration);
   NameNumber Find(std::string_view name, std::uint32_t hash) const;
 
-  std::vector<NameNumber> numbers_;      // by declaration
-  std::vector<std::string_view> names_;  // by number, as the first declaration spells it
-  model::HashIndex index_;               // of the names
+  const Declarations& declarations_;
+  std::vector<NameNumber> numbers_;  // by declaration
+  std::vector<bool> isShared_;       // by number
+  model::HashIndex index_;           // of the names
 };
 
 }  // namespace command
