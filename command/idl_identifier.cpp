@@ -35,16 +35,13 @@ char Small(char character) {
 
 }  // namespace
 
-bool IsEscaped(std::string_view name) { return name.starts_with('_'); }
-
-std::string_view Unescaped(std::string_view name) {
-  return IsEscaped(name) ? name.substr(1) : name;
-}
-
 bool IsIdentifier(std::string_view name) {
   name = Unescaped(name);
-  return !name.empty() && IsLetter(name.front()) &&
-         std::ranges::all_of(name, [](unsigned char each) { return follows[each]; });
+  if (name.empty() || !IsLetter(name.front())) return false;
+  for (const unsigned char each : name) {
+    if (!follows[each]) return false;
+  }
+  return true;
 }
 
 std::string Folded(std::string_view text) {

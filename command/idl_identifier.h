@@ -13,9 +13,11 @@ namespace command {
 bool IsIdentifier(std::string_view name);
 
 /// Whether the name is written with the underscore that makes any keyword a name.
-bool IsEscaped(std::string_view name);
+inline bool IsEscaped(std::string_view name) { return name.starts_with('_'); }
 /// The name without that underscore.
-std::string_view Unescaped(std::string_view name);
+inline std::string_view Unescaped(std::string_view name) {
+  return IsEscaped(name) ? name.substr(1) : name;
+}
 
 /// The text in small letters.
 std::string Folded(std::string_view text);

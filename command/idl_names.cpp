@@ -36,9 +36,9 @@ NameCheck CheckNames(const xmi::Reader& reader, model::Element& artifact) {
   NameFindings findings;
   CheckFileNames(declarations, settings, NameToShow(reader, artifact),
                  HasMainFile(declarations, artifact), findings);
-  CheckSpelling(declarations, settings.mapping, findings);
-  const DeclarationUses uses(declarations);
   const DeclaredNames names(declarations);
+  CheckSpelling(declarations, names, settings.mapping, findings);
+  const DeclarationUses uses(declarations);
   CheckScopes(declarations, names, uses, findings);
   CheckInheritance(declarations, names, uses, findings);
   return {findings.Diagnostics(reader, declarations, artifact), declarations.Size()};

@@ -41,25 +41,39 @@ class ImplementationFiles {
   std::vector<bool> hasComposition_;
 };
 
+/// Whether a name is to be looked at no further, however it is spelled and wherever it stands.
+bool IsHarmless(std::string_view name) {
+  return IsIdentifier(name) && KeywordLike(Unescaped(name), true).empty();
+}
+
+void CheckName(const Declarations& declarations, DeclarationIndex index,
+               const ImplementationFiles& implementationFiles, NameFindings& findings) {
+  const std::string_view name = declarations.Name(index);
+  if (name.empty()) {
+    findings.Warn("idl-identifier", index, declarations.Describe(index) + " has no name");
+  } else if (!IsIdentifier(name)) {
+    findings.Warn("idl-identifier", index,
+                  declarations.Describe(index) + ": '" + OneLine(name) + "' is no IDL identifier");
+  } else if (!IsEscaped(name)) {
+    const auto keyword = KeywordLike(name, implementationFiles.Hold(index));
+    if (keyword.empty()) return;
+    findings.Warn("idl-keyword", index,
+                  declarations.Describe(index) + " is named as the IDL keyword '" +
+                      std::string(keyword) + (keyword == name ? "'" : "', but for capitals"));
+  }
+}
+
 }  // namespace
 
-void CheckSpelling(const Declarations& declarations, FileMapping mapping, NameFindings& findings) {
+void CheckSpelling(const Declarations& declarations, const DeclaredNames& names,
+                   FileMapping mapping, NameFindings& findings) {
   const ImplementationFiles implementationFiles(declarations, mapping);
+  std::vector<bool> isHarmless(names.Size());
   for (DeclarationIndex index = 0; index < declarations.Size(); ++index) {
-    const std::string_view name = declarations.Name(index);
-    if (name.empty()) {
-      findings.Warn("idl-identifier", index, declarations.Describe(index) + " has no name");
-    } else if (!IsIdentifier(name)) {
-      findings.Warn(
-          "idl-identifier", index,
-          declarations.Describe(index) + ": '" + OneLine(name) + "' is no IDL identifier");
-    } else if (!IsEscaped(name)) {
-      const auto keyword = KeywordLike(name, implementationFiles.Hold(index));
-      if (keyword.empty()) continue;
-      findings.Warn("idl-keyword", index,
-                    declarations.Describe(index) + " is named as the IDL keyword '" +
-                        std::string(keyword) + (keyword == name ? "'" : "', but for capitals"));
-    }
+    const NameNumber number = names.Of(index);
+    if (number == index) isHarmless[number] = IsHarmless(declarations.Name(index));
+    if (number != kNoName && isHarmless[number]) continue;
+    CheckName(declarations, index, implementationFiles, findings);
   }
 }
 
