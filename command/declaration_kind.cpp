@@ -177,9 +177,4 @@ Symbol MembersOf(Kind kind) {
   return words::ownedMember;
 }
 
-bool InheritsMembers(Kind kind) {
-  return kind == Kind::kInterface || kind == Kind::kValue || kind == Kind::kEvent ||
-         kind == Kind::kHome || kind == Kind::kComponent;
-}
-
 }  // namespace command

@@ -61,6 +61,10 @@ model::Symbol MembersOf(DeclarationKind kind);
 std::optional<model::Symbol> TypingOf(const model::Element& port);
 
 /// Whether an interface, a value or event type, a home or a component.
-bool InheritsMembers(DeclarationKind kind);
+constexpr bool InheritsMembers(DeclarationKind kind) {
+  return kind == DeclarationKind::kInterface || kind == DeclarationKind::kValue ||
+         kind == DeclarationKind::kEvent || kind == DeclarationKind::kHome ||
+         kind == DeclarationKind::kComponent;
+}
 
 }  // namespace command

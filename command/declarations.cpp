@@ -150,19 +150,4 @@ DeclarationIndex Declarations::Find(const Element* element) const {
   });
 }
 
-DeclarationIndex Declarations::ScopeOf(DeclarationIndex index) const {
-  const DeclarationIndex parent = declarations_[index].parent;
-  return declarations_[index].kind == Kind::kEnumerator ? declarations_[parent].parent : parent;
-}
-
-DeclarationIndex Declarations::Outermost(DeclarationIndex index) const {
-  while (declarations_[index].parent != kNoDeclaration) index = declarations_[index].parent;
-  return index;
-}
-
-bool Declarations::IsInside(DeclarationIndex index, DeclarationIndex outer) const {
-  if (outer == kNoDeclaration) return true;
-  return index >= outer && index < declarations_[outer].end;
-}
-
 }  // namespace command

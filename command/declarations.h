@@ -53,12 +53,21 @@ class Declarations {
   DeclarationIndex Find(const model::Element* element) const;
 
   /// Whether `index` is `outer` or stands inside it. Everything stands inside `kNoDeclaration`.
-  bool IsInside(DeclarationIndex index, DeclarationIndex outer) const;
+  bool IsInside(DeclarationIndex index, DeclarationIndex outer) const {
+    return outer == kNoDeclaration || (index >= outer && index < declarations_[outer].end);
+  }
 
   /// The scope that a declaration's name lies in: an enumerator's is that around the enumeration.
-  DeclarationIndex ScopeOf(DeclarationIndex index) const;
+  DeclarationIndex ScopeOf(DeclarationIndex index) const {
+    const Declaration& declaration = declarations_[index];
+    const bool isEnumerator = declaration.kind == DeclarationKind::kEnumerator;
+    return isEnumerator ? declarations_[declaration.parent].parent : declaration.parent;
+  }
   /// The declaration at the top that one is or stands in.
-  DeclarationIndex Outermost(DeclarationIndex index) const;
+  DeclarationIndex Outermost(DeclarationIndex index) const {
+    while (declarations_[index].parent != kNoDeclaration) index = declarations_[index].parent;
+    return index;
+  }
 
   /// Calls `visit` with each declaration directly inside one, or at the top for `kNoDeclaration`.
   template <typename Visit>

@@ -34,7 +34,7 @@ NameNumber DeclaredNames::Enter(DeclarationIndex declaration) {
   const std::uint32_t hash = HashOf(name);
   const NameNumber known = Find(name, hash);
   if (known != kNoName) {
-    isShared_[known] = true;
+    isShared_[known] = 1;
     return known;
   }
   index_.MakeRoom();

@@ -30,10 +30,9 @@ class DeclaredNames {
   /// What all numbers are below.
   std::size_t Size() const { return numbers_.size(); }
 
-  /// Whether another declaration has the same name. One that no other shares clashes with nothing.
-  bool IsShared(DeclarationIndex declaration) const {
-    const NameNumber number = numbers_[declaration];
-    return number != kNoName && isShared_[number];
+  /// Whether a declaration has a name and no other has the same. It clashes with nothing then.
+  bool IsUnique(DeclarationIndex declaration) const {
+    return numbers_[declaration] == declaration && isShared_[declaration] == 0;
   }
 
  private:
@@ -41,9 +40,9 @@ class DeclaredNames {
   NameNumber Find(std::string_view name, std::uint32_t hash) const;
 
   const Declarations& declarations_;
-  std::vector<NameNumber> numbers_;  // by declaration
-  std::vector<bool> isShared_;       // by number
-  model::HashIndex index_;           // of the names
+  std::vector<NameNumber> numbers_;     // by declaration
+  std::vector<std::uint8_t> isShared_;  // by number, 0 or 1; bits would be slower to read
+  model::HashIndex index_;              // of the names
 };
 
 }  // namespace command

@@ -60,6 +60,7 @@ class MemberCollector {
   /// An enumerator counts as a member where its enumeration does.
   void AddMembers() {
     for (DeclarationIndex index = 0; index < declarations_.Size(); ++index) {
+      if (names_.IsUnique(index)) continue;
       const DeclarationIndex owner = declarations_.ScopeOf(index);
       if (owner == kNoDeclaration || !InheritsMembers(declarations_[owner].kind)) continue;
       const Role role = IsInherited(declarations_[index].kind) ? Role::kInherited : Role::kOwn;
@@ -91,7 +92,7 @@ class MemberCollector {
 
  private:
   void Add(const Member& member) {
-    if (member.name == kNoName) return;
+    if (member.name == kNoName || names_.IsUnique(member.name)) return;
     ++counts_[member.name];
     members_.push_back(member);
   }

@@ -101,8 +101,8 @@ class ScopeCheck {
     if (names_.Of(member) == kNoName) return kNoDeclaration;
     const DeclarationIndex first = scopeNames_.Enter(member);
     if (first != kNoDeclaration) Compare(first, member);
-    if (scope == kNoDeclaration || !KeepsItsName(declarations_[scope].kind)) return first;
-    if (names_.Of(member) == names_.Of(scope)) {
+    if (scope == kNoDeclaration || names_.Of(member) != names_.Of(scope)) return first;
+    if (KeepsItsName(declarations_[scope].kind)) {
       findings_.Warn("name-hides-scope", member,
                      declarations_.Describe(member) + " has the name of the " +
                          std::string(WordFor(declarations_[scope].kind)) + " around it");

@@ -18,13 +18,20 @@ class ScopeNames {
 
   /// Enters a declaration, which has a name; returns the one that had the name before, or
   /// `kNoDeclaration`. The first keeps the name.
-  DeclarationIndex Enter(DeclarationIndex declaration);
+  DeclarationIndex Enter(DeclarationIndex declaration) {
+    Entry& entry = entries_[names_.Of(declaration)];
+    if (entry.scope == scope_) return entry.declaration;
+    entry = {scope_, declaration};
+    return kNoDeclaration;
+  }
 
   /// The declaration in the scope that has the name of another; `kNoDeclaration` when there is
   /// none.
-  DeclarationIndex FindNameOf(DeclarationIndex declaration) const;
+  DeclarationIndex FindNameOf(DeclarationIndex declaration) const {
+    return At(names_.Of(declaration));
+  }
   /// The declaration of a name; `kNoDeclaration` when there is none.
-  DeclarationIndex Find(std::string_view name) const;
+  DeclarationIndex Find(std::string_view name) const { return At(names_.Find(name)); }
 
  private:
   struct Entry {
@@ -32,7 +39,10 @@ class ScopeNames {
     DeclarationIndex declaration = kNoDeclaration;
   };
 
-  DeclarationIndex At(NameNumber number) const;
+  DeclarationIndex At(NameNumber number) const {
+    if (number == kNoName || entries_[number].scope != scope_) return kNoDeclaration;
+    return entries_[number].declaration;
+  }
 
   const DeclaredNames& names_;
   std::vector<Entry> entries_;  // by the name's number

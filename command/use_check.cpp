@@ -61,6 +61,8 @@ void UseCheck::CheckUses(DeclarationIndex user) {
 
 void UseCheck::CheckUse(const Use& use, DeclarationIndex user) {
   if (use.place == UsePlace::kBase || use.place == UsePlace::kHeader) return;
+  const DeclarationIndex outermost = declarations_.Outermost(use.used);
+  if (names_.IsUnique(use.used) && names_.IsUnique(outermost)) return;
   const bool isRaised = use.place == UsePlace::kRaised;
   // The type of an operation's result is used outside the operation.
   const bool isOperation = declarations_[user].kind == Kind::kOperation;
@@ -70,7 +72,6 @@ void UseCheck::CheckUse(const Use& use, DeclarationIndex user) {
       return CheckHit(scopeNames_.FindNameOf(use.used), use.used, user, use.place);
     }
   }
-  const DeclarationIndex outermost = declarations_.Outermost(use.used);
   CheckScopesAround(outermost);
   CheckHit(scopeNames_.FindNameOf(outermost), outermost, user, use.place);
 }
