@@ -80,6 +80,16 @@ class Declarations {
     }
   }
 
+  /// Calls `visit` with each declaration whose name lies in the scope that one makes, or in that at
+  /// the top: those directly inside it, and the enumerators of these.
+  template <typename Visit>
+  void ForEachNameIn(DeclarationIndex scope, Visit visit) const {
+    ForEachChild(scope, [&](DeclarationIndex member) {
+      visit(member);
+      if (declarations_[member].kind == DeclarationKind::kEnum) ForEachChild(member, visit);
+    });
+  }
+
  private:
   void AddTree(model::Element& top, DeclarationKind kind);
   void IndexElements();

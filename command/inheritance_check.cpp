@@ -21,14 +21,23 @@ struct Edge {
   friend auto operator<=>(const Edge&, const Edge&) = default;
 };
 
-std::vector<Edge> EdgesOf(const Declarations& declarations, const DeclarationUses& uses) {
-  std::vector<Edge> edges;
+/// What can inherit. None of it stands inside another.
+std::vector<DeclarationIndex> OwnersIn(const Declarations& declarations) {
+  std::vector<DeclarationIndex> owners;
   for (DeclarationIndex index = 0; index < declarations.Size(); ++index) {
-    if (!InheritsMembers(declarations[index].kind)) continue;
-    for (const Use& use : uses.Of(index)) {
+    if (InheritsMembers(declarations[index].kind)) owners.push_back(index);
+  }
+  return owners;
+}
+
+std::vector<Edge> EdgesOf(std::span<const DeclarationIndex> owners,
+                          const Declarations& declarations, const DeclarationUses& uses) {
+  std::vector<Edge> edges;
+  for (const DeclarationIndex owner : owners) {
+    for (const Use& use : uses.Of(owner)) {
       const bool isBase = use.place == UsePlace::kBase;
       if (isBase && InheritsMembers(declarations[use.used].kind))
-        edges.push_back({use.used, index});
+        edges.push_back({use.used, owner});
     }
   }
   std::ranges::sort(edges);
@@ -58,14 +67,11 @@ class MemberCollector {
       : declarations_(declarations), names_(names), counts_(names.Size()) {}
 
   /// An enumerator counts as a member where its enumeration does.
-  void AddMembers() {
-    for (DeclarationIndex index = 0; index < declarations_.Size(); ++index) {
-      if (names_.IsUnique(index)) continue;
-      const DeclarationIndex owner = declarations_.ScopeOf(index);
-      if (owner == kNoDeclaration || !InheritsMembers(declarations_[owner].kind)) continue;
-      const Role role = IsInherited(declarations_[index].kind) ? Role::kInherited : Role::kOwn;
-      Add({names_.Of(index), owner, index, role});
-    }
+  void AddMembers(DeclarationIndex owner) {
+    declarations_.ForEachNameIn(owner, [&](DeclarationIndex member) {
+      const Role role = IsInherited(declarations_[member].kind) ? Role::kInherited : Role::kOwn;
+      Add({names_.Of(member), owner, member, role});
+    });
   }
 
   /// What an heir uses, by the name that it is written with: the outermost where it isn't visible.
@@ -103,14 +109,15 @@ class MemberCollector {
   std::vector<std::uint32_t> counts_;  // of members, by name
 };
 
-std::vector<Member> MembersOf(const Declarations& declarations, const DeclaredNames& names,
+std::vector<Member> MembersOf(std::span<const DeclarationIndex> owners,
+                              const Declarations& declarations, const DeclaredNames& names,
                               const DeclarationUses& uses, std::span<const Edge> edges) {
   std::vector<bool> inherits(declarations.Size());
   for (const Edge& edge : edges) inherits[edge.derived] = true;
   MemberCollector collector(declarations, names);
-  collector.AddMembers();
-  for (DeclarationIndex index = 0; index < declarations.Size(); ++index) {
-    if (inherits[index]) collector.AddUses(index, uses);
+  for (const DeclarationIndex owner : owners) collector.AddMembers(owner);
+  for (const DeclarationIndex owner : owners) {
+    if (inherits[owner]) collector.AddUses(owner, uses);
   }
   return std::move(collector).Sorted();
 }
@@ -211,9 +218,10 @@ bool MayClash(std::span<const Member> members) {
 void CheckInheritance(const Declarations& declarations, const DeclaredNames& names,
                       const DeclarationUses& uses, NameFindings& findings) {
   constexpr std::size_t stepsPerDeclaration = 64;
-  const std::vector<Edge> edges = EdgesOf(declarations, uses);
+  const std::vector<DeclarationIndex> owners = OwnersIn(declarations);
+  const std::vector<Edge> edges = EdgesOf(owners, declarations, uses);
   if (edges.empty()) return;
-  const std::vector<Member> members = MembersOf(declarations, names, uses, edges);
+  const std::vector<Member> members = MembersOf(owners, declarations, names, uses, edges);
   NameInheritance inheritance(declarations, edges, findings);
   std::size_t steps = 0;
   for (auto first = members.begin(); first != members.end();) {

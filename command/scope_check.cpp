@@ -71,12 +71,8 @@ class ScopeCheck {
   }
 
   void CheckBody(DeclarationIndex body, OpenModules& openModules) {
-    declarations_.ForEachChild(body, [&](DeclarationIndex member) {
-      const DeclarationIndex first = Enter(body, member);
-      Open(member, first, openModules);
-      if (declarations_[member].kind != Kind::kEnum) return;
-      declarations_.ForEachChild(member,
-                                 [&](DeclarationIndex enumerator) { Enter(body, enumerator); });
+    declarations_.ForEachNameIn(body, [&](DeclarationIndex member) {
+      Open(member, Enter(body, member), openModules);
     });
   }
 
