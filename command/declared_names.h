@@ -6,43 +6,32 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <string_view>
 #include <vector>
 
 #include "command/declarations.h"
-#include "model/hash_index.h"
 
 namespace command {
 
-/// The number of a name: the first declaration that has it.
-using NameNumber = DeclarationIndex;
-inline constexpr NameNumber kNoName = kNoDeclaration;
+using NameNumber = std::uint32_t;
+/// The number of declarations without a name.
+inline constexpr NameNumber kNoName = 0;
+/// The number of each declaration that certainly shares its name with no other.
+inline constexpr NameNumber kUniqueName = ~NameNumber{0};
 
 class DeclaredNames {
  public:
-  /// Numbers the names of the declarations, which must outlive this.
   explicit DeclaredNames(const Declarations& declarations);
 
-  /// The number of a declaration's name; `kNoName` for one without a name.
   NameNumber Of(DeclarationIndex declaration) const { return numbers_[declaration]; }
-  /// The number of a name; `kNoName` when nothing is declared under it.
-  NameNumber Find(std::string_view name) const;
-  /// What all numbers are below.
-  std::size_t Size() const { return numbers_.size(); }
-
-  /// Whether a declaration has a name and no other has the same. It clashes with nothing then.
-  bool IsUnique(DeclarationIndex declaration) const {
-    return numbers_[declaration] == declaration && isShared_[declaration] == 0;
-  }
+  /// What all numbers but `kUniqueName` are below.
+  std::size_t Size() const { return size_; }
 
  private:
-  NameNumber Enter(DeclarationIndex declaration);
-  NameNumber Find(std::string_view name, std::uint32_t hash) const;
-
-  const Declarations& declarations_;
-  std::vector<NameNumber> numbers_;     // by declaration
-  std::vector<std::uint8_t> isShared_;  // by number, 0 or 1; bits would be slower to read
-  model::HashIndex index_;              // of the names
+  std::vector<NameNumber> numbers_;  // by declaration
+  std::size_t size_ = kNoName + 1;
 };
+
+/// Whether anything can clash with what has that number.
+constexpr bool MayClash(NameNumber number) { return number != kNoName && number != kUniqueName; }
 
 }  // namespace command

@@ -98,7 +98,7 @@ class MemberCollector {
 
  private:
   void Add(const Member& member) {
-    if (member.name == kNoName || names_.IsUnique(member.name)) return;
+    if (!MayClash(member.name)) return;
     ++counts_[member.name];
     members_.push_back(member);
   }

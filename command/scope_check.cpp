@@ -71,9 +71,8 @@ class ScopeCheck {
   }
 
   void CheckBody(DeclarationIndex body, OpenModules& openModules) {
-    declarations_.ForEachNameIn(body, [&](DeclarationIndex member) {
-      Open(member, Enter(body, member), openModules);
-    });
+    declarations_.ForEachNameIn(
+        body, [&](DeclarationIndex member) { Open(member, Enter(body, member), openModules); });
   }
 
   /// Notes a member's own scope, together with those of the modules that it reopens.
@@ -94,7 +93,7 @@ class ScopeCheck {
 
   /// Enters a member's name; returns the member that had it before.
   DeclarationIndex Enter(DeclarationIndex scope, DeclarationIndex member) {
-    if (names_.Of(member) == kNoName) return kNoDeclaration;
+    if (!MayClash(names_.Of(member))) return kNoDeclaration;
     const DeclarationIndex first = scopeNames_.Enter(member);
     if (first != kNoDeclaration) Compare(first, member);
     if (scope == kNoDeclaration || names_.Of(member) != names_.Of(scope)) return first;

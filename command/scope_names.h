@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <string_view>
 #include <vector>
 
 #include "command/declared_names.h"
@@ -16,7 +15,7 @@ class ScopeNames {
   /// Forgets all names, for the next scope. Costs nothing.
   void Clear() { ++scope_; }
 
-  /// Enters a declaration, which has a name; returns the one that had the name before, or
+  /// Enters a declaration, whose name may clash; returns the one that had the name before, or
   /// `kNoDeclaration`. The first keeps the name.
   DeclarationIndex Enter(DeclarationIndex declaration) {
     Entry& entry = entries_[names_.Of(declaration)];
@@ -28,21 +27,16 @@ class ScopeNames {
   /// The declaration in the scope that has the name of another; `kNoDeclaration` when there is
   /// none.
   DeclarationIndex FindNameOf(DeclarationIndex declaration) const {
-    return At(names_.Of(declaration));
+    const NameNumber number = names_.Of(declaration);
+    if (!MayClash(number) || entries_[number].scope != scope_) return kNoDeclaration;
+    return entries_[number].declaration;
   }
-  /// The declaration of a name; `kNoDeclaration` when there is none.
-  DeclarationIndex Find(std::string_view name) const { return At(names_.Find(name)); }
 
  private:
   struct Entry {
     std::uint32_t scope = 0;  // in which the name was declared last
     DeclarationIndex declaration = kNoDeclaration;
   };
-
-  DeclarationIndex At(NameNumber number) const {
-    if (number == kNoName || entries_[number].scope != scope_) return kNoDeclaration;
-    return entries_[number].declaration;
-  }
 
   const DeclaredNames& names_;
   std::vector<Entry> entries_;  // by the name's number

@@ -68,12 +68,15 @@ void CheckName(const Declarations& declarations, DeclarationIndex index,
 void CheckSpelling(const Declarations& declarations, const DeclaredNames& names,
                    FileMapping mapping, NameFindings& findings) {
   const ImplementationFiles implementationFiles(declarations, mapping);
-  std::vector<bool> isHarmless(names.Size());
+  std::vector<bool> isHarmless(names.Size());  // by number, as far as known
   for (DeclarationIndex index = 0; index < declarations.Size(); ++index) {
     const NameNumber number = names.Of(index);
-    if (number == index) isHarmless[number] = IsHarmless(declarations.Name(index));
-    if (number != kNoName && isHarmless[number]) continue;
-    CheckName(declarations, index, implementationFiles, findings);
+    if (number != kUniqueName && isHarmless[number]) continue;
+    if (!IsHarmless(declarations.Name(index))) {
+      CheckName(declarations, index, implementationFiles, findings);
+    } else if (number != kUniqueName) {
+      isHarmless[number] = true;
+    }
   }
 }
 

@@ -3,7 +3,6 @@
 #include <list>
 #include <string>
 
-#include "command/idl_identifier.h"
 #include "command/model_words.h"
 
 namespace command {
@@ -62,7 +61,7 @@ void UseCheck::CheckUses(DeclarationIndex user) {
 void UseCheck::CheckUse(const Use& use, DeclarationIndex user) {
   if (use.place == UsePlace::kBase || use.place == UsePlace::kHeader) return;
   const DeclarationIndex outermost = declarations_.Outermost(use.used);
-  if (names_.IsUnique(use.used) && names_.IsUnique(outermost)) return;
+  if (names_.Of(use.used) == kUniqueName && names_.Of(outermost) == kUniqueName) return;
   const bool isRaised = use.place == UsePlace::kRaised;
   // The type of an operation's result is used outside the operation.
   const bool isOperation = declarations_[user].kind == Kind::kOperation;
@@ -78,6 +77,7 @@ void UseCheck::CheckUse(const Use& use, DeclarationIndex user) {
 
 /// A scope hides what has its own name from all inside it.
 void UseCheck::CheckScopesAround(DeclarationIndex used) {
+  if (names_.Of(used) == kUniqueName) return;
   for (DeclarationIndex at = scope_; at != kNoDeclaration; at = declarations_[at].parent) {
     if (names_.Of(at) != names_.Of(used) || isReported_[at] || IsItself(at, used)) continue;
     isReported_[at] = true;
@@ -102,13 +102,26 @@ void UseCheck::CheckLabels(DeclarationIndex unionDeclaration) {
     Element& element = *declarations_[member].element;
     if (!isSimple) {
       for (const std::string& label : LabelsOf(element)) {
-        CheckHit(scopeNames_.Find(LastPart(label)), type, member, UsePlace::kPlain);
+        CheckHit(FindLabel(LastPart(label)), type, member, UsePlace::kPlain);
       }
     } else if (next < declarations_[type].end && !IsTagTrue(element, "'case' (. isDefault .)")) {
       CheckHit(scopeNames_.FindNameOf(next), next, member, UsePlace::kPlain);
       ++next;
     }
   });
+}
+
+/// The declaration in the scope that has the name of a label; `kNoDeclaration` when none has. The
+/// names of a scope are made to a table when the first label in it is met.
+DeclarationIndex UseCheck::FindLabel(std::string_view label) {
+  if (labelled_.scope != scope_) {
+    labelled_ = {scope_, {}};
+    declarations_.ForEachNameIn(scope_, [&](DeclarationIndex member) {
+      labelled_.members.try_emplace(declarations_.Name(member), member);
+    });
+  }
+  const auto found = label.empty() ? labelled_.members.end() : labelled_.members.find(label);
+  return found == labelled_.members.end() ? kNoDeclaration : found->second;
 }
 
 /// Checks what in the scope has the name of something used; `kNoDeclaration` when nothing has.

@@ -5,11 +5,13 @@
 #pragma once
 
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "command/declaration_uses.h"
 #include "command/declarations.h"
 #include "command/declared_names.h"
+#include "command/idl_identifier.h"
 #include "command/name_findings.h"
 #include "command/scope_names.h"
 
@@ -31,10 +33,17 @@ class UseCheck {
   void Check(DeclarationIndex scope);
 
  private:
+  /// What is declared in a scope, by name.
+  struct LabelledScope {
+    DeclarationIndex scope = kNoDeclaration;
+    std::unordered_map<std::string_view, DeclarationIndex, NameHash, NameEqual> members;
+  };
+
   void CheckUses(DeclarationIndex user);
   void CheckUse(const Use& use, DeclarationIndex user);
   void CheckScopesAround(DeclarationIndex used);
   void CheckLabels(DeclarationIndex unionDeclaration);
+  DeclarationIndex FindLabel(std::string_view label);
   void CheckHit(DeclarationIndex hit, DeclarationIndex used, DeclarationIndex user, UsePlace place);
   bool IsHidden(DeclarationIndex used) const;
   bool IsItself(DeclarationIndex found, DeclarationIndex used) const;
@@ -46,6 +55,7 @@ class UseCheck {
   const DeclarationUses& uses_;
   NameFindings& findings_;
   std::vector<bool> isReported_;
+  LabelledScope labelled_;  // the last scope that labels were looked for in
   DeclarationIndex scope_ = kNoDeclaration;
 };
 

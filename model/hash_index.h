@@ -4,7 +4,6 @@
 // told apart in different ways. Nothing is ever taken out.
 #pragma once
 
-#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <utility>
@@ -16,8 +15,7 @@ class HashIndex {
  public:
   static constexpr std::uint32_t none = UINT32_MAX;
 
-  /// With room for that many, at least, before it grows.
-  explicit HashIndex(std::size_t room = 256) : cells_(std::bit_ceil(2 * room)) {}
+  HashIndex() : cells_(512) {}
 
   /// The number of that hash for which `isSame(number)` holds; `none` when there is none.
   template <typename IsSame>
