@@ -100,7 +100,9 @@ void Declarations::AddTree(Element& top, Kind topKind) {
   const auto add = [&](Element& element, DeclarationIndex parent, Kind kind) {
     if (kind == Kind::kModule && !modules.insert(&element).second) return;
     const DeclarationIndex index = Size();
-    declarations_.push_back({&element, WrittenName(element, kind), parent, index + 1, kind});
+    const std::string_view name = WrittenName(element, kind);
+    const auto nameSize = static_cast<std::uint32_t>(name.size());
+    declarations_.push_back({&element, name.data(), nameSize, parent, index + 1, kind});
     if (HoldsDeclarations(kind)) levels.push_back({index, element.Entities(MembersOf(kind))});
   };
   add(top, kNoDeclaration, topKind);

@@ -24,13 +24,16 @@ inline constexpr DeclarationIndex kNoDeclaration = model::HashIndex::none;
 
 struct Declaration {
   model::Element* element = nullptr;
-  /// The name that is written for it.
-  std::string_view name;
+  const char* nameText = nullptr;
+  std::uint32_t nameSize = 0;
   /// What it stands in; `kNoDeclaration` at the top.
   DeclarationIndex parent = kNoDeclaration;
   /// Behind the last declaration inside it; those inside follow it without a gap.
   DeclarationIndex end = 0;
   DeclarationKind kind = DeclarationKind::kModule;
+
+  /// The name that is written for it.
+  std::string_view Name() const { return {nameText, nameSize}; }
 };
 
 class Declarations {
@@ -41,7 +44,7 @@ class Declarations {
   DeclarationIndex Size() const { return static_cast<DeclarationIndex>(declarations_.size()); }
   const Declaration& operator[](DeclarationIndex index) const { return declarations_[index]; }
 
-  std::string_view Name(DeclarationIndex index) const { return declarations_[index].name; }
+  std::string_view Name(DeclarationIndex index) const { return declarations_[index].Name(); }
   /// The names from the outermost declaration to this one, joined.
   std::string ScopedName(DeclarationIndex index, std::string_view separator = "::") const;
   /// "struct Accounts::Entry", on one line.

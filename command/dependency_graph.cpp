@@ -67,7 +67,7 @@ class GraphMaker {
   std::uint32_t ModuleOf(const Declaration& declaration, std::uint32_t around) {
     const auto place = static_cast<std::uint32_t>(graph_.modules.size());
     const auto [module, isNew] = modules_.try_emplace(declaration.element, place);
-    if (isNew) graph_.modules.push_back({std::string(declaration.name), Place(around)});
+    if (isNew) graph_.modules.push_back({std::string(declaration.Name()), Place(around)});
     return module->second;
   }
 
@@ -75,7 +75,8 @@ class GraphMaker {
     const auto place = static_cast<std::uint32_t>(graph_.nodes.size());
     const auto [node, isNew] = nodes_.try_emplace(declaration.element, place);
     if (isNew) {
-      graph_.nodes.push_back({std::string(declaration.name), declaration.kind, Place(around), {}});
+      graph_.nodes.push_back(
+          {std::string(declaration.Name()), declaration.kind, Place(around), {}});
     }
     return node->second;
   }
