@@ -1,7 +1,5 @@
 #include "tree/definition.h"
 
-#include <vector>
-
 #include "types/properties.h"
 
 namespace mdktoidl {
@@ -11,12 +9,11 @@ std::string Definition::Name() const {
 }
 
 void Definition::BuildScopedName(std::string& result, const std::string& separator) const {
-  std::vector<const Definition*> inwards;
-  for (const Definition* each = this; each != nullptr; each = each->scope) inwards.push_back(each);
-  result = inwards.back()->Name();
-  inwards.pop_back();
-  for (; !inwards.empty(); inwards.pop_back()) {
-    result.append(separator).append(inwards.back()->Name());
+  if (scope == nullptr) {
+    result = Name();
+  } else {
+    scope->BuildScopedName(result, separator);
+    result.append(separator).append(Name());
   }
 }
 
