@@ -43,7 +43,7 @@ bool Constant::EvaluateType(NodeList& deps) {
 }
 
 bool Constant::EvaluateDefinition(const TypeReference& reference, NodeList& deps) {
-  type = GetNodeRef(reference.definitions.front());
+  type = GetNodeRef(reference.definition);
   if (type == nullptr) {
     Report(Message::constantTypeNotExported, {ScopedName("::")});
     return false;

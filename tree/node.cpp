@@ -73,7 +73,7 @@ void Node::ResolveType(mdk::IMdeEntity* typed, const TypeComplaints& complaints,
   UseType(std::move(reference), complaints, deps);
 }
 
-void Node::UseType(TypeReference reference, const TypeComplaints& complaints, NodeList& deps) {
+void Node::UseType(TypeReference&& reference, const TypeComplaints& complaints, NodeList& deps) {
   typeKind = reference.kind;
   typeName = std::move(reference.text);
   elementKind = reference.elementKind;
@@ -86,7 +86,7 @@ void Node::UseType(TypeReference reference, const TypeComplaints& complaints, No
   if (reference.isAnonymous && complaints.typeAnonymous) {
     Report(*complaints.typeAnonymous, {ScopedName("::")});
   }
-  ResolveDefinitions(reference, complaints.typeNotExported, deps);
+  ResolveDefinition(reference, complaints.typeNotExported, deps);
 }
 
 void Node::ResolveBounds(const TypeReference& reference, std::optional<Message> unknown,
@@ -101,16 +101,15 @@ void Node::ResolveBounds(const TypeReference& reference, std::optional<Message> 
   }
 }
 
-void Node::ResolveDefinitions(const TypeReference& reference, Message notExported, NodeList& deps) {
-  for (mdk::IMdeEntity* named : reference.definitions) {
-    type = GetNodeRef(named);
-    if (type == nullptr) {
-      Report(notExported, {ScopedName("::")});
-      continue;
-    }
-    deps.push_back(type);
-    if (!reference.isAnonymous && !InCurrentScope(type)) auxText = type->ScopedName("::");
+void Node::ResolveDefinition(const TypeReference& reference, Message notExported, NodeList& deps) {
+  if (reference.definition == nullptr) return;
+  type = GetNodeRef(reference.definition);
+  if (type == nullptr) {
+    Report(notExported, {ScopedName("::")});
+    return;
   }
+  deps.push_back(type);
+  if (!reference.isAnonymous && !InCurrentScope(type)) auxText = type->ScopedName("::");
 }
 
 void SortByCreation(NodeList& nodes) {

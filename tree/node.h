@@ -109,7 +109,7 @@ class Node : public Definition {
   /// Resolves the type of `typed` as the type of this declaration.
   void ResolveType(mdk::IMdeEntity* typed, const TypeComplaints& complaints, NodeList& deps);
   /// Makes a type that has been looked up the type of this declaration.
-  void UseType(TypeReference reference, const TypeComplaints& complaints, NodeList& deps);
+  void UseType(TypeReference&& reference, const TypeComplaints& complaints, NodeList& deps);
 
   /// The type as it is written here.
   std::string_view TypeText() const { return auxText.empty() ? typeName : *auxText.get(); }
@@ -136,7 +136,7 @@ class Node : public Definition {
 
   void ResolveBounds(const TypeReference& reference, std::optional<Message> unknown,
                      NodeList& deps);
-  void ResolveDefinitions(const TypeReference& reference, Message notExported, NodeList& deps);
+  void ResolveDefinition(const TypeReference& reference, Message notExported, NodeList& deps);
 
   std::uint32_t serial;
   std::uint32_t lastSerial;

@@ -88,7 +88,7 @@ void Union::EvaluateDiscriminator(NodeList& deps) {
 }
 
 void Union::EvaluateDiscriminatorNode(const TypeReference& reference, NodeList& deps) {
-  type = GetNodeRef(reference.definitions.front());
+  type = GetNodeRef(reference.definition);
   if (type == nullptr) {
     Report(Message::discriminatorNotExported, {ScopedName("::")});
     return;

@@ -112,7 +112,7 @@ class TemplateChain {
     for (auto level = levels_.rbegin(); level != levels_.rend(); ++level) Close(*level, result);
     result.kind = templateType;
     result.elementKind = levels_.size() > 1 ? templateType : innermost.kind;
-    result.definitions = innermost.definitions;
+    result.definition = innermost.definition;
     result.isAnonymous = true;
   }
 

@@ -19,11 +19,10 @@ void SetPredefined(std::string_view text, TypeReference& result) {
   result.text = text;
 }
 
-void SetDefinition(mdk::IMdeEntity* definitionElement, TypeKind kind, std::string name,
-                   TypeReference& result) {
+void SetDefinition(mdk::IMdeEntity* named, TypeKind kind, std::string name, TypeReference& result) {
   result.kind = result.elementKind = kind;
   result.text = std::move(name);
-  result.definitions.push_back(definitionElement);
+  result.definition = named;
 }
 
 /// The definition that a typed element's identifier names.
@@ -48,8 +47,8 @@ void WrapInSequence(const std::string& multiplicity, bool bounded, const TypeUse
     Report(Message::multiplicityOfArray, {user.Describe()});
     return;
   }
-  const bool isName = !result.isAnonymous && !result.definitions.empty();
-  std::string element = isName ? user.Spell(result.definitions.front()) : result.text;
+  const bool isName = !result.isAnonymous && result.definition != nullptr;
+  std::string element = isName ? user.Spell(result.definition) : result.text;
   if (bounded) element += ", " + multiplicity;
   result.text = SequenceText(element);
   result.isAnonymous = true;

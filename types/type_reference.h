@@ -24,8 +24,9 @@ struct TypeReference {
   bool isAnonymous = false;
   /// The constants that bound a multiplicity; null for one that the model names but doesn't hold.
   std::vector<mdk::IMdeEntity*> bounds;
-  /// The definitions that the text names. Each must be a declaration of the export.
-  std::vector<mdk::IMdeEntity*> definitions;
+  /// The definition that the text names, which must be a declaration of the export; null for a text
+  /// of predefined types alone.
+  mdk::IMdeEntity* definition = nullptr;
 };
 
 /// Resolves the "Type" of a typed element for `user`. Returns the type's definition element (for a
