@@ -17,6 +17,8 @@ Node::Node(mdk::IMdeEntity* element, Container* parent)
   scope = parent;
 }
 
+void* Node::operator new(std::size_t size) { return nodeRegistry.Allocate(size); }
+
 void Node::CreateNodeRef() { nodeRegistry.Register(entity, this); }
 
 Node* Node::GetNodeRef(mdk::IMdeEntity* element) {

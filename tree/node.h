@@ -4,6 +4,7 @@
 // evaluated, once for the whole tree; then it is written. Constructs differ by what they override.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <fstream>
 #include <optional>
@@ -44,6 +45,10 @@ struct Alias {
 class Node : public Definition {
  public:
   ~Node() override = default;
+
+  /// Nodes lie in memory of the run, which is given back as a whole.
+  static void* operator new(std::size_t size);
+  static void operator delete(void*) {}
 
   /// Resolves the types that this declaration uses, checks its rules, and appends to `deps` every
   /// node outside it that it refers to.

@@ -46,6 +46,14 @@ bool NodeRegistry::Take(const mdk::IMdeEntity* element) {
   return std::exchange(CellOf(element).tree, tree_) != tree_;
 }
 
+void NodeRegistry::Clear() {
+  cells_ = {};
+  used_ = 0;
+  lastSerial_ = 0;
+  tree_ = 0;
+  memory_.release();
+}
+
 void NodeRegistry::Grow() {
   constexpr std::size_t smallest = 256;
   const std::size_t size = cells_.empty() ? smallest : 2 * cells_.size();

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory_resource>
 #include <vector>
 
 namespace mdk {
@@ -36,8 +37,12 @@ class NodeRegistry {
   /// much as there are ways to it, or never end.
   bool Take(const mdk::IMdeEntity* element);
 
-  /// Forgets all nodes; for the beginning and the end of a run.
-  void Clear() { *this = NodeRegistry(); }
+  /// Memory for a node, until `Clear`. Nodes made one after the other lie side by side, which is the
+  /// order in which they are walked.
+  void* Allocate(std::size_t size) { return memory_.allocate(size); }
+
+  /// Forgets all nodes, which must be destroyed; for the beginning and the end of a run.
+  void Clear();
 
  private:
   struct Cell {
@@ -54,6 +59,7 @@ class NodeRegistry {
   std::vector<Cell> cells_;
   std::size_t used_ = 0;
   std::uint32_t lastSerial_ = 0;
+  std::pmr::monotonic_buffer_resource memory_;
   std::uint32_t tree_ = 0;  // the number of the tree that was begun last
 };
 
