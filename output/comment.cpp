@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <string_view>
 
 #include "output/layout.h"
 #include "types/elements.h"
@@ -13,11 +14,12 @@ namespace mdktoidl {
 void WriteComments(mdk::IMdeEntity* element, std::ofstream& out) {
   for (mdk::IMdeEntity* comment : Elements(element, properties::comment)) {
     const std::string text = comment->GetValue(properties::text, 0);
-    std::size_t end;
-    for (std::size_t begin = 0; begin < text.size(); begin = end + 1) {
-      end = std::min(text.find('\n', begin), text.size());
+    std::string_view rest = text;
+    while (!rest.empty()) {
+      const std::string_view line = rest.substr(0, rest.find('\n'));
       newline(out);
-      Write(out, {"// ", TrimEndOfString(text.substr(begin, end - begin))});
+      Write(out, {"// ", TrimEndOfString(line)});
+      rest.remove_prefix(std::min(line.size() + 1, rest.size()));
     }
   }
 }

@@ -5,7 +5,7 @@
 
 namespace mdktoidl {
 
-std::string TrimEndOfString(const std::string& text) {
+std::string_view TrimEndOfString(std::string_view text) {
   return text.substr(0, text.find_last_not_of(" \t\n\r") + 1);
 }
 

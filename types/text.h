@@ -7,8 +7,8 @@
 
 namespace mdktoidl {
 
-/// The text without its trailing blanks, tabs, line feeds and carriage returns.
-std::string TrimEndOfString(const std::string& text);
+/// The text without its trailing blanks, tabs, line feeds and carriage returns; a part of it.
+std::string_view TrimEndOfString(std::string_view text);
 
 /// The text read as a decimal number, as far as it is one; 0 when it doesn't begin with one.
 long GetLong(const std::string& text);
