@@ -12,6 +12,8 @@ namespace mdktoidl {
 /// Who depends on whom: `Successors(n)` are those that `n` depends on.
 class DependencyGraph {
  public:
+  /// Makes room for that many things.
+  void Reserve(std::size_t size) { starts_.reserve(size); }
   /// Starts the list of the next thing, 0 the first time.
   void AddNode() { starts_.push_back(targets_.size()); }
   /// Adds to the list of the thing added last. `target` may be added later than this call.

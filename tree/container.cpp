@@ -1,6 +1,7 @@
 #include "tree/container.h"
 
 #include <algorithm>
+#include <list>
 
 #include "output/layout.h"
 #include "tree/classification.h"
@@ -17,7 +18,9 @@ void Container::Adopt(std::unique_ptr<Node> child) {
 }
 
 void Container::AdoptMembers(const Classification& table) {
-  for (mdk::IMdeEntity* member : Elements(Entity(), properties::ownedMember)) {
+  const std::list<mdk::IMdeEntity*> members = Elements(Entity(), properties::ownedMember);
+  children.reserve(members.size());
+  for (mdk::IMdeEntity* member : members) {
     if (auto node = Classify(table, member, this)) Adopt(std::move(node));
   }
 }
@@ -38,7 +41,6 @@ void Container::ObserveReferences(const Node&, const NodeList&) {}
 // The list is emptied for each child: what one leaves over can't become a dependency of the next,
 // and is not sorted again for each of its siblings.
 void Container::EvaluateChildren(NodeList& outside) {
-  NodeList collected;
   NodeList deps;
   for (const auto& child : children) {
     deps.clear();
@@ -46,10 +48,9 @@ void Container::EvaluateChildren(NodeList& outside) {
     if (deps.empty()) continue;
     ObserveReferences(*child, deps);
     child->MoveLocalDeclarations(*this, deps);
-    JoinList(deps, collected);
+    JoinList(deps, outside);
   }
-  SortByCreation(collected);
-  JoinList(collected, outside);
+  SortByCreation(outside);
 }
 
 void Container::UnparseBody(std::ofstream& out) const {

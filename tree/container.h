@@ -26,8 +26,8 @@ class Container : public Node {
   /// Builds and takes over a child for every owned member that a table (classification.h) knows.
   void AdoptMembers(const std::vector<ClassificationRow>& table);
 
-  /// Evaluates every child and gives it its dependencies among its siblings; appends to `outside`
-  /// what the children refer to outside this container.
+  /// Evaluates every child and gives it its dependencies among its siblings; adds to `outside`
+  /// what the children refer to outside this container; the list is then sorted by creation.
   void EvaluateChildren(NodeList& outside);
 
   /// Called for each child that refers to anything outside itself, with all of that, before its

@@ -98,15 +98,11 @@ Module::Module(mdk::IMdeEntity* element, Container* parent)
       depth(parent == nullptr ? 1 : static_cast<const Module*>(parent)->depth + 1) {
   if (depth > deepest) throw IDLException("module " + Name() + " is nested too deeply");
   CreateNodeRef();
-  Init(element);
+  Init();
   if (children.empty()) Report(Message::moduleIsEmpty, {ScopedName("::")});
 }
 
-void Module::Init(mdk::IMdeEntity* element) {
-  for (mdk::IMdeEntity* member : Elements(element, properties::ownedMember)) {
-    if (auto node = Classify(moduleMembers, member, this)) Adopt(std::move(node));
-  }
-}
+void Module::Init() { AdoptMembers(moduleMembers); }
 
 void Module::EvaluateTypes(NodeList& deps) {
   NodeList outside;

@@ -26,7 +26,7 @@ class Module : public OrderedScope {
 
  private:
   void ObserveReferences(const Node& child, const NodeList& references) override;
-  void Init(mdk::IMdeEntity* element);
+  void Init();
   void NameFile();
   void UnparseBlock(std::ofstream& out) const;
   /// Modules inside this one are left out when they have files of their own.

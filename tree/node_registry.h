@@ -37,8 +37,8 @@ class NodeRegistry {
   /// much as there are ways to it, or never end.
   bool Take(const mdk::IMdeEntity* element);
 
-  /// Memory for a node, until `Clear`. Nodes made one after the other lie side by side, which is the
-  /// order in which they are walked.
+  /// Memory for a node, until `Clear`. Nodes made one after the other lie side by side, which is
+  /// the order in which they are walked.
   void* Allocate(std::size_t size) { return memory_.allocate(size); }
 
   /// Forgets all nodes, which must be destroyed; for the beginning and the end of a run.

@@ -15,6 +15,7 @@ bool OrderedScope::declares(const std::string& name) const {
 
 void OrderedScope::Sort() {
   DependencyGraph graph;
+  graph.Reserve(children.size());
   for (const auto& child : children) {
     graph.AddNode();
     for (const Node* dependency : child->Dependencies()) {
@@ -22,6 +23,7 @@ void OrderedScope::Sort() {
     }
   }
   const Ordering ordering = OrderByDependencies(graph);
+  sorted.reserve(children.size());
   for (std::size_t position : ordering.order) sorted.push_back(children[position].get());
   for (std::size_t position : ordering.cyclic) {
     Node* node = children[position].get();

@@ -13,6 +13,7 @@ Struct::Struct(mdk::IMdeEntity* element, Container* parent) : Container(element,
   CreateNodeRef();
   const std::list<mdk::IMdeEntity*> members = Elements(element, properties::ownedMember);
   if (members.empty()) Report(Message::structHasNoMembers, {ScopedName("::")});
+  children.reserve(members.size());
   for (mdk::IMdeEntity* member : members) {
     if (!member->IsKindOf("Attribute") || !isPublic(member)) continue;
     if (isConstant(member)) Report(Message::structHasConstant, {ScopedName("::")});
