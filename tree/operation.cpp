@@ -36,9 +36,17 @@ Operation::Operation(mdk::IMdeEntity* element, Container* parent)
   }
 }
 
-bool Operation::isSignal() const { return Entity()->IsKindOf("Signal"); }
+bool Operation::isSignal() const {
+  static const std::string metaclass = "Signal";
+  return Entity()->IsKindOf(metaclass);
+}
 
 bool Operation::isOneway() const {
+  if (!oneway) oneway = DetermineOneway();
+  return *oneway;
+}
+
+bool Operation::DetermineOneway() const {
   static const std::string expression = "CORBAOperation (. overrideIsDefaultAsync .)";
   if (isSignal() || isFinder() || isFactory()) return true;
   mdk::IMdeEntity* isSynchronous = Entity()->EvalExpression(expression, 0);

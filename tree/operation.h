@@ -1,6 +1,8 @@
 // An IDL operation: plain, oneway, a factory or a finder. A UML signal becomes a oneway operation.
 #pragma once
 
+#include <optional>
+
 #include "tree/container.h"
 
 namespace mdktoidl {
@@ -21,6 +23,7 @@ class Operation : public Container {
   bool isOneway() const;
 
  private:
+  bool DetermineOneway() const;
   void CheckOwner() const;
   void EvaluateReturnType(NodeList& deps);
   void EvaluateRaises(NodeList& deps);
@@ -33,6 +36,7 @@ class Operation : public Container {
   NodeList raises;
   bool finder;
   bool factory;
+  mutable std::optional<bool> oneway;  // asked of the model at the first question
 };
 
 }  // namespace mdktoidl
