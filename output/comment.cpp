@@ -17,8 +17,9 @@ void WriteComments(mdk::IMdeEntity* element, std::ofstream& out) {
     std::string_view rest = text;
     while (!rest.empty()) {
       const std::string_view line = rest.substr(0, rest.find('\n'));
-      newline(out);
-      Write(out, {"// ", TrimEndOfString(line)});
+      Line written(out);
+      newline(written);
+      Write(written, {"// ", TrimEndOfString(line)});
       rest.remove_prefix(std::min(line.size() + 1, rest.size()));
     }
   }

@@ -8,9 +8,9 @@
 
 namespace mdktoidl {
 
-/// Writes each item with `write`, and ", " between two.
-template <typename Items, typename Writer>
-void WriteSeparated(const Items& items, std::ofstream& out, Writer write) {
+/// Writes each item with `write`, and ", " between two, to a stream or a line of it.
+template <typename Items, typename Out, typename Writer>
+void WriteSeparated(const Items& items, Out& out, Writer write) {
   bool isFirst = true;
   for (const auto& item : items) {
     if (!isFirst) Write(out, {", "});

@@ -18,9 +18,10 @@ bool Attribute::isReadOnly() const {
 
 void Attribute::Unparse(std::ofstream& out) {
   UnparseComment(Entity(), out);
-  newline(out);
+  Line line(out);
+  newline(line);
   const std::string_view keywords = isReadOnly() ? "readonly attribute " : "attribute ";
-  Write(out, {keywords, TypeText(), " ", Name(), DeclaratorSuffix(), ";"});
+  Write(line, {keywords, TypeText(), " ", Name(), DeclaratorSuffix(), ";"});
 }
 
 }  // namespace mdktoidl

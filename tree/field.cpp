@@ -6,8 +6,9 @@ namespace mdktoidl {
 
 void Field::Unparse(std::ofstream& out) {
   UnparseComment(Entity(), out);
-  newline(out);
-  Write(out, {TypeText(), " ", Name(), DeclaratorSuffix(), ";"});
+  Line line(out);
+  newline(line);
+  Write(line, {TypeText(), " ", Name(), DeclaratorSuffix(), ";"});
 }
 
 }  // namespace mdktoidl

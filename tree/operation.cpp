@@ -95,55 +95,60 @@ void Operation::EvaluateReturnType(NodeList& deps) {
 
 void Operation::Unparse(std::ofstream& out) {
   UnparseComment(Entity(), out);
-  newline(out);
-  UnparsePrefix(out);
-  Write(out, {Name(), "("});
-  UnparseParameters(out);
-  Write(out, {")"});
-  UnparseRaises(out);
-  UnparseContext(out);
-  Write(out, {";"});
+  Line line(out);
+  newline(line);
+  UnparsePrefix(line);
+  Write(line, {Name(), "("});
+  UnparseParameters(line);
+  Write(line, {")"});
+  UnparseRaises(line);
+  UnparseContext(line);
+  Write(line, {";"});
 }
 
-void Operation::UnparsePrefix(std::ofstream& out) const {
+void Operation::UnparsePrefix(Line& line) const {
   if (isFinder()) {
-    Write(out, {"finder "});
+    Write(line, {"finder "});
   } else if (isFactory()) {
-    Write(out, {"factory "});
+    Write(line, {"factory "});
   } else if (isOneway()) {
-    Write(out, {"oneway void "});
+    Write(line, {"oneway void "});
   } else if (returnParameter != nullptr) {
-    Write(out, {TypeText(), DeclaratorSuffix(), " "});
+    Write(line, {TypeText(), DeclaratorSuffix(), " "});
   } else {
-    Write(out, {"void "});
+    Write(line, {"void "});
   }
 }
 
-void Operation::UnparseParameters(std::ofstream& out) const {
-  NodeList written;
-  for (const auto& parameter : children) {
-    if (parameter.get() != returnParameter) written.push_back(parameter.get());
+void Operation::UnparseParameters(Line& line) const {
+  std::string_view separator;
+  for (const auto& child : children) {
+    if (child.get() == returnParameter) continue;
+    Write(line, {separator});
+    static_cast<const Parameter&>(*child).Unparse(line);
+    separator = ", ";
   }
-  WriteSeparated(written, out, [&out](Node* parameter) { parameter->Unparse(out); });
 }
 
-void Operation::UnparseRaises(std::ofstream& out) const {
+void Operation::UnparseRaises(Line& line) const {
   if (raises.empty()) return;
-  Write(out, {" raises ("});
-  WriteSeparated(raises, out, [&out](const Node* exception) { Write(out, {exception->Name()}); });
-  Write(out, {")"});
+  Write(line, {" raises ("});
+  WriteSeparated(raises, line,
+                 [&line](const Node* exception) { Write(line, {exception->Name()}); });
+  Write(line, {")"});
 }
 
-void Operation::UnparseContext(std::ofstream& out) const {
+void Operation::UnparseContext(Line& line) const {
   static const std::string expression = "CORBAOperation (. context .)";
   mdk::IMdeEntity* context = Entity()->EvalExpression(expression, 0);
   if (context == nullptr || !context->IsKindOf("ListExpr")) return;
   const std::list<mdk::IMdeEntity*> expressions = Elements(context, properties::expression);
   if (expressions.empty()) return;
-  out << " context (";
-  WriteSeparated(expressions, out,
-                 [&out](mdk::IMdeEntity* each) { out << each->GetValue(properties::value, 0); });
-  out << ')';
+  Write(line, {" context ("});
+  WriteSeparated(expressions, line, [&line](mdk::IMdeEntity* each) {
+    Write(line, {each->GetValue(properties::value, 0)});
+  });
+  Write(line, {")"});
 }
 
 }  // namespace mdktoidl

@@ -7,6 +7,8 @@
 
 namespace mdktoidl {
 
+class Line;
+
 /// Its children are the parameters, the return parameter included.
 class Operation : public Container {
  public:
@@ -27,10 +29,10 @@ class Operation : public Container {
   void CheckOwner() const;
   void EvaluateReturnType(NodeList& deps);
   void EvaluateRaises(NodeList& deps);
-  void UnparsePrefix(std::ofstream& out) const;
-  void UnparseParameters(std::ofstream& out) const;
-  void UnparseRaises(std::ofstream& out) const;
-  void UnparseContext(std::ofstream& out) const;
+  void UnparsePrefix(Line& line) const;
+  void UnparseParameters(Line& line) const;
+  void UnparseRaises(Line& line) const;
+  void UnparseContext(Line& line) const;
 
   Node* returnParameter = nullptr;  // one of the children; null for none
   NodeList raises;

@@ -39,7 +39,12 @@ void Parameter::EvaluateTypes(NodeList& deps) {
 }
 
 void Parameter::Unparse(std::ofstream& out) {
-  Write(out, {keyword, TypeText(), " ", Name(), DeclaratorSuffix()});
+  Line line(out);
+  Unparse(line);
+}
+
+void Parameter::Unparse(Line& line) const {
+  Write(line, {keyword, TypeText(), " ", Name(), DeclaratorSuffix()});
 }
 
 }  // namespace mdktoidl

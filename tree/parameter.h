@@ -7,6 +7,7 @@
 
 namespace mdktoidl {
 
+class Line;
 class Operation;
 
 class Parameter : public Node {
@@ -15,6 +16,7 @@ class Parameter : public Node {
 
   void EvaluateTypes(NodeList& deps) override;
   void Unparse(std::ofstream& out) override;
+  void Unparse(Line& line) const;
 
   /// Whether this is the operation's result.
   bool isResult() const { return result; }
