@@ -12,7 +12,7 @@ namespace mdktoidl {
 
 class RareText {
  public:
-  RareText& operator=(std::string text) {
+  RareText& operator=(std::string&& text) {
     text_ = text.empty() ? nullptr : std::make_unique<const std::string>(std::move(text));
     return *this;
   }

@@ -19,7 +19,8 @@ void SetPredefined(std::string_view text, TypeReference& result) {
   result.text = text;
 }
 
-void SetDefinition(mdk::IMdeEntity* named, TypeKind kind, std::string name, TypeReference& result) {
+void SetDefinition(mdk::IMdeEntity* named, TypeKind kind, std::string&& name,
+                   TypeReference& result) {
   result.kind = result.elementKind = kind;
   result.text = std::move(name);
   result.definition = named;
@@ -80,19 +81,19 @@ mdk::IMdeEntity* EvaluateBaseType2(mdk::IMdeEntity* expression, const TypeUser& 
 }
 
 mdk::IMdeEntity* EvaluatePlainType(mdk::IMdeEntity* expression, TypeReference& result) {
-  const std::string name = expression->GetValue(properties::name, 0);
+  std::string name = expression->GetValue(properties::name, 0);
   const std::string_view predefined = PredefinedType(name);
   if (!predefined.empty()) {
     SetPredefined(predefined, result);
     return expression;
   }
   if (expression->GetMetaclass() != "Ident") {
-    SetDefinition(expression, definition, name, result);
+    SetDefinition(expression, definition, std::move(name), result);
     return expression;
   }
   mdk::IMdeEntity* found = expression->GetEntity(properties::definition, 0);
   if (found == nullptr) throw IDLException("Failed to interpret ident correctly");
-  SetDefinition(found, identifiedDefinition, name, result);
+  SetDefinition(found, identifiedDefinition, std::move(name), result);
   return found;
 }
 
