@@ -128,13 +128,13 @@ class Node : public Definition {
   /// own line is begun.
   void UnparseHeading(std::ofstream& out) const;
 
-  TypeKind typeKind = unknownType;
   std::string typeName;  // the type's text, simple names for plain definitions
   Node* type = nullptr;  // the declaration that the type names, the last one inside a template
-  TypeKind elementKind = unknownType;
   RareText elementName;  // the declarator suffix
   RareText auxText;      // the "::" name of a type outside the current scope
   NodeList dependencies;
+  TypeKind typeKind = unknownType;
+  TypeKind elementKind = unknownType;
 
  private:
   friend class Container;

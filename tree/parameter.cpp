@@ -7,24 +7,29 @@
 
 namespace mdktoidl {
 
-namespace {
-
-constexpr std::string_view in = "in ";
-
-std::string_view KeywordOf(std::string_view direction) {
-  if (direction == "DkIn" || direction == "DkNone") return in;
-  if (direction == "DkInOut") return "inout ";
-  return direction == "DkOut" ? "out " : "";
+Parameter::Parameter(mdk::IMdeEntity* element, Operation& parent) : Node(element, &parent) {
+  CreateNodeRef();
+  direction = DirectionOf(element->GetValue(properties::direction, 0));
 }
 
-}  // namespace
+Parameter::Direction Parameter::DirectionOf(std::string_view text) {
+  if (text == "DkIn" || text == "DkNone") return Direction::in;
+  if (text == "DkInOut") return Direction::inOut;
+  if (text == "DkOut") return Direction::out;
+  return text == "DkReturn" ? Direction::result : Direction::unknown;
+}
 
-Parameter::Parameter(mdk::IMdeEntity* element, Operation& parent)
-    : Node(element, &parent), operation(parent) {
-  CreateNodeRef();
-  const std::string direction = element->GetValue(properties::direction, 0);
-  keyword = KeywordOf(direction);
-  result = direction == "DkReturn";
+std::string_view Parameter::Keyword() const {
+  switch (direction) {
+    case Direction::in:
+      return "in ";
+    case Direction::inOut:
+      return "inout ";
+    case Direction::out:
+      return "out ";
+    default:
+      return "";
+  }
 }
 
 void Parameter::EvaluateTypes(NodeList& deps) {
@@ -32,7 +37,8 @@ void Parameter::EvaluateTypes(NodeList& deps) {
   static constexpr TypeComplaints complaints = {
       "parameter ", Message::parameterBoundUnknown, Message::parameterTypeUnknown,
       Message::parameterTypeAnonymous, Message::parameterTypeNotExported};
-  if (keyword != in && operation.isOneway()) {
+  const auto& operation = static_cast<const Operation&>(*Scope());
+  if (direction != Direction::in && operation.isOneway()) {
     Report(Message::parameterReturnsValue, {operation.ScopedName("::")});
   }
   ResolveType(Entity(), complaints, deps);
@@ -44,7 +50,7 @@ void Parameter::Unparse(std::ofstream& out) {
 }
 
 void Parameter::Unparse(Line& line) const {
-  Write(line, {keyword, TypeText(), " ", Name(), DeclaratorSuffix()});
+  Write(line, {Keyword(), TypeText(), " ", Name(), DeclaratorSuffix()});
 }
 
 }  // namespace mdktoidl

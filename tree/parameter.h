@@ -1,6 +1,7 @@
 // A parameter of an operation.
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
 #include "tree/container.h"
@@ -19,12 +20,15 @@ class Parameter : public Node {
   void Unparse(Line& line) const;
 
   /// Whether this is the operation's result.
-  bool isResult() const { return result; }
+  bool isResult() const { return direction == Direction::result; }
 
  private:
-  const Operation& operation;
-  std::string_view keyword;  // "in ", "out " or "inout "; empty for any other direction
-  bool result;
+  enum class Direction : std::uint8_t { in, inOut, out, result, unknown };
+
+  static Direction DirectionOf(std::string_view text);
+  std::string_view Keyword() const;
+
+  Direction direction;
 };
 
 }  // namespace mdktoidl
