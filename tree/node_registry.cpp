@@ -1,40 +1,33 @@
 #include "tree/node_registry.h"
 
-#include <cstdint>
 #include <utility>
 
 namespace mdktoidl {
 
 NodeRegistry nodeRegistry;
 
-/// Where the element stands, or the free cell where it would. Neighbours in memory, which are asked
-/// for one after the other, stand side by side, a few of them; these groups are spread.
-std::size_t NodeRegistry::PlaceOf(const mdk::IMdeEntity* element) const {
-  constexpr std::uint64_t spread = 0x9e3779b97f4a7c15u;
-  constexpr int usefulBits = 32;
-  constexpr std::size_t elementSize = 32;  // at least, of any host
-  constexpr std::size_t groupSize = 4;
-  const auto number = reinterpret_cast<std::uintptr_t>(element) / elementSize;
-  const std::size_t group = number / groupSize * spread >> usefulBits;
-  const std::size_t mask = cells_.size() - 1;
-  std::size_t place = (group * groupSize + number % groupSize) & mask;
-  while (cells_[place].element != nullptr && cells_[place].element != element) {
-    place = (place + 1) & mask;
-  }
-  return place;
+std::uintptr_t NodeRegistry::PlaceOf(const mdk::IMdeEntity* element) {
+  return reinterpret_cast<std::uintptr_t>(element) / sizeof(void*);
 }
 
-/// The cell of an element, made when there is none. Valid until the next call.
-NodeRegistry::Cell& NodeRegistry::CellOf(const mdk::IMdeEntity* element) {
-  if (2 * used_ >= cells_.size()) Grow();
-  Cell& cell = cells_[PlaceOf(element)];
-  if (cell.element == nullptr) ++used_;
-  cell.element = element;
-  return cell;
+/// The entry of an element, made when there is none.
+NodeRegistry::Entry& NodeRegistry::EntryOf(const mdk::IMdeEntity* element) {
+  const std::uintptr_t place = PlaceOf(element);
+  Block& block = blocks_[place / std::tuple_size_v<Block>];
+  return block[place % block.size()];
+}
+
+void NodeRegistry::Register(const mdk::IMdeEntity* element, Node* node) {
+  nodes_.push_back(node);
+  EntryOf(element).node = static_cast<std::uint32_t>(nodes_.size());
 }
 
 Node* NodeRegistry::Find(const mdk::IMdeEntity* element) const {
-  return cells_.empty() ? nullptr : cells_[PlaceOf(element)].node;
+  const std::uintptr_t place = PlaceOf(element);
+  const auto block = blocks_.find(place / std::tuple_size_v<Block>);
+  if (block == blocks_.end()) return nullptr;
+  const std::uint32_t node = block->second[place % std::tuple_size_v<Block>].node;
+  return node == 0 ? nullptr : nodes_[node - 1];
 }
 
 void NodeRegistry::BeginTree(const mdk::IMdeEntity* element) {
@@ -43,24 +36,15 @@ void NodeRegistry::BeginTree(const mdk::IMdeEntity* element) {
 }
 
 bool NodeRegistry::Take(const mdk::IMdeEntity* element) {
-  return std::exchange(CellOf(element).tree, tree_) != tree_;
+  return std::exchange(EntryOf(element).tree, tree_) != tree_;
 }
 
 void NodeRegistry::Clear() {
-  cells_ = {};
-  used_ = 0;
+  blocks_ = {};
+  nodes_ = {};
+  memory_.release();
   lastSerial_ = 0;
   tree_ = 0;
-  memory_.release();
-}
-
-void NodeRegistry::Grow() {
-  constexpr std::size_t smallest = 256;
-  const std::size_t size = cells_.empty() ? smallest : 2 * cells_.size();
-  const std::vector<Cell> old = std::exchange(cells_, std::vector<Cell>(size));
-  for (const Cell& cell : old) {
-    if (cell.element != nullptr) cells_[PlaceOf(cell.element)] = cell;
-  }
 }
 
 }  // namespace mdktoidl

@@ -4,9 +4,11 @@
 // each of a million elements would cost more than all questions about them.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory_resource>
+#include <unordered_map>
 #include <vector>
 
 namespace mdk {
@@ -24,7 +26,7 @@ class NodeRegistry {
   std::uint32_t LastSerial() const { return lastSerial_; }
 
   /// Lets a node be found by its element. Of several nodes of one element the last counts.
-  void Register(const mdk::IMdeEntity* element, Node* node) { CellOf(element).node = node; }
+  void Register(const mdk::IMdeEntity* element, Node* node);
 
   /// The node that was registered for an element; null when there is none.
   Node* Find(const mdk::IMdeEntity* element) const;
@@ -45,21 +47,21 @@ class NodeRegistry {
   void Clear();
 
  private:
-  struct Cell {
-    const mdk::IMdeEntity* element = nullptr;  // null where the cell is free
-    Node* node = nullptr;                      // null for an element that is only taken
-    std::uint32_t tree = 0;                    // for which the element was taken last; 0 for none
+  struct Entry {
+    std::uint32_t node = 0;  // its place in `nodes_`, from 1; 0 for an element without
+    std::uint32_t tree = 0;  // for which the element was taken last; 0 for none
   };
+  /// What is known of the elements in a stretch of memory, by their places in it. These are counted
+  /// in pointers: an element has one at least. Neighbours are asked for one after the other.
+  using Block = std::array<Entry, 64>;
 
-  Cell& CellOf(const mdk::IMdeEntity* element);
-  std::size_t PlaceOf(const mdk::IMdeEntity* element) const;
-  void Grow();
+  static std::uintptr_t PlaceOf(const mdk::IMdeEntity* element);
+  Entry& EntryOf(const mdk::IMdeEntity* element);
 
-  // Open addressing: the size is 0 or a power of two, and at least half of the cells are free.
-  std::vector<Cell> cells_;
-  std::size_t used_ = 0;
-  std::uint32_t lastSerial_ = 0;
+  std::unordered_map<std::uintptr_t, Block> blocks_;
+  std::vector<Node*> nodes_;
   std::pmr::monotonic_buffer_resource memory_;
+  std::uint32_t lastSerial_ = 0;
   std::uint32_t tree_ = 0;  // the number of the tree that was begun last
 };
 
