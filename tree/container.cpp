@@ -54,12 +54,13 @@ void Container::EvaluateChildren(NodeList& outside) {
 }
 
 void Container::UnparseBody(std::ofstream& out) const {
-  out << " {";
+  Write(out, {" {"});
   indent(out);
   UnparseMembers(out);
   redent(out);
-  newline(out);
-  out << "};";
+  Line line(out);
+  newline(line);
+  Write(line, {"};"});
 }
 
 void Container::UnparseMembers(std::ofstream& out) const {

@@ -39,17 +39,18 @@ void Enumeration::Unparse(std::ofstream& out) {
   UnparseHeading(out);
   out << "enum " << Name() << " {";
   indent(out);
-  newline(out);
-  const char* separator = "";
+  Line lines(out);
+  newline(lines);
+  std::string_view separator;
   for (const std::string& name : Literals()) {
-    Write(out, {separator});
-    if (*separator != '\0') newline(out);
-    Write(out, {name});
+    Write(lines, {separator});
+    if (!separator.empty()) newline(lines);
+    Write(lines, {name});
     separator = ", ";
   }
   redent(out);
-  newline(out);
-  out << "};";
+  newline(lines);
+  Write(lines, {"};"});
 }
 
 }  // namespace mdktoidl

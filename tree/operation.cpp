@@ -74,6 +74,7 @@ void Operation::CheckOwner() const {
 void Operation::EvaluateRaises(NodeList& deps) {
   const std::list<mdk::IMdeEntity*> exceptions = Elements(Entity(), properties::raisedException);
   if (!exceptions.empty() && isOneway()) Report(Message::operationOnewayRaises, {ScopedName("::")});
+  raises.reserve(exceptions.size());
   for (mdk::IMdeEntity* exception : exceptions) {
     if (Node* node = GetNodeRef(exception)) {
       raises.push_back(node);
