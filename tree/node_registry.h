@@ -1,4 +1,5 @@
-// The nodes of the current run: their numbers, and the way from a model element to its node.
+// The nodes of the current run: their numbers, their memory, and the way from a model element to
+// its node.
 //
 // The model is left alone: no mark on an element could be trusted to be of this run, and marking
 // each of a million elements would cost more than all questions about them.
