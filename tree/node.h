@@ -44,8 +44,6 @@ struct Alias {
 
 class Node : public Definition {
  public:
-  ~Node() override = default;
-
   /// Nodes lie in memory of the run, which is given back as a whole.
   static void* operator new(std::size_t size);
   static void operator delete(void*) {}
@@ -117,11 +115,9 @@ class Node : public Definition {
   void UseType(TypeReference&& reference, const TypeComplaints& complaints, NodeList& deps);
 
   /// The type as it is written here.
-  std::string_view TypeText() const { return auxText.empty() ? typeName : *auxText.get(); }
+  std::string_view TypeText() const { return auxText.empty() ? typeName : auxText.Text(); }
   /// What is written behind the declared name; "[2][3]" for an array.
-  std::string_view DeclaratorSuffix() const {
-    return elementName.empty() ? std::string_view() : *elementName.get();
-  }
+  std::string_view DeclaratorSuffix() const { return elementName.Text(); }
 
   void UnparseComment(mdk::IMdeEntity* element, std::ofstream& out) const;
   /// What comes before a declaration with a body: an empty line and the comment; the declaration's

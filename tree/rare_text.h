@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace mdktoidl {
@@ -18,8 +19,7 @@ class RareText {
   }
 
   bool empty() const { return text_ == nullptr; }
-  /// Null when the text is empty; lives as long as this.
-  const std::string* get() const { return text_.get(); }
+  std::string_view Text() const { return empty() ? std::string_view() : *text_; }
 
  private:
   std::unique_ptr<const std::string> text_;
