@@ -1,6 +1,7 @@
 #include "xmi/document.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
@@ -24,13 +25,11 @@ std::string Bytes(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   if (!file) throw ReadError({path}, std::strerror(errno));
   std::string bytes;
+  // What has no size of its own (a pipe) or has grown is read to its end like everything else.
   const auto size = std::filesystem::file_size(path, error);
-  if (!error) bytes.resize(size);
-  file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  bytes.resize(static_cast<std::size_t>(file.gcount()));
-  // What has no size of its own (a pipe) or has grown is read to its end.
-  for (char part[4096]; file.read(part, sizeof part), file.gcount() > 0;) {
-    bytes.append(part, static_cast<std::size_t>(file.gcount()));
+  if (!error) bytes.reserve(size);
+  for (std::array<char, 65536> part; file.read(part.data(), part.size()), file.gcount() > 0;) {
+    bytes.append(part.data(), static_cast<std::size_t>(file.gcount()));
     if (bytes.size() >= Document::kNowhere) throw ReadError({path}, "is too large");
   }
   if (file.bad()) throw ReadError({path}, "can't be read");

@@ -30,7 +30,7 @@ class Document {
   pugi::xml_node Root() const { return tree_->document_element(); }
   /// The offset of an element's name in the text.
   std::uint32_t OffsetOf(pugi::xml_node element) const {
-    return static_cast<std::uint32_t>(element.offset_debug());
+    return static_cast<std::uint32_t>(element.name() - text_->data());
   }
   /// The place of an offset; of the file as a whole for `kNowhere`.
   Location Locate(std::uint32_t offset) const;

@@ -127,7 +127,8 @@ void Resolver::Resolve(const Reference& reference, const Key& key) {
 }
 
 void Resolver::ResolveReferences() {
-  reading_.links.reserve(reading_.references.size());
+  // Some references have several ids. Room that isn't used costs nothing, but moving links does.
+  reading_.links.reserve(2 * reading_.references.size());
   constexpr std::size_t kAhead = 16;
   std::array<Key, kAhead> keys;
   const std::vector<Reference>& references = reading_.references;

@@ -1,5 +1,7 @@
 #include "xmi/start_tag.h"
 
+#include "model/same_text.h"
+
 namespace xmi {
 namespace {
 
@@ -31,7 +33,7 @@ const StartTag::Known& StartTag::Look(std::string_view qualified, const Namespac
   const auto letter = [&](std::size_t i) { return static_cast<unsigned char>(qualified[i]); };
   const std::size_t mixed = size == 0 ? 0 : letter(0) + 5 * letter(size / 2) + 7 * letter(size - 1);
   Known& known = known_[(mixed + 3 * size) % known_.size()];
-  if (known.text != qualified || known.namespaces != namespaces.Version()) {
+  if (!model::SameText(known.text, qualified) || known.namespaces != namespaces.Version()) {
     const QualifiedName split = SplitName(qualified);
     const Space space = split.prefix.empty() ? Space::kNone : namespaces.Find(split.prefix);
     known = {qualified, split.local,         FindWord(split.local), !split.prefix.empty(),
