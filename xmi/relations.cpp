@@ -100,20 +100,24 @@ void Relations::SetComments() {
   std::size_t next = 0;
   for (std::size_t i = 0; i < reading_.items.Size(); ++i) {
     const auto index = static_cast<ItemIndex>(i);
-    const Item& item = reading_.items[index];
-    bool annotates = false;
-    std::unordered_set<ItemIndex> annotated;
-    for (const Link& link : reading_.LinksOf(index, next)) {
-      if (link.feature != Word::kAnnotatedElement) continue;
-      annotates = true;
-      const bool isKnown = link.to != kNoItem && reading_.items[link.to].element != nullptr;
-      if (!isKnown || item.type != Word::kComment) continue;
-      if (annotated.insert(link.to).second) comments.Add(link.to, item.element);
-    }
-    const bool isOwners = item.type == Word::kComment && !annotates && item.owner != kNoItem;
-    if (isOwners) comments.Add(item.owner, item.element);
+    const std::span<const Link> links = reading_.LinksOf(index, next);
+    if (reading_.items[index].type == Word::kComment) AddComment(index, links, comments);
   }
   comments.Store(reading_, symbols::comment);
+}
+
+// A comment that annotates nothing is its owner's.
+void Relations::AddComment(ItemIndex index, std::span<const Link> links, Lists& comments) {
+  const Item& item = reading_.items[index];
+  bool annotates = false;
+  std::unordered_set<ItemIndex> annotated;
+  for (const Link& link : links) {
+    if (link.feature != Word::kAnnotatedElement) continue;
+    annotates = true;
+    const bool isKnown = link.to != kNoItem && reading_.items[link.to].element != nullptr;
+    if (isKnown && annotated.insert(link.to).second) comments.Add(link.to, item.element);
+  }
+  if (!annotates && item.owner != kNoItem) comments.Add(item.owner, item.element);
 }
 
 }  // namespace xmi

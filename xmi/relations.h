@@ -2,6 +2,8 @@
 // comments.
 #pragma once
 
+#include <span>
+
 #include "xmi/lists.h"
 #include "xmi/reading.h"
 #include "xmi/types.h"
@@ -23,6 +25,7 @@ class Relations {
  private:
   void SetLink(const Link& link, Lists& exceptions);
   void AddMember(ItemIndex index, Lists& members);
+  void AddComment(ItemIndex index, std::span<const Link> links, Lists& comments);
   bool IsParameter(const Item& item) const;
 
   Reading& reading_;
