@@ -53,8 +53,9 @@ class NodeRegistry {
     std::uint32_t tree = 0;  // for which the element was taken last; 0 for none
   };
   /// What is known of the elements in a stretch of memory, by their places in it. These are counted
-  /// in pointers: an element has one at least. Neighbours are asked for one after the other.
-  using Block = std::array<Entry, 64>;
+  /// in pointers: an element has one at least. Neighbours are asked for one after the other; but in
+  /// some hosts they lie far apart, so a stretch is short.
+  using Block = std::array<Entry, 16>;
 
   static std::uintptr_t PlaceOf(const mdk::IMdeEntity* element);
   Entry& EntryOf(const mdk::IMdeEntity* element);
