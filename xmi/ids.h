@@ -3,10 +3,10 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <string_view>
 #include <vector>
 
+#include "model/text_hash.h"
 #include "xmi/items.h"
 
 namespace xmi {
@@ -33,9 +33,7 @@ class Ids {
   /// The same when the id's `HashOf` is known.
   const IdTarget* Find(FileIndex file, std::string_view id, std::uint32_t hash) const;
 
-  static std::uint32_t HashOf(std::string_view id) {
-    return static_cast<std::uint32_t>(std::hash<std::string_view>()(id));
-  }
+  static std::uint32_t HashOf(std::string_view id) { return model::HashOfText(id); }
   /// Fetches what `Add` and `Find` will read of the table, which doesn't fit into caches.
   void Prefetch(FileIndex file, std::uint32_t hash) const {
     const Table& table = tables_[file];
