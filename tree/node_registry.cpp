@@ -13,8 +13,12 @@ std::uintptr_t NodeRegistry::PlaceOf(const mdk::IMdeEntity* element) {
 /// The entry of an element, made when there is none.
 NodeRegistry::Entry& NodeRegistry::EntryOf(const mdk::IMdeEntity* element) {
   const std::uintptr_t place = PlaceOf(element);
-  Block& block = blocks_[place / std::tuple_size_v<Block>];
-  return block[place % block.size()];
+  const std::uintptr_t stretch = place / std::tuple_size_v<Block>;
+  if (lastBlock_ == nullptr || stretch != lastStretch_) {
+    lastBlock_ = &blocks_[stretch];
+    lastStretch_ = stretch;
+  }
+  return (*lastBlock_)[place % std::tuple_size_v<Block>];
 }
 
 void NodeRegistry::Register(const mdk::IMdeEntity* element, Node* node) {
@@ -40,7 +44,8 @@ bool NodeRegistry::Take(const mdk::IMdeEntity* element) {
 }
 
 void NodeRegistry::Clear() {
-  blocks_ = {};
+  blocks_ = decltype(blocks_)(&memory_);
+  lastBlock_ = nullptr;
   nodes_ = {};
   memory_.release();
   lastSerial_ = 0;

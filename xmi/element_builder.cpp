@@ -193,7 +193,8 @@ void ElementBuilder::Refer(ItemIndex item, Word feature, std::string_view text, 
   Item& subject = reading_.items[item];
   if (feature == Word::kType) subject.flags |= Item::kTyped;
   if (isHref) reading_.files.Follow(subject.file, text, subject.offset);
-  reading_.references.push_back({item, feature, isHref, text.data()});
+  const std::uint32_t hash = isHref ? 0 : Ids::HashOf(text);
+  reading_.references.push_back({item, feature, isHref, hash, text.data()});
 }
 
 }  // namespace xmi

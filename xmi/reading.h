@@ -27,6 +27,7 @@ struct Reference {
   ItemIndex from = kNoItem;
   Word feature = Word::kNone;
   bool isHref = false;
+  std::uint32_t hash = 0;      ///< `Ids::HashOf` of ids; of no use for an href.
   const char* text = nullptr;  ///< An href, or ids with blanks between them.
 };
 

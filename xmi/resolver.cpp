@@ -1,7 +1,6 @@
 #include "xmi/resolver.h"
 
 #include <algorithm>
-#include <array>
 #include <functional>
 
 #include "xmi/element_builder.h"
@@ -94,7 +93,7 @@ ItemIndex Resolver::Find(ItemIndex from, std::string_view feature, std::string_v
   return entry == nullptr || entry->inner ? kNoItem : entry->item;
 }
 
-void Resolver::Resolve(const Reference& reference) {
+void Resolver::ResolveAll(const Reference& reference) {
   const std::string_view feature = TextOf(reference.feature);
   const bool isVoid = reference.isHref && std::string_view(reference.text).ends_with("#void");
   if (isVoid) reading_.items[reference.from].flags |= Item::kTypedVoid;
@@ -107,37 +106,32 @@ void Resolver::Resolve(const Reference& reference) {
   for (std::string_view id = TakeWord(ids); !id.empty(); id = TakeWord(ids)) add(id);
 }
 
-Resolver::Key Resolver::Prefetch(const Reference& reference) const {
-  if (reference.isHref) return {};
-  const std::string_view text = reference.text;
-  const Key key = {text, Ids::HashOf(text)};
-  reading_.ids.Prefetch(reading_.items[reference.from].file, key.hash);
-  return key;
+void Resolver::Prefetch(const Reference& reference) const {
+  __builtin_prefetch(reference.text);
+  if (!reference.isHref) {
+    reading_.ids.Prefetch(reading_.items[reference.from].file, reference.hash);
+  }
 }
 
-/// Most references are one id of their own file, which was fetched ahead; all others go the long
-/// way.
-void Resolver::Resolve(const Reference& reference, const Key& key) {
+/// Most references are one id of their own file; all others go the long way.
+void Resolver::Resolve(const Reference& reference) {
   const FileIndex file = reading_.items[reference.from].file;
-  const bool isOne = !reference.isHref && key.id.find(' ') == std::string_view::npos;
-  const IdTarget* entry = isOne ? reading_.ids.Find(file, key.id, key.hash) : nullptr;
-  if (entry == nullptr) return Resolve(reference);
+  const std::string_view text = reference.text;
+  const bool isOne = !reference.isHref && text.find(' ') == std::string_view::npos;
+  const IdTarget* entry = isOne ? reading_.ids.Find(file, text, reference.hash) : nullptr;
+  if (entry == nullptr) return ResolveAll(reference);
   const ItemIndex found = entry->inner ? kNoItem : entry->item;
   reading_.links.push_back({reference.from, found, reference.feature});
 }
 
 void Resolver::ResolveReferences() {
-  // Some references have several ids. Room that isn't used costs nothing, but moving links does.
-  reading_.links.reserve(2 * reading_.references.size());
   constexpr std::size_t kAhead = 16;
-  std::array<Key, kAhead> keys;
   const std::vector<Reference>& references = reading_.references;
-  for (std::size_t i = 0; i < references.size() + kAhead; ++i) {
-    Key& key = keys[i % kAhead];
-    if (i >= kAhead && !IsOwnedFeature(references[i - kAhead].feature)) {
-      Resolve(references[i - kAhead], key);
-    }
-    if (i < references.size()) key = Prefetch(references[i]);
+  // Some references have several ids. Room that isn't used costs nothing, but moving links does.
+  reading_.links.reserve(2 * references.size());
+  for (std::size_t i = 0; i < references.size(); ++i) {
+    if (i + kAhead < references.size()) Prefetch(references[i + kAhead]);
+    if (!IsOwnedFeature(references[i].feature)) Resolve(references[i]);
   }
   const auto isBefore = [](const Link& a, const Link& b) { return a.from < b.from; };
   std::vector<Link>& links = reading_.links;

@@ -26,18 +26,12 @@ class Resolver {
   const IdTarget* FindEntry(FileIndex file, std::string_view text, bool isHref);
 
  private:
-  /// A reference's text, taken for one id.
-  struct Key {
-    std::string_view id;
-    std::uint32_t hash = 0;
-  };
-
   const IdTarget* FindOrWarn(ItemIndex from, std::string_view feature, std::string_view text,
                              bool isHref);
   const IdTarget* FindInExtensions(FileIndex file, std::string_view id);
   void Resolve(const Reference& reference);
-  void Resolve(const Reference& reference, const Key& key);
-  Key Prefetch(const Reference& reference) const;
+  void ResolveAll(const Reference& reference);
+  void Prefetch(const Reference& reference) const;
   void FillPlace(ItemIndex place, ItemIndex found);
 
   Reading& reading_;
