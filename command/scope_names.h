@@ -25,7 +25,7 @@ class ScopeNames {
   }
 
   /// The declaration in the scope that has the name of another; `kNoDeclaration` when there is
-  /// none.
+  /// none, or when the other has its name alone.
   DeclarationIndex FindNameOf(DeclarationIndex declaration) const {
     const NameNumber number = names_.Of(declaration);
     if (!MayClash(number) || entries_[number].scope != scope_) return kNoDeclaration;

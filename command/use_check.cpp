@@ -77,14 +77,24 @@ void UseCheck::CheckUse(const Use& use, DeclarationIndex user) {
 
 /// A scope hides what has its own name from all inside it.
 void UseCheck::CheckScopesAround(DeclarationIndex used) {
-  if (names_.Of(used) == kUniqueName) return;
-  for (DeclarationIndex at = scope_; at != kNoDeclaration; at = declarations_[at].parent) {
-    if (names_.Of(at) != names_.Of(used) || isReported_[at] || IsItself(at, used)) continue;
+  for (DeclarationIndex at = FindAround(used, scope_); at != kNoDeclaration;
+       at = FindAround(used, at)) {
     isReported_[at] = true;
     findings_.Warn("use-clash", at,
                    declarations_.Describe(at) + " clashes with " + declarations_.Describe(used) +
                        ", which is used in " + declarations_.Describe(scope_));
   }
+}
+
+/// A scope, or the innermost around it, that hides what is used and wasn't told of yet;
+/// `kNoDeclaration` when none does.
+DeclarationIndex UseCheck::FindAround(DeclarationIndex used, DeclarationIndex scope) const {
+  if (names_.Of(used) == kUniqueName) return kNoDeclaration;
+  const auto hides = [&](DeclarationIndex at) {
+    return names_.Of(at) == names_.Of(used) && !isReported_[at] && !IsItself(at, used);
+  };
+  while (scope != kNoDeclaration && !hides(scope)) scope = declarations_[scope].parent;
+  return scope;
 }
 
 // Only labels that name enumerators are looked at: numbers and characters are no names.
@@ -117,7 +127,8 @@ DeclarationIndex UseCheck::FindLabel(std::string_view label) {
   if (labelled_.scope != scope_) {
     labelled_ = {scope_, {}};
     declarations_.ForEachNameIn(scope_, [&](DeclarationIndex member) {
-      labelled_.members.try_emplace(declarations_.Name(member), member);
+      const std::string_view name = declarations_.Name(member);
+      if (!name.empty()) labelled_.members.try_emplace(name, member);
     });
   }
   const auto found = label.empty() ? labelled_.members.end() : labelled_.members.find(label);
@@ -159,9 +170,11 @@ bool UseCheck::IsItself(DeclarationIndex found, DeclarationIndex used) const {
 bool UseCheck::IsVisible(DeclarationIndex used, DeclarationIndex user) const {
   const DeclarationIndex scope = declarations_.ScopeOf(used);
   if (declarations_.IsInside(user, scope)) return true;
-  // Few names clash: the texts are worth making for those only.
+  // The texts are worth making only where something gets into the way of either spelling.
+  const DeclarationIndex outermost = declarations_.Outermost(used);
   if (scopeNames_.FindNameOf(used) == kNoDeclaration &&
-      scopeNames_.FindNameOf(declarations_.Outermost(used)) == kNoDeclaration) {
+      scopeNames_.FindNameOf(outermost) == kNoDeclaration &&
+      FindAround(outermost, scope_) == kNoDeclaration) {
     return false;
   }
   return declarations_.ScopedName(user).starts_with(declarations_.ScopedName(scope));

@@ -42,6 +42,7 @@ class UseCheck {
   void CheckUses(DeclarationIndex user);
   void CheckUse(const Use& use, DeclarationIndex user);
   void CheckScopesAround(DeclarationIndex used);
+  DeclarationIndex FindAround(DeclarationIndex used, DeclarationIndex scope) const;
   void CheckLabels(DeclarationIndex unionDeclaration);
   DeclarationIndex FindLabel(std::string_view label);
   void CheckHit(DeclarationIndex hit, DeclarationIndex used, DeclarationIndex user, UsePlace place);

@@ -244,6 +244,8 @@ TEST(IdlNames, MustNotBeThoseOfWhatTheScopeUses) {
        "parameter N::I::f::x uses struct O::T, which the inherited attribute N::A::o hides"},
       {"module M { struct T { field x } } module M { struct S { field t : M::T } }",
        "field M::S::t clashes with struct M::T, which is used in struct M::S"},
+      {"module M { struct T { field x } } module M { struct S { field y : M::T } }", ""},
+      {"module M { struct T { field x } } module M { typedef U : M::T }", ""},
       {"exception E interface I { op f { raises M::E } op e }", ""},
       {"exception E interface I { op e op f { raises M::E } }",
        "operation M::I::e clashes with exception M::E, which is used in interface M::I"},

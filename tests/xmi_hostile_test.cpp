@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <tuple>
@@ -122,6 +124,12 @@ TEST(XmiHostile, AMillionLevelsAreAnErrorAndTakeNoStack) {
       });
     }
   }
+}
+
+TEST(XmiHostile, AFileThatIsTooLargeIsRefusedBeforeItIsRead) {
+  XmiFiles files;
+  std::filesystem::resize_file(files.Write("f", "").Path("f"), std::uintmax_t{1} << 42);  // a hole
+  EXPECT_EQ(files.ErrorOf("f"), "f: is too large");
 }
 
 TEST(XmiHostile, AHugeNameIsReadAndNotRepeatedByRemarks) {

@@ -44,7 +44,7 @@ bool NodeRegistry::Take(const mdk::IMdeEntity* element) {
 }
 
 void NodeRegistry::Clear() {
-  blocks_ = decltype(blocks_)(&memory_);
+  blocks_ = decltype(blocks_)(&memory_);  // an empty one holds no memory of the run
   lastBlock_ = nullptr;
   nodes_ = {};
   memory_.release();

@@ -24,13 +24,18 @@ std::string Bytes(const std::string& path) {
   }
   std::ifstream file(path, std::ios::binary);
   if (!file) throw ReadError({path}, std::strerror(errno));
+  const auto requireRoom = [&](std::uintmax_t size) {
+    if (size >= Document::kNowhere) throw ReadError({path}, "is too large");
+  };
   std::string bytes;
   // What has no size of its own (a pipe) or has grown is read to its end like everything else.
-  const auto size = std::filesystem::file_size(path, error);
-  if (!error) bytes.reserve(size);
+  if (const auto size = std::filesystem::file_size(path, error); !error) {
+    requireRoom(size);
+    bytes.reserve(size);
+  }
   for (std::array<char, 65536> part; file.read(part.data(), part.size()), file.gcount() > 0;) {
     bytes.append(part.data(), static_cast<std::size_t>(file.gcount()));
-    if (bytes.size() >= Document::kNowhere) throw ReadError({path}, "is too large");
+    requireRoom(bytes.size());
   }
   if (file.bad()) throw ReadError({path}, "can't be read");
   return bytes;
