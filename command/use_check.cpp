@@ -91,7 +91,8 @@ void UseCheck::CheckScopesAround(DeclarationIndex used) {
 DeclarationIndex UseCheck::FindAround(DeclarationIndex used, DeclarationIndex scope) const {
   if (names_.Of(used) == kUniqueName) return kNoDeclaration;
   const auto hides = [&](DeclarationIndex at) {
-    return names_.Of(at) == names_.Of(used) && !isReported_[at] && !IsItself(at, used);
+    return names_.Of(at) == names_.Of(used) && !isReported_[at] && !IsItself(at, used) &&
+           !IsReopened(at, used);
   };
   while (scope != kNoDeclaration && !hides(scope)) scope = declarations_[scope].parent;
   return scope;
@@ -163,6 +164,16 @@ bool UseCheck::IsItself(DeclarationIndex found, DeclarationIndex used) const {
   const Declaration& declaration = declarations_[found];
   const bool isEnumerator = declaration.kind == Kind::kEnumerator && declaration.parent == used;
   return isEnumerator || declaration.element == declarations_[used].element;
+}
+
+/// Whether two declarations at the top open the same module.
+bool UseCheck::IsReopened(DeclarationIndex one, DeclarationIndex other) const {
+  const auto isTopModule = [this](DeclarationIndex index) {
+    const Declaration& declaration = declarations_[index];
+    return declaration.kind == Kind::kModule && declaration.parent == kNoDeclaration;
+  };
+  return isTopModule(one) && isTopModule(other) &&
+         Unescaped(declarations_.Name(one)) == Unescaped(declarations_.Name(other));
 }
 
 /// Whether the agent writes a declaration by its simple name: it compares the names of scopes as

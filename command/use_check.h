@@ -48,6 +48,7 @@ class UseCheck {
   void CheckHit(DeclarationIndex hit, DeclarationIndex used, DeclarationIndex user, UsePlace place);
   bool IsHidden(DeclarationIndex used) const;
   bool IsItself(DeclarationIndex found, DeclarationIndex used) const;
+  bool IsReopened(DeclarationIndex one, DeclarationIndex other) const;
   bool IsVisible(DeclarationIndex used, DeclarationIndex user) const;
 
   const Declarations& declarations_;

@@ -246,6 +246,8 @@ TEST(IdlNames, MustNotBeThoseOfWhatTheScopeUses) {
        "field M::S::t clashes with struct M::T, which is used in struct M::S"},
       {"module M { struct T { field x } } module M { struct S { field y : M::T } }", ""},
       {"module M { struct T { field x } } module M { typedef U : M::T }", ""},
+      {"module M { module N { struct T { field x } } } module M { struct S { field y : M::N::T } }",
+       ""},
       {"exception E interface I { op f { raises M::E } op e }", ""},
       {"exception E interface I { op e op f { raises M::E } }",
        "operation M::I::e clashes with exception M::E, which is used in interface M::I"},
