@@ -13,12 +13,8 @@ std::uintptr_t NodeRegistry::PlaceOf(const mdk::IMdeEntity* element) {
 /// The entry of an element, made when there is none.
 NodeRegistry::Entry& NodeRegistry::EntryOf(const mdk::IMdeEntity* element) {
   const std::uintptr_t place = PlaceOf(element);
-  const std::uintptr_t stretch = place / std::tuple_size_v<Block>;
-  if (lastBlock_ == nullptr || stretch != lastStretch_) {
-    lastBlock_ = &blocks_[stretch];
-    lastStretch_ = stretch;
-  }
-  return (*lastBlock_)[place % std::tuple_size_v<Block>];
+  Block& block = blocks_[place / std::tuple_size_v<Block>];
+  return block[place % block.size()];
 }
 
 void NodeRegistry::Register(const mdk::IMdeEntity* element, Node* node) {
@@ -45,7 +41,6 @@ bool NodeRegistry::Take(const mdk::IMdeEntity* element) {
 
 void NodeRegistry::Clear() {
   blocks_ = decltype(blocks_)(&memory_);  // an empty one holds no memory of the run
-  lastBlock_ = nullptr;
   nodes_ = {};
   memory_.release();
   lastSerial_ = 0;

@@ -62,8 +62,6 @@ class NodeRegistry {
 
   std::pmr::monotonic_buffer_resource memory_;
   std::pmr::unordered_map<std::uintptr_t, Block> blocks_{&memory_};
-  std::uintptr_t lastStretch_ = 0;  // that was asked for last, with its block
-  Block* lastBlock_ = nullptr;
   std::vector<Node*> nodes_;
   std::uint32_t lastSerial_ = 0;
   std::uint32_t tree_ = 0;  // the number of the tree that was begun last

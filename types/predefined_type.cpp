@@ -9,16 +9,8 @@ namespace mdktoidl {
 
 namespace {
 
-/// Length and first letter tell all predefined types apart, and most other names from them.
-struct NameHash {
-  std::size_t operator()(std::string_view name) const {
-    constexpr std::size_t letters = 256;
-    return name.empty() ? 0 : name.size() * letters + static_cast<unsigned char>(name.front());
-  }
-};
-
 /// Model name to IDL text. Behind IDL's own types stand those of the modelling language.
-const std::unordered_map<std::string_view, std::string_view, NameHash> predefinedTypes = {
+const std::unordered_map<std::string_view, std::string_view> predefinedTypes = {
     {"long", "long"},
     {"short", "short"},
     {"boolean", "boolean"},
