@@ -120,7 +120,7 @@ TEST_P(AgentDepth, CostsTimeByItsSizeAndNoStack) {
     return support::CostOf(
         [&] { EXPECT_THAT(bench.Run(&artifact).Messages(), EndsWith(GetParam().ending)); });
   };
-  support::OnSmallStack([&cost] { support::ExpectLinearCost(many / 8, cost); });
+  support::OnSmallStack([&cost] { support::ExpectLinearCost(many, cost); });
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -16,11 +16,11 @@ class Growth : public testing::TestWithParam<bench::Shape> {};
 
 TEST_P(Growth, IsNoFasterThanTheModels) {
 #ifdef __OPTIMIZE__
-  constexpr std::size_t few = 8'000;
+  constexpr std::size_t many = 64'000;
 #else
-  constexpr std::size_t few = 2'000;
+  constexpr std::size_t many = 16'000;
 #endif
-  support::ExpectLinearCost(few, [](std::size_t members) {
+  support::ExpectLinearCost(many, [](std::size_t members) {
     const support::ExportBench bench;
     support::XmiFiles files;
     std::ofstream out(files.Path("model.uml"));

@@ -217,7 +217,7 @@ const CostCase costs[] = {
 class XmiCost : public testing::TestWithParam<CostCase> {};
 
 TEST_P(XmiCost, GrowsNoFasterThanTheFile) {
-  support::ExpectLinearCost(million / 100, [](std::size_t count) {
+  support::ExpectLinearCost(million / 10, [](std::size_t count) {
     XmiFiles files;
     files.Write("model.uml", Large(count, GetParam().model));
     return support::CostOf([&files] { files.Read(); });

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <ctime>
+#include <limits>
 
 namespace support {
 
@@ -16,14 +17,21 @@ std::clock_t CostOf(Run run) {
   return std::clock() - start;
 }
 
-/// Holds what `cost` tells of a number of things against what it tells of many times as many. It
-/// is asked twice for each, and the lesser time counts.
+/// Holds what `cost` tells of `many` things against what it tells of a small part of them. A busy
+/// machine and what no longer fits its caches make a thing up to four times dearer among many, so
+/// the least of some attempts counts; what grows with the square is dearer in every attempt.
 template <typename Cost>
-void ExpectLinearCost(std::size_t few, Cost cost) {
-  constexpr std::size_t times = 8;
-  constexpr std::clock_t margin = 3;  // what grows with the square would take eight times more
-  const auto least = [&cost](std::size_t count) { return std::min(cost(count), cost(count)); };
-  EXPECT_LT(least(times * few), margin * static_cast<std::clock_t>(times) * least(few));
+void ExpectLinearCost(std::size_t many, Cost cost) {
+  constexpr std::clock_t times = 32;  // so much dearer is each thing at a growth with the square
+  constexpr std::clock_t margin = 8;
+  std::clock_t ofMany = std::numeric_limits<std::clock_t>::max();
+  std::clock_t ofFew = ofMany;
+  for (int attempt = 0; attempt < 5; ++attempt) {
+    ofFew = std::min(ofFew, cost(many / times));
+    ofMany = std::min(ofMany, cost(many));
+    if (ofMany / times < margin * ofFew) return;
+  }
+  FAIL() << times << " times as many took " << ofMany << " instead of " << ofFew;
 }
 
 }  // namespace support
