@@ -13,9 +13,11 @@ namespace xmi {
 namespace {
 
 // Text that is white space alone is kept where it is all that an element holds: it may be a name or
-// a value. The text of an element lies in the element itself, which saves a node.
-constexpr unsigned kParseOptions =
-    pugi::parse_default | pugi::parse_ws_pcdata_single | pugi::parse_embed_pcdata;
+// a value. The text of an element lies in the element itself, which saves a node. What stands
+// beside the root element is kept to be refused.
+constexpr unsigned kParseOptions = pugi::parse_default | pugi::parse_ws_pcdata_single |
+                                   pugi::parse_embed_pcdata | pugi::parse_fragment;
+constexpr const char* kBlanks = " \t\r\n";
 
 std::string Bytes(const std::string& path) {
   std::error_code error;
@@ -42,7 +44,7 @@ std::string Bytes(const std::string& path) {
 }
 
 bool StartsAsHtml(std::string_view text) {
-  const std::size_t start = text.find_first_not_of(" \t\r\n");
+  const std::size_t start = text.find_first_not_of(kBlanks);
   if (start == std::string_view::npos) return false;
   std::string head(text.substr(start, 14));
   std::transform(head.begin(), head.end(), head.begin(),
@@ -51,15 +53,10 @@ bool StartsAsHtml(std::string_view text) {
 }
 
 std::string ProblemText(const pugi::xml_parse_result& result) {
-  switch (result.status) {
-    case pugi::status_no_document_element:
-      return "is no XML: there is no element in it";
-    case pugi::status_end_element_mismatch:
-      return "is no well-formed XML: an end tag doesn't match its start tag, or the text ends "
-             "early";
-    default:
-      return std::string("is no well-formed XML: ") + result.description();
+  if (result.status == pugi::status_end_element_mismatch) {
+    return "is no well-formed XML: an end tag doesn't match its start tag, or the text ends early";
   }
+  return std::string("is no well-formed XML: ") + result.description();
 }
 
 }  // namespace
@@ -79,7 +76,7 @@ void Document::Fill(std::string text) {
   text_ = std::make_shared<std::string>(std::move(text));
   if (text_->size() >= kNowhere) throw ReadError({path_}, "is too large");
   IndexLines();
-  if (text_->find_first_not_of(" \t\r\n") == std::string::npos) {
+  if (text_->find_first_not_of(kBlanks) == std::string::npos) {
     throw ReadError({path_}, "is empty");
   }
   if (StartsAsHtml(*text_)) Fail(0, "is an HTML page, no UML model");
@@ -88,6 +85,21 @@ void Document::Fill(std::string text) {
   const pugi::xml_parse_result result =
       tree_->load_buffer_inplace(text_->data(), text_->size(), kParseOptions, pugi::encoding_utf8);
   if (!result) Fail(static_cast<std::size_t>(result.offset), ProblemText(result));
+  RequireOneRoot();
+}
+
+// Two files in one, or what a failed merge left: the rest would be lost without a word.
+void Document::RequireOneRoot() const {
+  if (!Root()) Fail(0, "is no XML: there is no element in it");
+  for (const pugi::xml_node node : tree_->children()) {
+    if (node == Root()) continue;
+    const bool isElement = node.type() == pugi::node_element;
+    const char* const begin = isElement ? node.name() : node.value();
+    const auto offset =
+        static_cast<std::size_t>(begin - text_->data()) + std::strspn(begin, kBlanks);
+    Fail(offset, std::string("is no well-formed XML: there is ") +
+                     (isElement ? "another element" : "text") + " beside its root element");
+  }
 }
 
 // The parser writes into the text, so the lines are counted before it runs.

@@ -45,6 +45,7 @@ class Document {
   explicit Document(std::string path) : path_(std::move(path)) {}
 
   void Fill(std::string text);
+  void RequireOneRoot() const;
   void IndexLines();
   std::size_t Characters(std::uint32_t begin, std::uint32_t end) const;
   [[noreturn]] void Fail(std::size_t offset, const std::string& text) const;
