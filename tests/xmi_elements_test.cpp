@@ -174,12 +174,12 @@ TEST(XmiElements, HaveTheirCommentsInDocumentOrder) {
     <ownedComment annotatedElement="c d c"><body>one&#xD;&#xA;line</body></ownedComment>
     <packagedElement xmi:type="uml:Class" xmi:id="c" name="C">
       <ownedComment body="two"/><ownedComment annotatedElement="d" body="three"/>
-      <ownedComment annotatedElement="nowhere" body="lost"/>
+      <ownedComment annotatedElement="nowhere" body="own"/>
     </packagedElement>
     <packagedElement xmi:type="uml:Class" xmi:id="d" name="D"/>
     <ownedComment><body>four</body><annotatedElement xmi:idref="c"/></ownedComment>
     <ownedComment/>)");
-  EXPECT_EQ(Names(files["c"], "Comment"), "one\nline two four");
+  EXPECT_EQ(Names(files["c"], "Comment"), "one\nline two own four");
   EXPECT_EQ(Names(files["d"], "Comment"), "one\nline three");
   EXPECT_EQ(files["root"].Entities(model::Symbol("Comment")).size(), 1u);
   EXPECT_THAT(files.Remarks(), ElementsAre(HasSubstr("which is not in the file")));

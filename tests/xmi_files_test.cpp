@@ -237,6 +237,46 @@ TEST(XmiFragments, AreHungIntoTheModel) {
   EXPECT_THAT(files.Remarks(), ElementsAre(HasSubstr("belongs elsewhere: Package P::F")));
 }
 
+TEST(XmiFragments, StandAmongTheirSiblingsInOrder) {
+  XmiFiles files;
+  files.Write("f.uml", support::ModelFile("", R"(
+      <uml:Class xmi:id="h" name="Holder"><ownedAttribute xmi:id="k" name="K"/></uml:Class>
+      <C:CORBAConstants base_Class="h"/>
+      <uml:Interface xmi:id="i" name="I">
+        <ownedComment href="g.uml#c"/><ownedComment body="two"/>
+        <generalization href="g.uml#g"/><generalization general="b"/>
+        <ownedOperation xmi:id="o" name="o">
+          <ownedParameter href="g.uml#p"/><ownedParameter name="second"/></ownedOperation>
+        <ownedReception href="g.uml#r"/><ownedAttribute name="z"/>
+      </uml:Interface>
+      <uml:Interface xmi:id="b" name="B"/>)"));
+  files.Write("g.uml", support::ModelFile("", R"(
+      <uml:Comment xmi:id="c" body="one"/>
+      <uml:Generalization xmi:id="g" general="a"/><uml:Interface xmi:id="a" name="A"/>
+      <uml:Parameter xmi:id="p" name="first"/>
+      <uml:Reception xmi:id="r" signal="s"/><uml:Signal xmi:id="s" name="S"/>
+      <uml:EnumerationLiteral xmi:id="l" name="ONE"/>)"));
+  files.ReadModel(R"(<packagedElement xmi:type="uml:Package" xmi:id="p" name="P">
+      <packagedElement xmi:type="uml:Class" xmi:id="x" name="X"/>
+      <packagedElement xmi:type="uml:Class" href="f.uml#h"/>
+      <packagedElement xmi:type="uml:Interface" href="f.uml#i"/>
+      <packagedElement xmi:type="uml:Enumeration" xmi:id="e" name="E">
+        <ownedLiteral href="g.uml#l"/><ownedLiteral name="TWO"/></packagedElement>
+      <ownedComment annotatedElement="x" body="last"/>
+    </packagedElement>)");
+  EXPECT_EQ(Names(files["p"], "OwnedMember"), "X K I E");
+  EXPECT_EQ(Names(files["i"], "OwnedMember"), "o S z");
+  EXPECT_EQ(Names(files["i"], "Comment"), "one two");
+  EXPECT_EQ(Names(files["o"], "Parameter"), "first second");
+  EXPECT_EQ(Names(files["e"], "Literal"), "ONE TWO");
+  const auto generals = files["i"].Entities(model::Symbol("Generalization"));
+  ASSERT_EQ(generals.size(), 2u);
+  EXPECT_EQ(generals[0]->GetEntity("Parent", 0), &files["a"]);
+  EXPECT_EQ(files.Reader().QualifiedName(files["k"]), "P::K");
+  EXPECT_EQ(files.Reader().IdOf(files["l"]), "l");
+  EXPECT_THAT(files.Remarks(), IsEmpty());
+}
+
 TEST(XmiFragments, ThatHoldEachOtherDontLoop) {
   XmiFiles files;
   const auto fragment = [](const std::string& id, const std::string& other) {

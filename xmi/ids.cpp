@@ -47,6 +47,14 @@ const IdTarget* Ids::Find(FileIndex file, std::string_view id, std::uint32_t has
   return entry.text == nullptr ? nullptr : &entry.target;
 }
 
+void Ids::Renumber(const std::vector<ItemIndex>& numbers) {
+  for (Table& table : tables_) {
+    for (Entry& entry : table.entries) {
+      if (entry.target.item != kNoItem) entry.target.item = numbers[entry.target.item];
+    }
+  }
+}
+
 std::string_view Ids::IdOf(ItemIndex item) const {
   if (byItem_.empty()) {
     for (const Table& table : tables_) {

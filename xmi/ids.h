@@ -39,6 +39,8 @@ class Ids {
     const Table& table = tables_[file];
     __builtin_prefetch(&table.entries[FirstPlace(table, hash)]);
   }
+  /// Gives every item its new index, by its old one.
+  void Renumber(const std::vector<ItemIndex>& numbers);
   /// The id of an item; empty when it has none. Goes through all ids when first called.
   std::string_view IdOf(ItemIndex item) const;
 

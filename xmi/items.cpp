@@ -54,6 +54,16 @@ std::string Shortened(std::string_view name) {
   return name.size() <= most ? std::string(name) : std::string(name.substr(0, most)) + "...";
 }
 
+void Items::Renumber(const std::vector<ItemIndex>& order, const std::vector<ItemIndex>& numbers) {
+  std::vector<Item> renumbered;
+  renumbered.reserve(order.size());
+  for (const ItemIndex old : order) {
+    Item& item = renumbered.emplace_back(items_[old]);
+    if (item.owner != kNoItem) item.owner = numbers[item.owner];
+  }
+  items_.swap(renumbered);
+}
+
 ItemIndex Items::Find(const model::Element& element) const {
   const std::less<const model::Element*> before;
   const auto address = [this](ItemIndex index) { return items_[index].element; };
@@ -62,7 +72,7 @@ ItemIndex Items::Find(const model::Element& element) const {
     byAddress_.clear();
     byAddress_.reserve(items_.size());
     for (std::size_t i = 0; i < items_.size(); ++i) {
-      if (!items_[i].Has(Item::kPlace)) byAddress_.push_back(static_cast<ItemIndex>(i));
+      if (items_[i].element != nullptr) byAddress_.push_back(static_cast<ItemIndex>(i));
     }
     // Elements are made one behind the other, so there is nearly always nothing to sort.
     const auto isBefore = [&](ItemIndex a, ItemIndex b) { return before(address(a), address(b)); };

@@ -1,7 +1,7 @@
 // What the reader knows of each element that it made: where it stands and who owns it.
 //
-// Items stand in the order in which their elements were read, owners before what they own, so loops
-// over them go through the model in document order, file after file.
+// Items stand in document order, owners before what they own; while files are read, file after
+// file, then as if all were one.
 #pragma once
 
 #include <cstddef>
@@ -22,14 +22,13 @@ inline constexpr ItemIndex kNoItem = 0x7FFFFFFF;
 
 struct Item {
   enum Flag : std::uint8_t {
-    kConjugated = 1,    ///< `isConjugated` of a port
-    kTyped = 2,         ///< names a type, known or not
-    kTypedVoid = 4,     ///< names a type "void"
-    kHolder = 8,        ///< a class that holds the constants of its package
-    kMarked = 16,       ///< a stereotype of the CORBA profile is applied
-    kMember = 32,       ///< is one of its owner's members
-    kPlace = 64,        ///< is only the place of an element of another file
-    kOverridden = 128,  ///< a stereotype decided its metaclass
+    kConjugated = 1,   ///< `isConjugated` of a port
+    kTyped = 2,        ///< names a type, known or not
+    kTypedVoid = 4,    ///< names a type "void"
+    kHolder = 8,       ///< a class that holds the constants of its package
+    kMarked = 16,      ///< a stereotype of the CORBA profile is applied
+    kMember = 32,      ///< is one of its owner's members
+    kOverridden = 64,  ///< a stereotype decided its metaclass
   };
 
   model::Element* element = nullptr;  ///< Null for the place of an element of another file.
@@ -59,6 +58,9 @@ class Items {
   /// The same for people: the outer names of a deep element and the end of a long name are left
   /// out.
   std::string ShortName(ItemIndex index) const;
+  /// Gives every item its new index: `order` holds the old ones in the new order, `numbers` the new
+  /// ones by the old.
+  void Renumber(const std::vector<ItemIndex>& order, const std::vector<ItemIndex>& numbers);
   /// The item of an element; `kNoItem` for one that stands in no file. Slow when first called.
   ItemIndex Find(const model::Element& element) const;
 

@@ -148,7 +148,7 @@ std::vector<model::Element*> Reader::FindByName(std::string_view qualifiedName) 
   for (std::size_t i = 0; i < items.Size(); ++i) {
     const auto index = static_cast<ItemIndex>(i);
     const Item& item = items[index];
-    if (item.element == nullptr || item.Has(Item::kPlace) || items.NameOf(index) != last) continue;
+    if (item.element == nullptr || items.NameOf(index) != last) continue;
     if (impl_->reading.files[item.file].isLibrary) continue;
     ItemIndex root = index;
     while (items[root].owner != kNoItem) root = items[root].owner;
@@ -167,7 +167,7 @@ std::vector<model::Element*> Reader::Artifacts() const {
     const Item& item = items[static_cast<ItemIndex>(i)];
     const bool isArtifact =
         item.type == Word::kArtifact || item.type == Word::kDeploymentSpecification;
-    if (isArtifact && !item.Has(Item::kPlace)) artifacts.push_back(item.element);
+    if (isArtifact) artifacts.push_back(item.element);
   }
   return artifacts;
 }

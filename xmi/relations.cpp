@@ -112,9 +112,9 @@ void Relations::AddComment(ItemIndex index, std::span<const Link> links, Lists& 
   bool annotates = false;
   std::unordered_set<ItemIndex> annotated;
   for (const Link& link : links) {
-    if (link.feature != Word::kAnnotatedElement) continue;
+    if (link.feature != Word::kAnnotatedElement || link.to == kNoItem) continue;
     annotates = true;
-    const bool isKnown = link.to != kNoItem && reading_.items[link.to].element != nullptr;
+    const bool isKnown = reading_.items[link.to].element != nullptr;
     if (isKnown && annotated.insert(link.to).second) comments.Add(link.to, item.element);
   }
   if (!annotates && item.owner != kNoItem) comments.Add(item.owner, item.element);

@@ -147,6 +147,7 @@ void Resolver::FillPlaces() {
         Find(reference.from, TextOf(reference.feature), reference.text, reference.isHref);
     if (found != kNoItem) FillPlace(reference.from, found);
   }
+  RestoreDocumentOrder(reading_, placements_);
 }
 
 void Resolver::FillPlace(ItemIndex place, ItemIndex found) {
@@ -160,8 +161,8 @@ void Resolver::FillPlace(ItemIndex place, ItemIndex found) {
                              " but belongs elsewhere: " + reading_.Describe(found));
   }
   item.owner = owner;
-  reading_.items[place].element = item.element;
-  reading_.items[place].flags |= Item::kPlace;
+  item.flags |= reading_.items[place].flags & Item::kMember;
+  placements_.push_back({place, found});
 }
 
 }  // namespace xmi

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "xmi/document_order.h"
 #include "xmi/reading.h"
 
 namespace xmi {
@@ -36,6 +37,7 @@ class Resolver {
 
   Reading& reading_;
   std::vector<bool> extensionsRead_;  // by file
+  std::vector<Placement> placements_;
 };
 
 /// The next word of a text, which is cut off it; empty at the end.
