@@ -200,6 +200,8 @@ TEST_F(MemberTest, WithAWrongTemplateParameterAbortsTheRun) {
   text.AddEntity(Symbol("ActualTemplateParameter"), Literal("CharstringValue", "10"));
   auto& missing = b.Template("sequence", {"long"});
   missing.AddEntity(Symbol("ActualTemplateParameter"), Ident(nullptr));
+  auto& real = b.Template("sequence", {});
+  real.AddEntity(Symbol("ActualTemplateParameter"), Literal("RealValue", "2.5"));
   auto& itself = b.Template("sequence", {});
   itself.AddEntity(Symbol("ActualTemplateParameter"), itself);
   ExpectLines({
@@ -212,6 +214,7 @@ TEST_F(MemberTest, WithAWrongTemplateParameterAbortsTheRun) {
       {b.Template("sequence", {array}), wrong("sequence")},
       {b.Template("sequence", {b.Template("map", {"long"})}), wrong("sequence")},
       {itself, wrong("sequence")},
+      {real, wrong("sequence")},
       {b.Template("string", {}), wrong("string")},
       {b.Template("string", {"long"}), wrong("string")},
       {text, wrong("string")},

@@ -277,6 +277,39 @@ TEST(XmiFragments, StandAmongTheirSiblingsInOrder) {
   EXPECT_THAT(files.Remarks(), IsEmpty());
 }
 
+// Values and template bindings are no elements of their own, but may be parts of their own.
+TEST(XmiFragments, MayBeValuesAndBindings) {
+  XmiFiles files;
+  files.Write("f.uml", support::ModelFile("", R"(
+      <uml:LiteralUnlimitedNatural xmi:id="star" value="*"/>
+      <uml:InstanceValue xmi:id="red"><instance href="model.uml#r"/></uml:InstanceValue>
+      <uml:OpaqueExpression xmi:id="max"><body>MAX</body></uml:OpaqueExpression>
+      <uml:TemplateBinding xmi:id="longs">
+        <signature href="CORBA.library.uml#sequence_signature"/>
+        <parameterSubstitution><actual href="CORBA.library.uml#long"/></parameterSubstitution>
+      </uml:TemplateBinding>)"));
+  files.ReadModel(R"(<packagedElement xmi:type="uml:Class" xmi:id="c" name="C">
+      <ownedAttribute name="MAX"/>
+      <ownedAttribute xmi:id="a" type="t"><lowerValue href="f.uml#max"/>
+        <upperValue xmi:type="uml:LiteralUnlimitedNatural" href="f.uml#star"/></ownedAttribute>
+      <ownedAttribute xmi:id="d"><defaultValue href="f.uml#red"/></ownedAttribute>
+      <ownedAttribute xmi:id="lost"><upperValue href="f.uml#nowhere"/>
+        <defaultValue href="#c"/></ownedAttribute>
+      <nestedClassifier xmi:type="uml:Class" xmi:id="t" name="T">
+        <templateBinding href="f.uml#longs"/></nestedClassifier>
+    </packagedElement>
+    <packagedElement xmi:type="uml:Enumeration" name="E">
+      <ownedLiteral xmi:id="r" name="RED"/></packagedElement>)",
+                  R"(<C:CORBAConstants base_Class="c"/>)");
+  EXPECT_EQ(support::MultiplicityText(files["a"]), "MAX=MAX..*");
+  EXPECT_EQ(TypeText(files["a"]), "sequence<long>");
+  EXPECT_EQ(files["d"].GetEntity("DefaultValue", 0)->GetEntity("Definition", 0), &files["r"]);
+  EXPECT_EQ(support::MultiplicityText(files["lost"]), "");
+  EXPECT_EQ(files["lost"].GetEntity("DefaultValue", 0), nullptr);
+  EXPECT_THAT(files.Remarks(), ElementsAre(HasSubstr("\"nowhere\", which is not in"),
+                                           HasSubstr("belongs elsewhere: Class C")));
+}
+
 TEST(XmiFragments, ThatHoldEachOtherDontLoop) {
   XmiFiles files;
   const auto fragment = [](const std::string& id, const std::string& other) {

@@ -20,6 +20,12 @@ void CloseBracket(std::string& text, const std::string& bound) {
   text += '>';
 }
 
+/// Whether a value stands where a type should.
+bool isValue(mdk::IMdeEntity* element) {
+  const std::string metaclass = element->GetMetaclass();
+  return metaclass.ends_with("Value") || metaclass == "OpaqueExpression";
+}
+
 /// One template instantiation, its parameters not yet looked at.
 struct Instantiation {
   std::string name;
@@ -123,7 +129,7 @@ class TemplateChain {
       innermost.kind = primitiveType;
       return Bounded(level);
     }
-    if (element->IsKindOf("IntegerValue")) level.Refuse();
+    if (isValue(element)) level.Refuse();
     mdk::IMdeEntity* found = EvaluatePlainType(element, innermost);
     if (found->IsKindOf("Attribute")) level.Refuse();
     return innermost.kind == primitiveType ? innermost.text : user_.Spell(found);

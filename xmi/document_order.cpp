@@ -16,8 +16,8 @@ class Sorter {
   std::vector<ItemIndex> Sorted() {
     std::vector<ItemIndex> order;
     order.reserve(reading_.items.Size());
-    for (const ItemIndex root : reading_.roots) {
-      if (reading_.items[root].owner == kNoItem) Open(root);
+    for (const Root& root : reading_.roots) {
+      if (reading_.items[root.item].owner == kNoItem) Open(root.item);
       while (!open_.empty()) Step(order);
     }
     return order;
@@ -30,9 +30,11 @@ class Sorter {
   };
 
   void Open(ItemIndex root) {
-    const auto next = std::upper_bound(reading_.roots.begin(), reading_.roots.end(), root);
+    const auto next = std::upper_bound(
+        reading_.roots.begin(), reading_.roots.end(), root,
+        [](ItemIndex before, const Root& candidate) { return before < candidate.item; });
     const bool isLast = next == reading_.roots.end();
-    open_.push_back({root, isLast ? static_cast<ItemIndex>(reading_.items.Size()) : *next});
+    open_.push_back({root, isLast ? static_cast<ItemIndex>(reading_.items.Size()) : next->item});
   }
 
   void Step(std::vector<ItemIndex>& order) {
@@ -59,9 +61,13 @@ void RestoreDocumentOrder(Reading& reading, const std::vector<Placement>& placem
   reading.items.Renumber(order, numbers);
   reading.ids.Renumber(numbers);
   for (Reference& reference : reading.references) reference.from = numbers[reference.from];
-  for (ValueNode& value : reading.values) value.item = numbers[value.item];
-  for (TemplateBinding& binding : reading.bindings) binding.item = numbers[binding.item];
-  for (ItemIndex& root : reading.roots) root = numbers[root];
+  const auto renumberPart = [&numbers](auto& part) {
+    part.item = numbers[part.item];
+    part.source = numbers[part.source];
+  };
+  for (ValueNode& value : reading.values) renumberPart(value);
+  for (TemplateBinding& binding : reading.bindings) renumberPart(binding);
+  for (Root& root : reading.roots) root.item = numbers[root.item];
 }
 
 }  // namespace xmi

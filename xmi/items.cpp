@@ -96,6 +96,8 @@ bool IsClassifier(Word type) {
 
 bool IsDependency(Word type) { return type >= Word::kDependency && type <= Word::kPackageImport; }
 
+bool IsValue(Word type) { return type >= Word::kLiteralInteger && type <= Word::kExpression; }
+
 bool IsTyped(Word type) {
   return type == Word::kProperty || type == Word::kExtensionEnd || type == Word::kPort ||
          type == Word::kParameter;

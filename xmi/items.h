@@ -77,6 +77,8 @@ std::string Shortened(std::string_view name);
 bool IsPackage(Word type);
 bool IsClassifier(Word type);
 bool IsDependency(Word type);
+/// A value: a literal, an expression or an instance's.
+bool IsValue(Word type);
 /// A property or parameter.
 bool IsTyped(Word type);
 

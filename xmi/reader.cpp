@@ -7,6 +7,7 @@
 #include "xmi/ports.h"
 #include "xmi/reading.h"
 #include "xmi/relations.h"
+#include "xmi/remote_parts.h"
 #include "xmi/resolver.h"
 #include "xmi/stereotypes.h"
 #include "xmi/symbols.h"
@@ -76,6 +77,7 @@ void Reader::Impl::Connect() {
   Dependencies dependencies(reading);
 
   resolver.FillPlaces();
+  RemoteParts(reading, resolver).Fetch();
   Stereotypes(reading, resolver).Apply();
   Release(reading.applications);
   relations.NamePrimitives();

@@ -46,9 +46,19 @@ struct ValueNode {
   std::string_view value;  ///< The attribute "value"; empty without one.
   bool hasValue = false;   ///< The attribute is there.
   pugi::xml_node node;
+  std::string_view href;       ///< Where it stands, when that is another file.
+  ItemIndex source = kNoItem;  ///< An item of the file in which it stands.
 };
 
 struct TemplateBinding {
+  ItemIndex item = kNoItem;
+  pugi::xml_node node;
+  std::string_view href;  ///< As of a value.
+  ItemIndex source = kNoItem;
+};
+
+/// An element at the top of a file.
+struct Root {
   ItemIndex item = kNoItem;
   pugi::xml_node node;
 };
@@ -76,8 +86,8 @@ struct Reading {
   std::vector<ValueNode> values;
   std::vector<TemplateBinding> bindings;
   std::vector<Application> applications;
-  std::vector<Link> links;       ///< In the order of the items that they come from.
-  std::vector<ItemIndex> roots;  ///< Of all files.
+  std::vector<Link> links;  ///< In the order of the items that they come from.
+  std::vector<Root> roots;  ///< Of all files.
   std::unordered_map<std::string, std::size_t> passedOver;
   ReadingProgress progress;
 

@@ -88,8 +88,8 @@ void Relations::SetMembers() {
   members.Store(reading_, symbols::ownedMember);
   parameters.Store(reading_, symbols::parameter);
   literals.Store(reading_, symbols::literal);
-  for (const ItemIndex root : reading_.roots) {
-    const Item& item = reading_.items[root];
+  for (const Root& root : reading_.roots) {
+    const Item& item = reading_.items[root.item];
     const bool isOwn = item.owner == kNoItem && !reading_.files[item.file].isLibrary;
     if (isOwn) reading_.model.AddRoot(*item.element);
   }

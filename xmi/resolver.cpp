@@ -150,16 +150,18 @@ void Resolver::FillPlaces() {
   RestoreDocumentOrder(reading_, placements_);
 }
 
+void Resolver::WarnMisplaced(ItemIndex place, ItemIndex owner, ItemIndex found) {
+  reading_.Warn(place, "misplaced-element",
+                "an element of another file stands in " + reading_.Describe(owner) +
+                    " but belongs elsewhere: " + reading_.Describe(found));
+}
+
 void Resolver::FillPlace(ItemIndex place, ItemIndex found) {
   Item& item = reading_.items[found];
   const ItemIndex owner = reading_.items[place].owner;
   ItemIndex above = owner;
   while (above != kNoItem && above != found) above = reading_.items[above].owner;
-  if (above == found || item.owner != kNoItem) {
-    return reading_.Warn(place, "misplaced-element",
-                         "an element of another file stands in " + reading_.Describe(owner) +
-                             " but belongs elsewhere: " + reading_.Describe(found));
-  }
+  if (above == found || item.owner != kNoItem) return WarnMisplaced(place, owner, found);
   item.owner = owner;
   item.flags |= reading_.items[place].flags & Item::kMember;
   placements_.push_back({place, found});

@@ -16,6 +16,8 @@ class Resolver {
 
   /// Puts the elements of other files where the model has a place for them.
   void FillPlaces();
+  /// Tells that what stands in `owner` can't, and where it belongs. The remark is about `place`.
+  void WarnMisplaced(ItemIndex place, ItemIndex owner, ItemIndex found);
   /// Turns all other references into links.
   void ResolveReferences();
 

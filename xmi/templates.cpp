@@ -37,7 +37,7 @@ void Templates::Find() {
     if (generic == kNoItem || !IsTemplateName(reading_.items.NameOf(generic))) continue;
     item.element->SetMetaclass(symbols::templateInstantiation);
     item.element->SetEntity(symbols::instanceOf, reading_.items[generic].element);
-    instantiations_.push_back({binding.item, binding.node, {}, {}});
+    instantiations_.push_back({binding.item, &binding, {}, {}});
   }
   std::sort(instantiations_.begin(), instantiations_.end(),
             [](const Instantiation& a, const Instantiation& b) { return a.item < b.item; });
@@ -46,11 +46,11 @@ void Templates::Find() {
 // A signature's id is an id inside of the template.
 ItemIndex Templates::TemplateOf(const TemplateBinding& binding) {
   ItemIndex generic = kNoItem;
-  const FileIndex file = reading_.items[binding.item].file;
+  const FileIndex file = reading_.items[binding.source].file;
   ForEachTarget(binding.node, "signature", [&](std::string_view text, bool isHref) {
     const IdTarget* entry = resolver_.FindEntry(file, text, isHref);
     if (entry == nullptr) {
-      resolver_.Find(binding.item, "signature", text, isHref);  // for its remark
+      resolver_.Find(binding.source, "signature", text, isHref);  // for its remark
     } else if (generic == kNoItem) {
       generic = entry->item;
     }
@@ -69,7 +69,7 @@ void Templates::Fill(Values& values, Types& types) {
 
 void Templates::FillOne(Instantiation& instantiation, Values& values, Types& types) {
   for (const pugi::xml_node substitution :
-       instantiation.binding.children("parameterSubstitution")) {
+       instantiation.binding->node.children("parameterSubstitution")) {
     const pugi::xml_node owned = substitution.child("ownedActual");
     if (owned && LocalAttribute(owned, "href", false).empty()) {
       for (const pugi::xml_node actual : substitution.children("ownedActual")) {
@@ -85,19 +85,24 @@ void Templates::FillOne(Instantiation& instantiation, Values& values, Types& typ
 }
 
 void Templates::AddOwned(Instantiation& instantiation, pugi::xml_node actual, Values& values) {
-  Bound bound = values.ReadBound(MakeValueNode(instantiation.item, actual));
-  if (bound.kind == Bound::kUnreadable) {
+  const ValueNode value = MakeValueNode(instantiation.item, instantiation.binding->source, actual);
+  const Bound bound = values.ReadBound(value);
+  model::Element* element = nullptr;
+  if (bound.kind != Bound::kUnreadable) {
+    element = &values.ElementOf(bound);
+  } else if (!IsClassifier(value.type)) {
     reading_.Warn(instantiation.item, "template-parameter-unreadable",
                   "a template parameter of " + reading_.Describe(instantiation.item) +
                       " is neither a number nor a name");
-    bound = {Bound::kName, std::string(LocalAttribute(actual, "name", false)), kNoItem};
+    element = values.ReadDefault(value);
   }
-  instantiation.actuals.push_back(&values.ElementOf(bound));
+  if (element == nullptr) element = &values.Ident(LocalAttribute(actual, "name", false), kNoItem);
+  instantiation.actuals.push_back(element);
 }
 
 void Templates::AddReferred(Instantiation& instantiation, std::string_view text, bool isHref,
                             Values& values, Types& types) {
-  const ItemIndex actual = resolver_.Find(instantiation.item, "actual", text, isHref);
+  const ItemIndex actual = resolver_.Find(instantiation.binding->source, "actual", text, isHref);
   if (actual == kNoItem || reading_.items[actual].element == nullptr) {
     instantiation.actuals.push_back(&values.Ident(text, kNoItem));
     return;

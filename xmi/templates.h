@@ -23,7 +23,7 @@ class Templates {
  private:
   struct Instantiation {
     ItemIndex item;
-    pugi::xml_node binding;
+    const TemplateBinding* binding;
     std::vector<model::Element*> actuals;
     std::vector<ItemIndex> nested;  // the actuals that are instantiations themselves
   };

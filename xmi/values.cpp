@@ -67,9 +67,10 @@ std::string_view BaseName(const model::Element* type) {
 
 }  // namespace
 
-ValueNode MakeValueNode(ItemIndex item, pugi::xml_node node) {
+ValueNode MakeValueNode(ItemIndex item, ItemIndex source, pugi::xml_node node) {
   ValueNode value;
   value.item = item;
+  value.source = source;
   value.type = TypeOf(SplitName(LocalAttribute(node, "type", true)).local);
   value.node = node;
   return value;
@@ -140,13 +141,13 @@ Bound Values::ReadBound(const ValueNode& value) {
 
 ItemIndex Values::InstanceOf(const ValueNode& value) {
   if (const pugi::xml_attribute instance = value.node.attribute("instance")) {
-    return resolver_.Find(value.item, "instance", instance.value(), false);
+    return resolver_.Find(value.source, "instance", instance.value(), false);
   }
   const pugi::xml_node child = value.node.child("instance");
   const std::string_view href = LocalAttribute(child, "href", false);
   const std::string_view idref = LocalAttribute(child, "idref", true);
   if (href.empty() && idref.empty()) return kNoItem;
-  return resolver_.Find(value.item, "instance", href.empty() ? idref : href, !href.empty());
+  return resolver_.Find(value.source, "instance", href.empty() ? idref : href, !href.empty());
 }
 
 const ValueNode* Values::SpecificationOf(ItemIndex instance) {

@@ -143,8 +143,11 @@ Walker::Below Walker::EnterRoot(pugi::xml_node node) {
   if (tag_.space == Space::kUml) {
     tag_.typeName = SplitName(tag_.name).local;
     tag_.typeSpace = Space::kUml;
-    reading_.roots.push_back(BuildItem(TypeOf(tag_.typeName), kNoItem));
-    return {Mode::kMembers, reading_.roots.back()};
+    const Word type = TypeOf(tag_.typeName);
+    const ItemIndex root = BuildItem(type, kNoItem);
+    reading_.roots.push_back({root, node});
+    const bool isPart = IsValue(type) || tag_.typeName == "TemplateBinding";
+    return {isPart ? Mode::kValue : Mode::kMembers, root};
   }
   if (IsApplication(node)) return EnterApplication(node);
   return EnterForeign(node);
@@ -160,9 +163,8 @@ Walker::Below Walker::EnterMember(pugi::xml_node node, ItemIndex owner) {
     case Word::kSpecification:
       return EnterValue(node, owner);
     case Word::kTemplateBinding:
-      reading_.bindings.push_back({owner, node});
-      RememberId(owner, true);
-      return {Mode::kValue, owner};
+      reading_.bindings.push_back({owner, node, tag_.href, owner});
+      return EnterPart(owner);
     case Word::kOwnedTemplateSignature:
       RememberId(owner, true);
       return {Mode::kIds, owner};
@@ -205,15 +207,22 @@ Walker::Below Walker::EnterOwned(ItemIndex owner) {
 Walker::Below Walker::EnterValue(pugi::xml_node node, ItemIndex owner) {
   if (tag_.nil) return {};
   const Word type = tag_.typeSpace == Space::kUml ? tag_.type : Word::kNone;
-  ValueNode value{owner, tag_.tag, type, {}, false, node};
+  ValueNode value{owner, tag_.tag, type, {}, false, node, tag_.href, owner};
   for (const StartTag::Feature& feature : tag_.features) {
     if (feature.word != Word::kValue) continue;
     value.value = feature.value;
     value.hasValue = true;
   }
   reading_.values.push_back(value);
+  return EnterPart(owner);
+}
+
+/// A value or a binding, which may stand in a file of its own.
+Walker::Below Walker::EnterPart(ItemIndex owner) {
   RememberId(owner, true);
-  return {Mode::kValue, owner};
+  if (tag_.href.empty()) return {Mode::kValue, owner};
+  reading_.files.Follow(file_, tag_.href, offset_);
+  return {};
 }
 
 Walker::Below Walker::EnterOther(pugi::xml_node node, const Below& above) {

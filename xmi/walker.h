@@ -53,6 +53,7 @@ class Walker {
   Below EnterMember(pugi::xml_node node, ItemIndex owner);
   Below EnterOwned(ItemIndex owner);
   Below EnterValue(pugi::xml_node node, ItemIndex owner);
+  Below EnterPart(ItemIndex owner);
   Below EnterOther(pugi::xml_node node, const Below& above);
   Below EnterApplication(pugi::xml_node node);
   Below EnterForeign(pugi::xml_node node);

@@ -1,0 +1,31 @@
+// Fetches values and template bindings that stand in files of their own.
+//
+// They are no elements, so nothing but the part of the file that they were read from tells of them:
+// it takes the place of the part that only says where they are.
+#pragma once
+
+#include <string_view>
+#include <unordered_map>
+
+#include "xmi/reading.h"
+#include "xmi/resolver.h"
+
+namespace xmi {
+
+class RemoteParts {
+ public:
+  RemoteParts(Reading& reading, Resolver& resolver) : reading_(reading), resolver_(resolver) {}
+
+  /// What can't be found is left out, with a remark.
+  void Fetch();
+
+ private:
+  template <typename Part>
+  bool FetchOne(Part& part, std::string_view feature);
+
+  Reading& reading_;
+  Resolver& resolver_;
+  std::unordered_map<ItemIndex, pugi::xml_node> roots_;
+};
+
+}  // namespace xmi
