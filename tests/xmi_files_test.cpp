@@ -286,7 +286,8 @@ TEST(XmiFragments, MayBeValuesAndBindings) {
       <uml:OpaqueExpression xmi:id="max"><body>MAX</body></uml:OpaqueExpression>
       <uml:TemplateBinding xmi:id="longs">
         <signature href="CORBA.library.uml#sequence_signature"/>
-        <parameterSubstitution><actual href="CORBA.library.uml#long"/></parameterSubstitution>
+        <parameterSubstitution href="model.uml#element"/>
+        <parameterSubstitution><ownedActual href="#max"/></parameterSubstitution>
       </uml:TemplateBinding>)"));
   files.ReadModel(R"(<packagedElement xmi:type="uml:Class" xmi:id="c" name="C">
       <ownedAttribute name="MAX"/>
@@ -300,9 +301,11 @@ TEST(XmiFragments, MayBeValuesAndBindings) {
     </packagedElement>
     <packagedElement xmi:type="uml:Enumeration" name="E">
       <ownedLiteral xmi:id="r" name="RED"/></packagedElement>)",
-                  R"(<C:CORBAConstants base_Class="c"/>)");
+                  R"(<C:CORBAConstants base_Class="c"/>
+      <uml:TemplateParameterSubstitution xmi:id="element"><actual href="CORBA.library.uml#long"/>
+      </uml:TemplateParameterSubstitution>)");
   EXPECT_EQ(support::MultiplicityText(files["a"]), "MAX=MAX..*");
-  EXPECT_EQ(TypeText(files["a"]), "sequence<long>");
+  EXPECT_EQ(TypeText(files["a"]), "sequence<long, MAX=MAX>");
   EXPECT_EQ(files["d"].GetEntity("DefaultValue", 0)->GetEntity("Definition", 0), &files["r"]);
   EXPECT_EQ(support::MultiplicityText(files["lost"]), "");
   EXPECT_EQ(files["lost"].GetEntity("DefaultValue", 0), nullptr);

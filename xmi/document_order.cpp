@@ -68,6 +68,8 @@ void RestoreDocumentOrder(Reading& reading, const std::vector<Placement>& placem
   for (ValueNode& value : reading.values) renumberPart(value);
   for (TemplateBinding& binding : reading.bindings) renumberPart(binding);
   for (Root& root : reading.roots) root.item = numbers[root.item];
+  std::sort(reading.roots.begin(), reading.roots.end(),
+            [](const Root& a, const Root& b) { return a.item < b.item; });
 }
 
 }  // namespace xmi

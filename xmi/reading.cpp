@@ -1,6 +1,15 @@
 #include "xmi/reading.h"
 
+#include <algorithm>
+
 namespace xmi {
+
+pugi::xml_node Reading::RootNode(ItemIndex item) const {
+  const auto found =
+      std::lower_bound(roots.begin(), roots.end(), item,
+                       [](const Root& root, ItemIndex wanted) { return root.item < wanted; });
+  return found != roots.end() && found->item == item ? found->node : pugi::xml_node();
+}
 
 std::string Reading::Describe(ItemIndex item) const {
   std::string_view kind = TextOf(items[item].type);

@@ -87,7 +87,7 @@ struct Reading {
   std::vector<TemplateBinding> bindings;
   std::vector<Application> applications;
   std::vector<Link> links;  ///< In the order of the items that they come from.
-  std::vector<Root> roots;  ///< Of all files.
+  std::vector<Root> roots;  ///< Of all files, in the order of their items.
   std::unordered_map<std::string, std::size_t> passedOver;
   ReadingProgress progress;
 
@@ -98,6 +98,8 @@ struct Reading {
     const Document& document = *files[file].document;
     return document.Locate(document.OffsetOf(node));
   }
+  /// What was read as an element at the top of a file; null for an item that is none.
+  pugi::xml_node RootNode(ItemIndex item) const;
   /// The links of an item, for loops over all items in order; `next` starts at 0.
   std::span<const Link> LinksOf(ItemIndex item, std::size_t& next) const {
     const std::size_t begin = next;

@@ -3,7 +3,6 @@
 namespace xmi {
 
 void RemoteParts::Fetch() {
-  for (const auto& [item, node] : reading_.roots) roots_.emplace(item, node);
   std::erase_if(reading_.values, [this](ValueNode& value) {
     const bool isRemote = !value.href.empty();
     if (!FetchOne(value, TextOf(value.feature))) return true;
@@ -17,15 +16,9 @@ void RemoteParts::Fetch() {
 template <typename Part>
 bool RemoteParts::FetchOne(Part& part, std::string_view feature) {
   if (part.href.empty()) return true;
-  const ItemIndex found = resolver_.Find(part.item, feature, part.href, true);
-  if (found == kNoItem) return false;
-  const auto root = roots_.find(found);
-  if (root == roots_.end()) {
-    resolver_.WarnMisplaced(part.item, part.item, found);
-    return false;
-  }
-  part.node = root->second;
-  part.source = found;
+  part.source = resolver_.FindRoot(part.item, feature, part.href);
+  if (part.source == kNoItem) return false;
+  part.node = reading_.RootNode(part.source);
   return true;
 }
 

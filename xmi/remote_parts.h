@@ -5,7 +5,6 @@
 #pragma once
 
 #include <string_view>
-#include <unordered_map>
 
 #include "xmi/reading.h"
 #include "xmi/resolver.h"
@@ -25,7 +24,6 @@ class RemoteParts {
 
   Reading& reading_;
   Resolver& resolver_;
-  std::unordered_map<ItemIndex, pugi::xml_node> roots_;
 };
 
 }  // namespace xmi

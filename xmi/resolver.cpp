@@ -93,6 +93,13 @@ ItemIndex Resolver::Find(ItemIndex from, std::string_view feature, std::string_v
   return entry == nullptr || entry->inner ? kNoItem : entry->item;
 }
 
+ItemIndex Resolver::FindRoot(ItemIndex from, std::string_view feature, std::string_view href) {
+  const ItemIndex found = Find(from, feature, href, true);
+  if (found == kNoItem || reading_.RootNode(found)) return found;
+  WarnMisplaced(from, from, found);
+  return kNoItem;
+}
+
 void Resolver::ResolveAll(const Reference& reference) {
   const std::string_view feature = TextOf(reference.feature);
   const bool isVoid = reference.isHref && std::string_view(reference.text).ends_with("#void");

@@ -16,8 +16,6 @@ class Resolver {
 
   /// Puts the elements of other files where the model has a place for them.
   void FillPlaces();
-  /// Tells that what stands in `owner` can't, and where it belongs. The remark is about `place`.
-  void WarnMisplaced(ItemIndex place, ItemIndex owner, ItemIndex found);
   /// Turns all other references into links.
   void ResolveReferences();
 
@@ -25,6 +23,9 @@ class Resolver {
   /// or an href. `kNoItem` for what is no element of the model. A reference to nowhere is a remark
   /// about `from`.
   ItemIndex Find(ItemIndex from, std::string_view feature, std::string_view text, bool isHref);
+  /// The same for a part that stands at the top of another file; what stands elsewhere can be no
+  /// part of `from`.
+  ItemIndex FindRoot(ItemIndex from, std::string_view feature, std::string_view href);
   /// The entry of the id that an idref or href of a file names; null when there is none.
   const IdTarget* FindEntry(FileIndex file, std::string_view text, bool isHref);
 
@@ -36,6 +37,7 @@ class Resolver {
   void ResolveAll(const Reference& reference);
   void Prefetch(const Reference& reference) const;
   void FillPlace(ItemIndex place, ItemIndex found);
+  void WarnMisplaced(ItemIndex place, ItemIndex owner, ItemIndex found);
 
   Reading& reading_;
   std::vector<bool> extensionsRead_;  // by file

@@ -68,24 +68,44 @@ void Templates::Fill(Values& values, Types& types) {
 }
 
 void Templates::FillOne(Instantiation& instantiation, Values& values, Types& types) {
-  for (const pugi::xml_node substitution :
-       instantiation.binding->node.children("parameterSubstitution")) {
-    const pugi::xml_node owned = substitution.child("ownedActual");
-    if (owned && LocalAttribute(owned, "href", false).empty()) {
-      for (const pugi::xml_node actual : substitution.children("ownedActual")) {
-        AddOwned(instantiation, actual, values);
-      }
+  const TemplateBinding& binding = *instantiation.binding;
+  for (const pugi::xml_node given : binding.node.children("parameterSubstitution")) {
+    const std::string_view href = LocalAttribute(given, "href", false);
+    if (href.empty()) {
+      AddActuals(instantiation, given, binding.source, values, types);
       continue;
     }
-    const char* const feature = owned ? "ownedActual" : "actual";
-    ForEachTarget(substitution, feature, [&](std::string_view text, bool isHref) {
-      AddReferred(instantiation, text, isHref, values, types);
-    });
+    const ItemIndex root = resolver_.FindRoot(binding.source, "parameterSubstitution", href);
+    if (root != kNoItem) {
+      AddActuals(instantiation, reading_.RootNode(root), root, values, types);
+    }
   }
 }
 
-void Templates::AddOwned(Instantiation& instantiation, pugi::xml_node actual, Values& values) {
-  const ValueNode value = MakeValueNode(instantiation.item, instantiation.binding->source, actual);
+void Templates::AddActuals(Instantiation& instantiation, pugi::xml_node substitution,
+                           ItemIndex source, Values& values, Types& types) {
+  const pugi::xml_node owned = substitution.child("ownedActual");
+  if (owned && LocalAttribute(owned, "href", false).empty()) {
+    for (const pugi::xml_node actual : substitution.children("ownedActual")) {
+      AddOwned(instantiation, actual, source, values);
+    }
+    return;
+  }
+  ForEachTarget(substitution, owned ? "ownedActual" : "actual",
+                [&](std::string_view text, bool isHref) {
+                  const ItemIndex actual = resolver_.Find(source, "actual", text, isHref);
+                  const pugi::xml_node root = reading_.RootNode(actual);
+                  if (root && IsValue(reading_.items[actual].type)) {
+                    AddOwned(instantiation, root, actual, values);
+                  } else {
+                    AddReferred(instantiation, actual, text, values, types);
+                  }
+                });
+}
+
+void Templates::AddOwned(Instantiation& instantiation, pugi::xml_node actual, ItemIndex source,
+                         Values& values) {
+  const ValueNode value = MakeValueNode(instantiation.item, source, actual);
   const Bound bound = values.ReadBound(value);
   model::Element* element = nullptr;
   if (bound.kind != Bound::kUnreadable) {
@@ -100,9 +120,8 @@ void Templates::AddOwned(Instantiation& instantiation, pugi::xml_node actual, Va
   instantiation.actuals.push_back(element);
 }
 
-void Templates::AddReferred(Instantiation& instantiation, std::string_view text, bool isHref,
+void Templates::AddReferred(Instantiation& instantiation, ItemIndex actual, std::string_view text,
                             Values& values, Types& types) {
-  const ItemIndex actual = resolver_.Find(instantiation.binding->source, "actual", text, isHref);
   if (actual == kNoItem || reading_.items[actual].element == nullptr) {
     instantiation.actuals.push_back(&values.Ident(text, kNoItem));
     return;

@@ -30,9 +30,13 @@ class Templates {
 
   ItemIndex TemplateOf(const TemplateBinding& binding);
   void FillOne(Instantiation& instantiation, Values& values, Types& types);
-  void AddOwned(Instantiation& instantiation, pugi::xml_node actual, Values& values);
-  void AddReferred(Instantiation& instantiation, std::string_view text, bool isHref, Values& values,
-                   Types& types);
+  /// `source` is an item of the file in which the substitution stands.
+  void AddActuals(Instantiation& instantiation, pugi::xml_node substitution, ItemIndex source,
+                  Values& values, Types& types);
+  void AddOwned(Instantiation& instantiation, pugi::xml_node actual, ItemIndex source,
+                Values& values);
+  void AddReferred(Instantiation& instantiation, ItemIndex actual, std::string_view text,
+                   Values& values, Types& types);
   void CutCycles(Values& values);
   void Cut(Instantiation& instantiation, ItemIndex nested, Values& values);
 

@@ -71,7 +71,8 @@ ValueNode MakeValueNode(ItemIndex item, ItemIndex source, pugi::xml_node node) {
   ValueNode value;
   value.item = item;
   value.source = source;
-  value.type = TypeOf(SplitName(LocalAttribute(node, "type", true)).local);
+  const std::string_view type = LocalAttribute(node, "type", true);
+  value.type = TypeOf(SplitName(type.empty() ? node.name() : type).local);
   value.node = node;
   return value;
 }

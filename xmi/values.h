@@ -57,7 +57,7 @@ class Values {
   std::optional<std::unordered_map<ItemIndex, std::size_t>> specifications_;
 };
 
-/// A value that stands somewhere below `item`, in the file of `source`.
+/// A value that stands somewhere below `item`, in the file of `source`, perhaps as its root.
 ValueNode MakeValueNode(ItemIndex item, ItemIndex source, pugi::xml_node node);
 
 }  // namespace xmi

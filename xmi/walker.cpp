@@ -146,7 +146,8 @@ Walker::Below Walker::EnterRoot(pugi::xml_node node) {
     const Word type = TypeOf(tag_.typeName);
     const ItemIndex root = BuildItem(type, kNoItem);
     reading_.roots.push_back({root, node});
-    const bool isPart = IsValue(type) || tag_.typeName == "TemplateBinding";
+    const bool isPart = IsValue(type) || tag_.typeName == "TemplateBinding" ||
+                        tag_.typeName == "TemplateParameterSubstitution";
     return {isPart ? Mode::kValue : Mode::kMembers, root};
   }
   if (IsApplication(node)) return EnterApplication(node);
@@ -230,8 +231,9 @@ Walker::Below Walker::EnterOther(pugi::xml_node node, const Below& above) {
   if (foreign) return EnterForeign(node);
   if (tag_.tag == Word::kEAnnotations) return {};
   RememberId(above.item, true);
-  const bool refers =
-      tag_.tag == Word::kSignature || tag_.tag == Word::kActual || tag_.tag == Word::kInstance;
+  const bool refers = tag_.tag == Word::kSignature || tag_.tag == Word::kActual ||
+                      tag_.tag == Word::kOwnedActual || tag_.tag == Word::kInstance ||
+                      tag_.tag == Word::kParameterSubstitution;
   if (above.mode == Mode::kValue && refers && !tag_.href.empty()) {
     reading_.files.Follow(file_, tag_.href, offset_);
   }
