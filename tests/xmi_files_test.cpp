@@ -67,6 +67,7 @@ TEST(XmiFiles, AreRefusedByKind) {
       {"<a>\n<b></a>", "f:2: is no well-formed XML"},
       {model + "<!-- c --><?p i?>\n<a/>", "f:4: is no well-formed XML: there is another element"},
       {model + "\n=======\n", "f:4: is no well-formed XML: there is text beside its root element"},
+      {model + " y", "f:3: is no well-formed XML: there is text beside its root element"},
       {"text\n" + root + "/>", "f:1: is no well-formed XML: there is text"},
       {std::string("<a>\n\0</a>", 9), "f:2: the text holds a NUL byte"},
       {"<?xml version=\"1.0\"?>\n<a b=\"\xFC\"/>", "f:2: byte 0xFC is not UTF-8"},
@@ -311,6 +312,29 @@ TEST(XmiFragments, MayBeValuesAndBindings) {
   EXPECT_EQ(files["lost"].GetEntity("DefaultValue", 0), nullptr);
   EXPECT_THAT(files.Remarks(), ElementsAre(HasSubstr("\"nowhere\", which is not in"),
                                            HasSubstr("belongs elsewhere: Class C")));
+}
+
+TEST(XmiFragments, ThatDontFitTheirPlaceAreToldOf) {
+  XmiFiles files;
+  files.Write("c.uml", support::ModelFile("", R"(<uml:Class xmi:id="x" name="X"/>)"));
+  files.Write("b.uml", support::ModelFile("", R"(<uml:Class xmi:id="k" name="K">
+      <signature href="c.uml#x"/><actual href="c.uml#x"/><instance href="c.uml#x"/>
+      <ownedAttribute name="q"><upperValue xmi:id="inner" value="5"/></ownedAttribute></uml:Class>
+      <C:CORBAStruct xmi:id="mark" base_Class="k"/>)"));
+  files.ReadModel(R"(<packagedElement xmi:type="uml:Class" xmi:id="c" name="C">
+      <ownedAttribute name="a"><upperValue href="b.uml#inner"/></ownedAttribute>
+      <ownedAttribute name="b"><defaultValue href="b.uml#k"/></ownedAttribute>
+      <ownedAttribute name="c"><defaultValue href="b.uml#mark"/></ownedAttribute>
+      <ownedAttribute href="b.uml#inner"/>
+      <nestedClassifier xmi:type="uml:Class" name="T"><templateBinding href="b.uml#k"/>
+      </nestedClassifier>
+      <nestedClassifier xmi:type="uml:Class" name="U">
+        <templateBinding><signature href="CORBA.library.uml#sequence_signature"/>
+          <parameterSubstitution href="b.uml#k"/></templateBinding></nestedClassifier>
+    </packagedElement>)");
+  EXPECT_EQ(Names(files["c"], "OwnedMember"), "a b c T U");
+  EXPECT_EQ(files.Remarks().size(), 6u);
+  EXPECT_THAT(files.Remarks(), ::testing::Each(HasSubstr("but belongs elsewhere: ")));
 }
 
 TEST(XmiFragments, ThatHoldEachOtherDontLoop) {

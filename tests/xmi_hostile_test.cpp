@@ -224,6 +224,19 @@ TEST_P(XmiCost, GrowsNoFasterThanTheFile) {
   });
 }
 
+TEST(XmiHostile, RootsThatStandInOneAnotherCostNoMoreThanOthers) {
+  support::ExpectLinearCost(million / 20, [](std::size_t count) {
+    std::string roots;
+    for (std::size_t i = 0; i < count; ++i) {
+      roots += "<uml:Class xmi:id=\"c" + std::to_string(i) + "\"><nestedClassifier href=\"#c" +
+               std::to_string(i + 1) + "\"/></uml:Class>";
+    }
+    XmiFiles files;
+    files.Write("model.uml", support::ModelFile("", roots));
+    return support::CostOf([&files] { files.Read(); });
+  });
+}
+
 INSTANTIATE_TEST_SUITE_P(Shapes, XmiCost, testing::ValuesIn(costs));
 
 }  // namespace

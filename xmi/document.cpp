@@ -18,6 +18,7 @@ namespace {
 constexpr unsigned kParseOptions = pugi::parse_default | pugi::parse_ws_pcdata_single |
                                    pugi::parse_embed_pcdata | pugi::parse_fragment;
 constexpr const char* kBlanks = " \t\r\n";
+constexpr std::string_view kMayBeLast = "> \t\r\n";
 
 std::string Bytes(const std::string& path) {
   std::error_code error;
@@ -82,6 +83,8 @@ void Document::Fill(std::string text) {
   if (StartsAsHtml(*text_)) Fail(0, "is an HTML page, no UML model");
   if (!problem.text.empty()) Fail(problem.offset, problem.text);
   tree_ = std::make_unique<pugi::xml_document>();
+  // The parser passes over the last character, which is fine for what may be the last one.
+  if (kMayBeLast.find(text_->back()) == std::string_view::npos) text_->push_back('\n');
   const pugi::xml_parse_result result =
       tree_->load_buffer_inplace(text_->data(), text_->size(), kParseOptions, pugi::encoding_utf8);
   if (!result) Fail(static_cast<std::size_t>(result.offset), ProblemText(result));

@@ -42,6 +42,7 @@ bool Ids::Add(FileIndex file, const char* id, std::uint32_t hash, IdTarget targe
 }
 
 const IdTarget* Ids::Find(FileIndex file, std::string_view id, std::uint32_t hash) const {
+  if (file >= tables_.size()) return nullptr;  // it was opened for this question and isn't read
   const Table& table = tables_[file];
   const Entry& entry = table.entries[PlaceOf(table, id, hash)];
   return entry.text == nullptr ? nullptr : &entry.target;

@@ -98,6 +98,11 @@ bool IsDependency(Word type) { return type >= Word::kDependency && type <= Word:
 
 bool IsValue(Word type) { return type >= Word::kLiteralInteger && type <= Word::kExpression; }
 
+bool IsPart(Word type) {
+  return IsValue(type) || type == Word::kTemplateBindingType ||
+         type == Word::kTemplateParameterSubstitution;
+}
+
 bool IsTyped(Word type) {
   return type == Word::kProperty || type == Word::kExtensionEnd || type == Word::kPort ||
          type == Word::kParameter;

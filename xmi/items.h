@@ -4,6 +4,7 @@
 // file, then as if all were one.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -41,12 +42,19 @@ struct Item {
   bool Has(Flag flag) const { return (flags & flag) != 0; }
 };
 
+/// Makes room for so many more entries; if that is asked often, all entries move but a few times.
+template <typename Entry>
+void ReserveMore(std::vector<Entry>& list, std::size_t more) {
+  const std::size_t wanted = list.size() + more;
+  if (wanted > list.capacity()) list.reserve(std::max(wanted, 2 * list.capacity()));
+}
+
 class Items {
  public:
   ItemIndex Add(const Item& item);
   std::size_t Size() const { return items_.size(); }
   /// Makes room for so many more.
-  void Reserve(std::size_t more) { items_.reserve(items_.size() + more); }
+  void Reserve(std::size_t more) { ReserveMore(items_, more); }
   Item& operator[](ItemIndex index) { return items_[index]; }
   const Item& operator[](ItemIndex index) const { return items_[index]; }
 
@@ -79,6 +87,8 @@ bool IsClassifier(Word type);
 bool IsDependency(Word type);
 /// A value: a literal, an expression or an instance's.
 bool IsValue(Word type);
+/// What is no element of its own: a value, the binding of a template, or a part of that.
+bool IsPart(Word type);
 /// A property or parameter.
 bool IsTyped(Word type);
 

@@ -52,6 +52,8 @@ struct ValueNode {
 
 struct TemplateBinding {
   ItemIndex item = kNoItem;
+  Word feature = Word::kTemplateBinding;
+  Word type = Word::kTemplateBindingType;
   pugi::xml_node node;
   std::string_view href;  ///< As of a value.
   ItemIndex source = kNoItem;
@@ -100,6 +102,8 @@ struct Reading {
   }
   /// What was read as an element at the top of a file; null for an item that is none.
   pugi::xml_node RootNode(ItemIndex item) const;
+  /// The element at the top of the file under which an item was read, before any was moved.
+  ItemIndex RootOf(ItemIndex item) const;
   /// The links of an item, for loops over all items in order; `next` starts at 0.
   std::span<const Link> LinksOf(ItemIndex item, std::size_t& next) const {
     const std::size_t begin = next;

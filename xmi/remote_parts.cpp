@@ -3,22 +3,25 @@
 namespace xmi {
 
 void RemoteParts::Fetch() {
-  std::erase_if(reading_.values, [this](ValueNode& value) {
-    const bool isRemote = !value.href.empty();
-    if (!FetchOne(value, TextOf(value.feature))) return true;
-    if (isRemote) value.type = reading_.items[value.source].type;
-    return false;
-  });
-  std::erase_if(reading_.bindings,
-                [this](TemplateBinding& binding) { return !FetchOne(binding, "templateBinding"); });
+  FetchAll(reading_.values, Word::kNone);
+  FetchAll(reading_.bindings, Word::kTemplateBindingType);
 }
 
 template <typename Part>
-bool RemoteParts::FetchOne(Part& part, std::string_view feature) {
-  if (part.href.empty()) return true;
-  part.source = resolver_.FindRoot(part.item, feature, part.href);
+void RemoteParts::FetchAll(std::vector<Part>& parts, Word type) {
+  std::size_t kept = 0;
+  for (Part& part : parts) {
+    if (part.href.empty() || FetchOne(part, type)) parts[kept++] = part;
+  }
+  parts.resize(kept);
+}
+
+template <typename Part>
+bool RemoteParts::FetchOne(Part& part, Word type) {
+  part.source = resolver_.FindRoot(part.item, TextOf(part.feature), part.href, type);
   if (part.source == kNoItem) return false;
   part.node = reading_.RootNode(part.source);
+  part.type = reading_.items[part.source].type;
   return true;
 }
 

@@ -4,7 +4,7 @@
 // it takes the place of the part that only says where they are.
 #pragma once
 
-#include <string_view>
+#include <vector>
 
 #include "xmi/reading.h"
 #include "xmi/resolver.h"
@@ -20,7 +20,9 @@ class RemoteParts {
 
  private:
   template <typename Part>
-  bool FetchOne(Part& part, std::string_view feature);
+  void FetchAll(std::vector<Part>& parts, Word type);
+  template <typename Part>
+  bool FetchOne(Part& part, Word type);
 
   Reading& reading_;
   Resolver& resolver_;

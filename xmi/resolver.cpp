@@ -93,10 +93,15 @@ ItemIndex Resolver::Find(ItemIndex from, std::string_view feature, std::string_v
   return entry == nullptr || entry->inner ? kNoItem : entry->item;
 }
 
-ItemIndex Resolver::FindRoot(ItemIndex from, std::string_view feature, std::string_view href) {
-  const ItemIndex found = Find(from, feature, href, true);
-  if (found == kNoItem || reading_.RootNode(found)) return found;
-  WarnMisplaced(from, from, found);
+ItemIndex Resolver::FindRoot(ItemIndex from, std::string_view feature, std::string_view href,
+                             Word type) {
+  const IdTarget* entry = FindOrWarn(from, feature, href, true);
+  if (entry == nullptr) return kNoItem;
+  if (!entry->inner && reading_.RootNode(entry->item)) {
+    const Word found = reading_.items[entry->item].type;
+    if (type == Word::kNone ? IsValue(found) : found == type) return entry->item;
+  }
+  WarnMisplaced(from, from, entry->item);
   return kNoItem;
 }
 
@@ -150,28 +155,43 @@ void Resolver::ResolveReferences() {
 void Resolver::FillPlaces() {
   for (const Reference& reference : reading_.references) {
     if (!IsOwnedFeature(reference.feature)) continue;
-    const ItemIndex found =
-        Find(reference.from, TextOf(reference.feature), reference.text, reference.isHref);
-    if (found != kNoItem) FillPlace(reference.from, found);
+    const IdTarget* entry =
+        FindOrWarn(reference.from, TextOf(reference.feature), reference.text, reference.isHref);
+    if (entry != nullptr) FillPlace(reference.from, *entry);
   }
   RestoreDocumentOrder(reading_, placements_);
 }
 
-void Resolver::WarnMisplaced(ItemIndex place, ItemIndex owner, ItemIndex found) {
-  reading_.Warn(place, "misplaced-element",
-                "an element of another file stands in " + reading_.Describe(owner) +
-                    " but belongs elsewhere: " + reading_.Describe(found));
-}
-
-void Resolver::FillPlace(ItemIndex place, ItemIndex found) {
-  Item& item = reading_.items[found];
+void Resolver::FillPlace(ItemIndex place, const IdTarget& target) {
   const ItemIndex owner = reading_.items[place].owner;
-  ItemIndex above = owner;
-  while (above != kNoItem && above != found) above = reading_.items[above].owner;
-  if (above == found || item.owner != kNoItem) return WarnMisplaced(place, owner, found);
+  const ItemIndex top = TopOf(place);
+  if (target.inner || reading_.items[target.item].owner != kNoItem || top == target.item) {
+    return WarnMisplaced(place, owner, target.item);
+  }
+  Item& item = reading_.items[target.item];
   item.owner = owner;
   item.flags |= reading_.items[place].flags & Item::kMember;
-  placements_.push_back({place, found});
+  placements_.push_back({place, target.item});
+  tops_[target.item] = top;
+}
+
+/// The outermost owner of an item, as far as places are filled. Ways once gone are shortened: files
+/// may hold each other in long chains.
+ItemIndex Resolver::TopOf(ItemIndex item) {
+  ItemIndex top = reading_.RootOf(item);
+  for (auto at = tops_.find(top); at != tops_.end(); at = tops_.find(top)) {
+    const auto above = tops_.find(at->second);
+    if (above != tops_.end()) at->second = above->second;
+    top = at->second;
+  }
+  return top;
+}
+
+void Resolver::WarnMisplaced(ItemIndex place, ItemIndex owner, ItemIndex found) {
+  const std::string what = found == kNoItem ? "a stereotype's mark" : reading_.Describe(found);
+  reading_.Warn(place, "misplaced-element",
+                "an element of another file stands in " + reading_.Describe(owner) +
+                    " but belongs elsewhere: " + what);
 }
 
 }  // namespace xmi

@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "xmi/document_order.h"
@@ -23,9 +24,9 @@ class Resolver {
   /// or an href. `kNoItem` for what is no element of the model. A reference to nowhere is a remark
   /// about `from`.
   ItemIndex Find(ItemIndex from, std::string_view feature, std::string_view text, bool isHref);
-  /// The same for a part that stands at the top of another file; what stands elsewhere can be no
-  /// part of `from`.
-  ItemIndex FindRoot(ItemIndex from, std::string_view feature, std::string_view href);
+  /// The same for a part of `from` that stands at the top of another file and is of a type; of a
+  /// value's for `kNone`. What is something else or stands elsewhere is a remark, too.
+  ItemIndex FindRoot(ItemIndex from, std::string_view feature, std::string_view href, Word type);
   /// The entry of the id that an idref or href of a file names; null when there is none.
   const IdTarget* FindEntry(FileIndex file, std::string_view text, bool isHref);
 
@@ -36,12 +37,14 @@ class Resolver {
   void Resolve(const Reference& reference);
   void ResolveAll(const Reference& reference);
   void Prefetch(const Reference& reference) const;
-  void FillPlace(ItemIndex place, ItemIndex found);
+  void FillPlace(ItemIndex place, const IdTarget& target);
+  ItemIndex TopOf(ItemIndex item);
   void WarnMisplaced(ItemIndex place, ItemIndex owner, ItemIndex found);
 
   Reading& reading_;
   std::vector<bool> extensionsRead_;  // by file
   std::vector<Placement> placements_;
+  std::unordered_map<ItemIndex, ItemIndex> tops_;  // of roots that have got a place
 };
 
 /// The next word of a text, which is cut off it; empty at the end.

@@ -75,7 +75,8 @@ void Templates::FillOne(Instantiation& instantiation, Values& values, Types& typ
       AddActuals(instantiation, given, binding.source, values, types);
       continue;
     }
-    const ItemIndex root = resolver_.FindRoot(binding.source, "parameterSubstitution", href);
+    const ItemIndex root = resolver_.FindRoot(binding.source, "parameterSubstitution", href,
+                                              Word::kTemplateParameterSubstitution);
     if (root != kNoItem) {
       AddActuals(instantiation, reading_.RootNode(root), root, values, types);
     }

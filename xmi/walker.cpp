@@ -37,7 +37,7 @@ void Walker::Walk(FileIndex file) {
   reading_.ids.AddFile(size);
   // Room that isn't used costs nothing, but moving millions of entries to larger room does.
   reading_.items.Reserve(size / kBytesPerEntry);
-  reading_.references.reserve(reading_.references.size() + size / kBytesPerEntry);
+  ReserveMore(reading_.references, size / kBytesPerEntry);
   before_ = reading_.progress.total;
   reading_.progress.total += size;
   namespaces_ = Namespaces();
@@ -146,9 +146,7 @@ Walker::Below Walker::EnterRoot(pugi::xml_node node) {
     const Word type = TypeOf(tag_.typeName);
     const ItemIndex root = BuildItem(type, kNoItem);
     reading_.roots.push_back({root, node});
-    const bool isPart = IsValue(type) || tag_.typeName == "TemplateBinding" ||
-                        tag_.typeName == "TemplateParameterSubstitution";
-    return {isPart ? Mode::kValue : Mode::kMembers, root};
+    return {IsPart(type) ? Mode::kValue : Mode::kMembers, root};
   }
   if (IsApplication(node)) return EnterApplication(node);
   return EnterForeign(node);
@@ -164,7 +162,8 @@ Walker::Below Walker::EnterMember(pugi::xml_node node, ItemIndex owner) {
     case Word::kSpecification:
       return EnterValue(node, owner);
     case Word::kTemplateBinding:
-      reading_.bindings.push_back({owner, node, tag_.href, owner});
+      reading_.bindings.push_back(
+          {owner, tag_.tag, Word::kTemplateBindingType, node, tag_.href, owner});
       return EnterPart(owner);
     case Word::kOwnedTemplateSignature:
       RememberId(owner, true);

@@ -129,6 +129,8 @@ constexpr Entry kEntries[] = {
     {"InstanceValue", Word::kInstanceValue},
     {"OpaqueExpression", Word::kOpaqueExpression},
     {"Expression", Word::kExpression},
+    {"TemplateBinding", Word::kTemplateBindingType},
+    {"TemplateParameterSubstitution", Word::kTemplateParameterSubstitution},
 };
 
 constexpr std::size_t kSlots = 1024;

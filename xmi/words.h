@@ -136,6 +136,8 @@ enum class Word : std::uint8_t {
   kInstanceValue,
   kOpaqueExpression,
   kExpression,
+  kTemplateBindingType,
+  kTemplateParameterSubstitution,
   kCount,
 };
 
