@@ -30,9 +30,7 @@ class Sorter {
   };
 
   void Open(ItemIndex root) {
-    const auto next = std::upper_bound(
-        reading_.roots.begin(), reading_.roots.end(), root,
-        [](ItemIndex before, const Root& candidate) { return before < candidate.item; });
+    const auto next = reading_.RootBehind(root);
     const bool isLast = next == reading_.roots.end();
     open_.push_back({root, isLast ? static_cast<ItemIndex>(reading_.items.Size()) : next->item});
   }
@@ -61,12 +59,12 @@ void RestoreDocumentOrder(Reading& reading, const std::vector<Placement>& placem
   reading.items.Renumber(order, numbers);
   reading.ids.Renumber(numbers);
   for (Reference& reference : reading.references) reference.from = numbers[reference.from];
-  const auto renumberPart = [&numbers](auto& part) {
+  const auto renumberPart = [&numbers](Part& part) {
     part.item = numbers[part.item];
     part.source = numbers[part.source];
   };
   for (ValueNode& value : reading.values) renumberPart(value);
-  for (TemplateBinding& binding : reading.bindings) renumberPart(binding);
+  for (Part& binding : reading.bindings) renumberPart(binding);
   for (Root& root : reading.roots) root.item = numbers[root.item];
   std::sort(reading.roots.begin(), reading.roots.end(),
             [](const Root& a, const Root& b) { return a.item < b.item; });

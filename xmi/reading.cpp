@@ -1,22 +1,19 @@
 #include "xmi/reading.h"
 
 #include <algorithm>
-#include <iterator>
 
 namespace xmi {
 
-pugi::xml_node Reading::RootNode(ItemIndex item) const {
-  const auto found =
-      std::lower_bound(roots.begin(), roots.end(), item,
-                       [](const Root& root, ItemIndex wanted) { return root.item < wanted; });
-  return found != roots.end() && found->item == item ? found->node : pugi::xml_node();
+std::vector<Root>::const_iterator Reading::RootBehind(ItemIndex item) const {
+  return std::upper_bound(roots.begin(), roots.end(), item,
+                          [](ItemIndex before, const Root& root) { return before < root.item; });
 }
 
-ItemIndex Reading::RootOf(ItemIndex item) const {
-  const auto behind =
-      std::upper_bound(roots.begin(), roots.end(), item,
-                       [](ItemIndex before, const Root& root) { return before < root.item; });
-  return std::prev(behind)->item;
+pugi::xml_node Reading::RootNode(ItemIndex item) const {
+  const auto behind = RootBehind(item);
+  if (behind == roots.begin()) return {};
+  const Root& root = *std::prev(behind);
+  return root.item == item ? root.node : pugi::xml_node();
 }
 
 std::string Reading::Describe(ItemIndex item) const {

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <pugixml.hpp>
 #include <span>
 #include <string>
@@ -38,25 +39,20 @@ struct Link {
   Word feature = Word::kNone;
 };
 
-/// A bound, a default value or the value of an instance.
-struct ValueNode {
+/// Something of an item that is no element of its own.
+struct Part {
   ItemIndex item = kNoItem;
-  Word feature = Word::kNone;
-  Word type = Word::kNone;
-  std::string_view value;  ///< The attribute "value"; empty without one.
-  bool hasValue = false;   ///< The attribute is there.
   pugi::xml_node node;
   std::string_view href;       ///< Where it stands, when that is another file.
   ItemIndex source = kNoItem;  ///< An item of the file in which it stands.
 };
 
-struct TemplateBinding {
-  ItemIndex item = kNoItem;
-  Word feature = Word::kTemplateBinding;
-  Word type = Word::kTemplateBindingType;
-  pugi::xml_node node;
-  std::string_view href;  ///< As of a value.
-  ItemIndex source = kNoItem;
+/// A bound, a default value or the value of an instance.
+struct ValueNode : Part {
+  Word feature = Word::kNone;
+  Word type = Word::kNone;
+  std::string_view value;  ///< The attribute "value"; empty without one.
+  bool hasValue = false;   ///< The attribute is there.
 };
 
 /// An element at the top of a file.
@@ -86,7 +82,7 @@ struct Reading {
 
   std::vector<Reference> references;
   std::vector<ValueNode> values;
-  std::vector<TemplateBinding> bindings;
+  std::vector<Part> bindings;  ///< Of templates.
   std::vector<Application> applications;
   std::vector<Link> links;  ///< In the order of the items that they come from.
   std::vector<Root> roots;  ///< Of all files, in the order of their items.
@@ -103,7 +99,9 @@ struct Reading {
   /// What was read as an element at the top of a file; null for an item that is none.
   pugi::xml_node RootNode(ItemIndex item) const;
   /// The element at the top of the file under which an item was read, before any was moved.
-  ItemIndex RootOf(ItemIndex item) const;
+  ItemIndex RootOf(ItemIndex item) const { return std::prev(RootBehind(item))->item; }
+  /// The first root behind an item.
+  std::vector<Root>::const_iterator RootBehind(ItemIndex item) const;
   /// The links of an item, for loops over all items in order; `next` starts at 0.
   std::span<const Link> LinksOf(ItemIndex item, std::size_t& next) const {
     const std::size_t begin = next;

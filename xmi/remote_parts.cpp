@@ -3,25 +3,29 @@
 namespace xmi {
 
 void RemoteParts::Fetch() {
-  FetchAll(reading_.values, Word::kNone);
-  FetchAll(reading_.bindings, Word::kTemplateBindingType);
+  Keep(reading_.values, [this](ValueNode& value) {
+    if (!Fetch(value, TextOf(value.feature), Word::kNone)) return false;
+    value.type = reading_.items[value.source].type;
+    return true;
+  });
+  Keep(reading_.bindings, [this](Part& binding) {
+    return Fetch(binding, "templateBinding", Word::kTemplateBindingType);
+  });
 }
 
-template <typename Part>
-void RemoteParts::FetchAll(std::vector<Part>& parts, Word type) {
+template <typename Each, typename Fetcher>
+void RemoteParts::Keep(std::vector<Each>& parts, Fetcher fetch) {
   std::size_t kept = 0;
-  for (Part& part : parts) {
-    if (part.href.empty() || FetchOne(part, type)) parts[kept++] = part;
+  for (Each& part : parts) {
+    if (part.href.empty() || fetch(part)) parts[kept++] = part;
   }
   parts.resize(kept);
 }
 
-template <typename Part>
-bool RemoteParts::FetchOne(Part& part, Word type) {
-  part.source = resolver_.FindRoot(part.item, TextOf(part.feature), part.href, type);
+bool RemoteParts::Fetch(Part& part, std::string_view feature, Word type) {
+  part.source = resolver_.FindRoot(part.item, feature, part.href, type);
   if (part.source == kNoItem) return false;
   part.node = reading_.RootNode(part.source);
-  part.type = reading_.items[part.source].type;
   return true;
 }
 

@@ -4,6 +4,7 @@
 // it takes the place of the part that only says where they are.
 #pragma once
 
+#include <string_view>
 #include <vector>
 
 #include "xmi/reading.h"
@@ -19,10 +20,9 @@ class RemoteParts {
   void Fetch();
 
  private:
-  template <typename Part>
-  void FetchAll(std::vector<Part>& parts, Word type);
-  template <typename Part>
-  bool FetchOne(Part& part, Word type);
+  template <typename Each, typename Fetcher>
+  void Keep(std::vector<Each>& parts, Fetcher fetch);
+  bool Fetch(Part& part, std::string_view feature, Word type);
 
   Reading& reading_;
   Resolver& resolver_;

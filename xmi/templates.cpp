@@ -29,7 +29,7 @@ void ForEachTarget(pugi::xml_node node, const char* feature, const Visitor& visi
 }  // namespace
 
 void Templates::Find() {
-  for (const TemplateBinding& binding : reading_.bindings) {
+  for (const Part& binding : reading_.bindings) {
     const Item& item = reading_.items[binding.item];
     const bool taken = item.element->Metaclass() == symbols::templateInstantiation;
     if (!IsClassifier(item.type) || item.Has(Item::kMarked) || taken) continue;
@@ -44,7 +44,7 @@ void Templates::Find() {
 }
 
 // A signature's id is an id inside of the template.
-ItemIndex Templates::TemplateOf(const TemplateBinding& binding) {
+ItemIndex Templates::TemplateOf(const Part& binding) {
   ItemIndex generic = kNoItem;
   const FileIndex file = reading_.items[binding.source].file;
   ForEachTarget(binding.node, "signature", [&](std::string_view text, bool isHref) {
@@ -68,7 +68,7 @@ void Templates::Fill(Values& values, Types& types) {
 }
 
 void Templates::FillOne(Instantiation& instantiation, Values& values, Types& types) {
-  const TemplateBinding& binding = *instantiation.binding;
+  const Part& binding = *instantiation.binding;
   for (const pugi::xml_node given : binding.node.children("parameterSubstitution")) {
     const std::string_view href = LocalAttribute(given, "href", false);
     if (href.empty()) {

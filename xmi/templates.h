@@ -23,12 +23,12 @@ class Templates {
  private:
   struct Instantiation {
     ItemIndex item;
-    const TemplateBinding* binding;
+    const Part* binding;
     std::vector<model::Element*> actuals;
     std::vector<ItemIndex> nested;  // the actuals that are instantiations themselves
   };
 
-  ItemIndex TemplateOf(const TemplateBinding& binding);
+  ItemIndex TemplateOf(const Part& binding);
   void FillOne(Instantiation& instantiation, Values& values, Types& types);
   /// `source` is an item of the file in which the substitution stands.
   void AddActuals(Instantiation& instantiation, pugi::xml_node substitution, ItemIndex source,

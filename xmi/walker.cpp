@@ -162,8 +162,7 @@ Walker::Below Walker::EnterMember(pugi::xml_node node, ItemIndex owner) {
     case Word::kSpecification:
       return EnterValue(node, owner);
     case Word::kTemplateBinding:
-      reading_.bindings.push_back(
-          {owner, tag_.tag, Word::kTemplateBindingType, node, tag_.href, owner});
+      reading_.bindings.push_back({owner, node, tag_.href, owner});
       return EnterPart(owner);
     case Word::kOwnedTemplateSignature:
       RememberId(owner, true);
@@ -207,7 +206,7 @@ Walker::Below Walker::EnterOwned(ItemIndex owner) {
 Walker::Below Walker::EnterValue(pugi::xml_node node, ItemIndex owner) {
   if (tag_.nil) return {};
   const Word type = tag_.typeSpace == Space::kUml ? tag_.type : Word::kNone;
-  ValueNode value{owner, tag_.tag, type, {}, false, node, tag_.href, owner};
+  ValueNode value{{owner, node, tag_.href, owner}, tag_.tag, type, {}, false};
   for (const StartTag::Feature& feature : tag_.features) {
     if (feature.word != Word::kValue) continue;
     value.value = feature.value;
