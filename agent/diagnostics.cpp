@@ -1,17 +1,24 @@
 #include "agent/diagnostics.h"
 
+#include <algorithm>
+#include <tuple>
+#include <unordered_set>
+
+#include "agent/export_observer.h"
 #include "agent/message_output.h"
 
 namespace mdktoidl {
 
-std::list<std::string> errors;
-std::list<std::string> warnings;
+ExportObserver* observer = nullptr;
 
-std::string Compose(Message message, std::initializer_list<std::string_view> pieces) {
+std::list<Diagnostic> errors;
+std::list<Diagnostic> warnings;
+
+std::string TextOf(const Diagnostic& diagnostic) {
   constexpr std::string_view gap = "{}";
-  std::string_view rest = Text(message);
+  std::string_view rest = Text(diagnostic.message);
   std::string text;
-  for (std::string_view piece : pieces) {
+  for (const std::string& piece : diagnostic.pieces) {
     const std::size_t position = rest.find(gap);
     text.append(rest.substr(0, position)).append(piece);
     rest.remove_prefix(position + gap.size());
@@ -19,31 +26,71 @@ std::string Compose(Message message, std::initializer_list<std::string_view> pie
   return text.append(rest);
 }
 
-void Report(Message message, std::initializer_list<std::string_view> pieces) {
-  std::list<std::string>& list = SeverityOf(message) == Severity::error ? errors : warnings;
-  list.push_back(Compose(message, pieces));
+void Report(Message message, mdk::IMdeEntity* element,
+            std::initializer_list<std::string_view> pieces) {
+  std::list<Diagnostic>& list = SeverityOf(message) == Severity::error ? errors : warnings;
+  list.push_back({message, element, {pieces.begin(), pieces.end()}});
+}
+
+void Tell(const Diagnostic& diagnostic) {
+  Print(TextOf(diagnostic) + "\n");
+  if (observer != nullptr) observer->Told(diagnostic);
 }
 
 namespace {
 
-void PrintList(std::list<std::string>& texts, const std::string& heading) {
-  texts.sort();
-  texts.unique();
+/// The texts of a list's diagnostics, each once and in order. The list itself is put into that
+/// order, and keeps one diagnostic of each text and element. It is as it was when memory runs out.
+std::vector<std::string> Sort(std::list<Diagnostic>& list) {
+  struct Entry {
+    std::string text;
+    std::size_t number;  // in the order found, which stays among equal texts
+    std::list<Diagnostic>::iterator place;
+  };
+  std::vector<Entry> byText;
+  for (auto each = list.begin(); each != list.end(); ++each) {
+    byText.push_back({TextOf(*each), byText.size(), each});
+  }
+  std::ranges::sort(byText, {},
+                    [](const Entry& entry) { return std::tie(entry.text, entry.number); });
+  std::vector<std::string> texts;
+  std::vector<bool> isTwice;
+  std::unordered_set<const mdk::IMdeEntity*> elements;  // that the last text is said of
+  for (const auto& [text, number, place] : byText) {
+    if (texts.empty() || texts.back() != text) {
+      elements.clear();
+      texts.push_back(text);
+    }
+    isTwice.push_back(!elements.insert(place->element).second);
+  }
+  for (std::size_t i = 0; i < byText.size(); ++i) {
+    list.splice(list.end(), list, byText[i].place);
+    if (isTwice[i]) list.pop_back();
+  }
+  return texts;
+}
+
+void PrintList(const std::vector<std::string>& texts, const std::list<Diagnostic>& diagnostics,
+               const std::string& heading) {
   for (const std::string& text : texts) {
     Print(heading);
     Print(text);
     Print("\n");
   }
+  if (observer == nullptr) return;
+  for (const Diagnostic& each : diagnostics) observer->Told(each);
 }
 
 }  // namespace
 
 void PrintMessages() {
-  PrintList(warnings, "Warning - ");
-  PrintList(errors, "Error - ");
+  const std::vector<std::string> warningTexts = Sort(warnings);
+  const std::vector<std::string> errorTexts = Sort(errors);
+  PrintList(warningTexts, warnings, "Warning - ");
+  PrintList(errorTexts, errors, "Error - ");
   if (errors.empty() && warnings.empty()) return;
-  Print("There were " + std::to_string(errors.size()) + " errors and " +
-        std::to_string(warnings.size()) + " warnings");
+  Print("There were " + std::to_string(errorTexts.size()) + " errors and " +
+        std::to_string(warningTexts.size()) + " warnings");
 }
 
 void ClearMessages() {

@@ -1,31 +1,46 @@
-// The diagnostics of a run: what the checks found wrong with the model, as complete texts.
+// The diagnostics of a run: what is wrong with the model, which message says so, and where.
 //
-// Checking never stops an export. Each violated rule appends one text to one of two lists, and the
-// list is the severity: any error keeps the IDL from being written, a warning doesn't. The texts
-// themselves stand in messages.h.
+// Checking never stops an export. Each violated rule appends one diagnostic to one of two lists,
+// and the list is the severity: any error keeps the IDL from being written, a warning doesn't. The
+// texts themselves stand in messages.cpp.
 #pragma once
 
 #include <initializer_list>
 #include <list>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "agent/messages.h"
+#include "host/element.h"
 
 namespace mdktoidl {
 
+struct Diagnostic {
+  Message message;
+  /// The element that it is about, borrowed from the host; null when it is about none.
+  mdk::IMdeEntity* element = nullptr;
+  /// What the gaps of the message's text are filled with, one for each.
+  std::vector<std::string> pieces;
+};
+
+/// The diagnostic as the user reads it.
+std::string TextOf(const Diagnostic& diagnostic);
+
 /// What was found in this run, in the order found; both are empty between runs.
-extern std::list<std::string> errors;
-extern std::list<std::string> warnings;
+extern std::list<Diagnostic> errors;
+extern std::list<Diagnostic> warnings;
 
-/// The text of a message: each "{}" replaced by the next of `pieces`, one piece for each.
-std::string Compose(Message message, std::initializer_list<std::string_view> pieces);
+/// Appends a diagnostic to the list of its message's severity, which is no fatal one.
+void Report(Message message, mdk::IMdeEntity* element,
+            std::initializer_list<std::string_view> pieces);
 
-/// Appends a message to the list of its severity.
-void Report(Message message, std::initializer_list<std::string_view> pieces);
+/// Tells the user at once, on a line of its own, instead of with the lists.
+void Tell(const Diagnostic& diagnostic);
 
-/// Sorts both lists, removes duplicates, and prints the warnings, the errors and, if there was any,
-/// a summary. The summary has no line end, so what is printed next continues its line.
+/// Sorts both lists by their texts, removes duplicates, and prints the warnings, the errors and, if
+/// there was any, a summary. The summary has no line end, so what is printed next continues its
+/// line. A text that several elements have is printed once; the observer hears of each.
 void PrintMessages();
 
 /// Empties both lists.

@@ -1,23 +1,20 @@
 #include "agent/export_run.h"
 
-#include <fstream>
 #include <list>
 #include <memory>
+#include <utility>
 
 #include "agent/diagnostics.h"
+#include "agent/export_observer.h"
 #include "agent/idl_exception.h"
 #include "agent/message_output.h"
 #include "options/options.h"
 #include "output/file.h"
-#include "tree/include.h"
-#include "tree/interface.h"
+#include "tree/interfaces.h"
 #include "tree/module.h"
 #include "tree/node_registry.h"
-#include "tree/node_tag.h"
-#include "tree/root.h"
 #include "types/constant_value.h"
 #include "types/elements.h"
-#include "types/markings.h"
 
 namespace mdktoidl {
 
@@ -28,7 +25,10 @@ const char* const aborted = "\nIDL exporter aborted.\n";
 /// The run's share of the process's globals: clean before, clean after, however the run ends.
 class RunState {
  public:
-  RunState() { Clear(); }
+  explicit RunState(ExportObserver* whoFollows) {
+    Clear();
+    observer = whoFollows;
+  }
   ~RunState() { Clear(); }
   RunState(const RunState&) = delete;
   RunState& operator=(const RunState&) = delete;
@@ -40,6 +40,7 @@ class RunState {
 
  private:
   void Clear() {
+    observer = nullptr;
     root = nullptr;
     tree_.reset();
     nodeRegistry.Clear();
@@ -52,40 +53,69 @@ class RunState {
 
 /// The node that a dependency of the artifact asks for; null for one that asks for none.
 std::unique_ptr<Node> MakeTopLevelNode(mdk::IMdeEntity* dependency) {
-  mdk::IMdeEntity* supplier = dependency->GetEntity("Supplier", 0);
+  mdk::IMdeEntity* supplier = dependency->GetEntity(properties::supplier, 0);
   if (supplier == nullptr) return nullptr;
   nodeRegistry.BeginTree(supplier);
-  if (!isMarked(dependency, markings::manifest)) {
-    const bool isFile = supplier->IsKindOf("Artifact") && isMarked(supplier, markings::idlFile);
+  if (!isMarked(dependency, stereotypes::manifest)) {
+    const bool isFile =
+        supplier->IsKindOf(metaclasses::artifact) && isMarked(supplier, stereotypes::idlFile);
     return isFile ? std::make_unique<Include>(supplier, nullptr) : nullptr;
   }
-  if (supplier->IsKindOf("Package") && isMarked(supplier, markings::corbaModule)) {
+  if (supplier->IsKindOf(metaclasses::package) && isMarked(supplier, stereotypes::corbaModule)) {
     return std::make_unique<Module>(supplier, nullptr);
   }
-  const bool mayBeInterface = supplier->IsKindOf("Class") || supplier->IsKindOf("Interface");
-  if (mayBeInterface && isMarked(supplier, markings::corbaInterface)) {
+  const bool mayBeInterface =
+      supplier->IsKindOf(metaclasses::classifier) || supplier->IsKindOf(metaclasses::interface);
+  if (mayBeInterface && isMarked(supplier, stereotypes::corbaInterface)) {
     return std::make_unique<Interface>(supplier, nullptr);
   }
   return nullptr;
 }
 
-void Export(mdk::IMdeEntity* artifact, RunState& state, std::ofstream& out) {
-  Print("\nIDL exporter started...\n");
-  const std::list<mdk::IMdeEntity*> dependencies = Elements(artifact, "ClientDependency");
-  if (dependencies.empty()) {
-    Print("IDL exporter failed to find root element to export.\n");
-    Print(aborted);
-    return;
-  }
-  options.SetOptions(artifact);
-  std::string directory = options.RootDir();
-  File::CreateDir(directory);  // if it can't be made, opening the file will say so
-  if (!File::Open(File::CreateFileName(options.FileName()), out)) return;
+void Build(mdk::IMdeEntity* artifact, const std::list<mdk::IMdeEntity*>& dependencies,
+           RunState& state) {
   state.Grow(artifact);
   for (mdk::IMdeEntity* dependency : dependencies) {
     if (auto node = MakeTopLevelNode(dependency)) root->AddNode(std::move(node));
   }
-  root->EvaluateTypes();
+}
+
+/// An observer hears of the evaluation also when that is broken off: what was found out so far is
+/// of use to it.
+void Evaluate() {
+  try {
+    root->EvaluateTypes();
+  } catch (...) {
+    if (observer != nullptr) observer->Evaluated(*root);
+    throw;
+  }
+  if (observer != nullptr) observer->Evaluated(*root);
+}
+
+bool OpenMainFile(Writer& out) {
+  std::string directory = options.RootDir();
+  File::CreateDir(directory);  // if it can't be made, opening the file will say so
+  return File::Open(File::CreateFileName(options.FileName()), out);
+}
+
+// The tree is there before the first file is touched: an observer may find names in it that would
+// lead a file elsewhere. An export that it refuses is evaluated nevertheless, so that all is known
+// that is wrong with it.
+void Export(mdk::IMdeEntity* artifact, RunState& state, Writer& out) {
+  Print("\nIDL exporter started...\n");
+  const std::list<mdk::IMdeEntity*> dependencies = Elements(artifact, properties::clientDependency);
+  if (dependencies.empty()) {
+    Tell({Message::nothingToExport, artifact, {}});
+    Print(aborted);
+    return;
+  }
+  options.SetOptions(artifact);
+  Build(artifact, dependencies, state);
+  const bool isRefused = observer != nullptr && !observer->Built(*root);
+  if (!isRefused && !OpenMainFile(out)) return;
+  Evaluate();
+  if (isRefused) return;
+  root->MakeDirectories();
   PrintMessages();
   if (errors.empty()) root->Unparse(out);
   File::Close(out);
@@ -94,14 +124,15 @@ void Export(mdk::IMdeEntity* artifact, RunState& state, std::ofstream& out) {
 }
 
 /// What every abort does: the diagnostics gathered so far are still shown, then the reason.
-void Abort(std::ofstream& out, const std::string& heading, const std::string& reason) {
+void Abort(Writer& out, const std::string& heading, const Diagnostic& reason) {
   File::Close(out);
   PrintMessages();
   ClearMessages();
   Print(heading);
-  Print(reason);
+  Print(TextOf(reason));
   Print("\n");
   Print(aborted);
+  if (observer != nullptr) observer->Told(reason);
 }
 
 /// Set while a run goes on: a host may answer a message by asking for another export.
@@ -115,31 +146,33 @@ class RunningMark {
   RunningMark& operator=(const RunningMark&) = delete;
 };
 
-void RunGuarded(mdk::IMdeEntity* artifact) {
-  RunState state;
-  std::ofstream out;
+void RunGuarded(mdk::IMdeEntity* artifact, ExportObserver* whoFollows) {
+  RunState state(whoFollows);
+  Writer out;
   try {
     Export(artifact, state, out);
   } catch (const IDLException& exception) {
-    Abort(out, "Internal error in IDL exporter agent: ", exception.what());
+    Abort(out, "Internal error in IDL exporter agent: ", exception.Reason());
   } catch (const char*) {
     const char* reason = nullptr;
     mdk::GetAPIErrorMessage(reason);
-    Abort(out, "API Error in IDL exporter agent: ", reason == nullptr ? "" : reason);
+    Abort(out, "API Error in IDL exporter agent: ",
+          {Message::hostFailed, artifact, {reason == nullptr ? "" : reason}});
   } catch (...) {
-    Abort(out, "Error in IDL exporter agent: ", "Unknown exception");
+    Abort(out,
+          "Error in IDL exporter agent: ", {Message::hostFailed, artifact, {"Unknown exception"}});
   }
 }
 
 }  // namespace
 
-void RunExport(mdk::IMdeEntity* artifact) noexcept {
+void RunExport(mdk::IMdeEntity* artifact, ExportObserver* whoFollows) noexcept {
   if (isRunning) return;
   const RunningMark mark;
   try {
     pOut = mdk::GetModelAccess();
     if (pOut == nullptr || artifact == nullptr) return;
-    RunGuarded(artifact);
+    RunGuarded(artifact, whoFollows);
   } catch (...) {
     // The host failed while an abort was being reported to it: there is nobody left to tell.
   }

@@ -2,19 +2,24 @@
 #pragma once
 
 #include <exception>
-#include <string>
 #include <utility>
+
+#include "agent/diagnostics.h"
 
 namespace mdktoidl {
 
-/// Carries the text that the user reads after "Internal error in IDL exporter agent: ".
+/// Carries a diagnostic whose message is fatal: the user reads its text after "Internal error in
+/// IDL exporter agent: ".
 class IDLException : public std::exception {
  public:
-  explicit IDLException(std::string message) : message_(std::move(message)) {}
-  const char* what() const noexcept override { return message_.c_str(); }
+  explicit IDLException(Diagnostic reason) : reason_(std::move(reason)), text_(TextOf(reason_)) {}
+
+  const Diagnostic& Reason() const { return reason_; }
+  const char* what() const noexcept override { return text_.c_str(); }
 
  private:
-  std::string message_;
+  Diagnostic reason_;
+  std::string text_;
 };
 
 }  // namespace mdktoidl

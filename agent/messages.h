@@ -1,4 +1,4 @@
-// Every message about a model, once: its severity and its text.
+// Every message about a model, once: its severity, its rule and its text.
 //
 // "{}" stands for a piece that the place of use supplies, nearly always a scoped name. Some texts
 // lack a blank or begin with a word that seems to belong elsewhere; users and their scripts know
@@ -10,7 +10,11 @@
 
 namespace mdktoidl {
 
-enum class Severity { warning, error };
+enum class Severity {
+  warning,
+  error,  ///< keeps the IDL from being written
+  fatal   ///< ends the export at once
+};
 
 enum class Message : std::size_t {
   // Modules and ordering
@@ -128,10 +132,45 @@ enum class Message : std::size_t {
   multiplicityBoundNotAllowed,
   multiplicityIsCircular,
   multiplicityOfArray,
+  // Names, which are checked only for who asks
+  nameMissing,
+  nameNotIdentifier,
+  nameIsKeyword,
+  nameIsKeywordButForCapitals,
+  nameClashes,
+  nameOfEnumeratorClashes,
+  nameDeclaredTwice,
+  nameOfScopeAround,
+  nameClashesWithInherited,
+  nameInheritedTwice,
+  nameClashesWithUsed,
+  nameHiddenByInherited,
+  nameNotVisible,
+  namesInheritedTooWidely,
+  // Names of files
+  fileNameUnsafe,
+  fileNameOfModuleUnsafe,
+  fileNameOfModuleEmpty,
+  fileNameIsNoDirectory,
+  fileNamesSame,
+  fileNamesDifferInCapitals,
+  // What ends an export
+  settingMissing,
+  moduleTooDeep,
+  nameUnresolved,
+  templateParameterWrong,
+  templateParameterCircular,
+  hostFailed,
+  // What is said besides the lists of errors and warnings
+  nothingToExport,
+  fileNotOpened,
   count
 };
 
 Severity SeverityOf(Message message);
+/// A short stable name of what is wrong, in small letters with hyphens ("struct-no-members").
+/// Several messages share one where the same is wrong with different constructs.
+std::string_view RuleOf(Message message);
 std::string_view Text(Message message);
 
 }  // namespace mdktoidl

@@ -1,4 +1,5 @@
-# The agent: a library of its parts, which tests link, and the shared library that hosts load.
+# The agent: a library of its parts, which the command is made from as well, and the shared library
+# that hosts load.
 
 file(GLOB agent_sources CONFIGURE_DEPENDS
   ${PROJECT_SOURCE_DIR}/agent/*.cpp ${PROJECT_SOURCE_DIR}/options/*.cpp

@@ -19,11 +19,8 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
 endif()
 include_directories(${PROJECT_SOURCE_DIR})
 
-# The questions that the agent asks its host are short, and there are millions of them: what answers
-# them is compiled across files, and inside a library nobody replaces its functions.
+# Nobody replaces the functions of a library while it runs, so calls inside it need no detour.
 add_compile_options($<$<CONFIG:Release>:-fno-semantic-interposition>)
-include(CheckIPOSupported)
-check_ipo_supported(RESULT has_ipo OUTPUT ipo_problem LANGUAGES CXX)
 
 option(IDLEXPORT_SANITIZE "Build with the address, undefined behaviour and leak sanitizers" OFF)
 if(IDLEXPORT_SANITIZE)

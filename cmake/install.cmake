@@ -3,18 +3,12 @@
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
-# The libraries have no versions and serve this command and hosts of the agent only.
+# The agent has no version, and serves hosts that load it by its path.
 set(private_library_dir ${CMAKE_INSTALL_LIBDIR}/idlexport)
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/idlexport)
 set(data_dir ${CMAKE_INSTALL_DATADIR}/idlexport)
 
-# The command finds them relative to itself: once installed, and before that in the build tree.
-file(RELATIVE_PATH libraries_from_command
-  ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR}/idlexport)
-set_target_properties(idlexport_command PROPERTIES
-  EXPORT_NAME idlexport
-  INSTALL_RPATH "$ORIGIN/${libraries_from_command};$ORIGIN/../lib"
-  BUILD_WITH_INSTALL_RPATH ON)
+set_target_properties(idlexport_command PROPERTIES EXPORT_NAME idlexport)
 set_target_properties(idlexport_agent PROPERTIES EXPORT_NAME agent)
 
 # The interfaces that a host of the agent implements; they include each other as "host/…".
@@ -28,7 +22,6 @@ target_sources(idlexport_host INTERFACE
 install(TARGETS idlexport_command idlexport_agent idlexport_host EXPORT idlexportTargets
   LIBRARY DESTINATION ${private_library_dir}
   FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/idlexport)
-install(TARGETS idlhost LIBRARY DESTINATION ${private_library_dir})
 
 # The examples refer to the profile and the library relative to themselves.
 install(FILES profile/CORBA.profile.uml profile/CORBA.library.uml DESTINATION ${data_dir}/profile)

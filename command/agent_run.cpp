@@ -3,14 +3,21 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <fstream>
+#include <functional>
 #include <string_view>
+#include <utility>
 
-#include "command/failure.h"
-#include "command/generator_settings.h"
+#include "agent/export_run.h"
+#include "agent/vocabulary.h"
+#include "checks/file_names.h"
+#include "checks/names.h"
+#include "command/settings.h"
 #include "model/model.h"
+#include "placement/failure.h"
 
 namespace command {
 namespace {
@@ -23,8 +30,8 @@ class CurrentDirectory {
     if (before_ < 0 || chdir(directory.c_str()) != 0) {
       const std::string reason = strerror(errno);
       if (before_ >= 0) close(before_);
-      throw Failure(kExportFailed,
-                    "can't enter the directory '" + directory.string() + "': " + reason);
+      throw placement::Failure(placement::kExportFailed,
+                               "can't enter the directory '" + directory.string() + "': " + reason);
     }
   }
   ~CurrentDirectory() {
@@ -50,13 +57,41 @@ class SinkInPlace {
 
 }  // namespace
 
-void RunAgent(const AgentLibrary& agent, model::Element& artifact,
-              const std::filesystem::path& directory,
-              const std::function<void(const std::string&)>& sink) {
-  const CurrentDirectory current(directory);
-  const SinkInPlace messages(sink);
-  SetSetting(artifact, "targetDir", ".");
-  agent.Export(artifact);
+AgentRun::AgentRun(const xmi::Reader& reader, model::Element& artifact,
+                   const std::filesystem::path& directory, picture::GraphMaker* graph)
+    : reader_(reader), artifact_(artifact), graph_(graph) {
+  {
+    const CurrentDirectory current(directory);
+    const SinkInPlace messages([this](const std::string& piece) { text_.push_back(piece); });
+    SetSetting(artifact, mdktoidl::tags::targetDir, ".");
+    mdktoidl::RunExport(&artifact, this);
+  }
+  for (const mdktoidl::Diagnostic& each : std::move(found_).Sorted()) {
+    nameDiagnostics_.push_back(diagnostics::Locate(each, reader, artifact));
+  }
+}
+
+std::string AgentRun::NameToShow() const {
+  std::string name = reader_.QualifiedName(artifact_);
+  return name.empty() ? reader_.IdOf(artifact_) : name;
+}
+
+bool AgentRun::Built(const mdktoidl::Root& root) {
+  isRefused_ = !checks::CheckFileNames(root, NameToShow(), found_);
+  return !isRefused_;
+}
+
+void AgentRun::Evaluated(const mdktoidl::Root& root) {
+  isEvaluated_ = true;
+  checks::CheckNames(root, found_);
+  declarations_ =
+      static_cast<std::size_t>(std::ranges::count_if(root.Nodes(), &mdktoidl::Node::isDeclared));
+  if (graph_ != nullptr) graph_->Add(root);
+}
+
+void AgentRun::Told(const mdktoidl::Diagnostic& diagnostic) {
+  isAborted_ = isAborted_ || SeverityOf(diagnostic.message) == mdktoidl::Severity::fatal;
+  told_.push_back(diagnostics::Locate(diagnostic, reader_, artifact_));
 }
 
 bool IsComplete(const std::filesystem::path& idl) {

@@ -1,19 +1,81 @@
 #include "command/artifact_choice.h"
 
 #include <algorithm>
+#include <cctype>
+#include <cstddef>
+#include <numeric>
+#include <utility>
 
-#include "command/failure.h"
-#include "command/near_names.h"
-#include "command/one_line.h"
+#include "agent/vocabulary.h"
+#include "command/settings.h"
+#include "diagnostics/one_line.h"
+#include "placement/failure.h"
 
 namespace command {
 namespace {
 
+using diagnostics::HasControl;
+using diagnostics::OneLine;
+using placement::Failure;
+using placement::kBadInput;
+
 /// A message lists no more candidates than fit on a screen.
 constexpr std::size_t mostListed = 20;
 
-bool IsExportable(const model::Element& artifact) {
-  return artifact.Application(model::Symbol("IDLGenerator")) != nullptr;
+constexpr std::size_t mostNames = 3;
+
+std::string Lowered(std::string_view text) {
+  std::string lowered(text);
+  std::transform(lowered.begin(), lowered.end(), lowered.begin(),
+                 [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
+  return lowered;
+}
+
+std::string_view LastPart(std::string_view name) {
+  const std::size_t separator = name.rfind("::");
+  return separator == name.npos ? name : name.substr(separator + 2);
+}
+
+/// How many letters have to be added, dropped or replaced to make one text of the other.
+std::size_t EditDistance(std::string_view left, std::string_view right) {
+  std::vector<std::size_t> row(right.size() + 1);
+  std::iota(row.begin(), row.end(), std::size_t{0});
+  for (std::size_t i = 0; i < left.size(); ++i) {
+    std::size_t diagonal = std::exchange(row[0], i + 1);
+    for (std::size_t j = 0; j < right.size(); ++j) {
+      const std::size_t replaced = diagonal + (left[i] == right[j] ? 0 : 1);
+      diagonal = row[j + 1];
+      row[j + 1] = std::min({replaced, diagonal + 1, row[j] + 1});
+    }
+  }
+  return row.back();
+}
+
+/// The distance between two lowered names; more than `limit` when they have little in common.
+std::size_t Distance(std::string_view wanted, std::string_view name, std::size_t limit) {
+  if (LastPart(wanted) == LastPart(name)) return 0;
+  const std::size_t difference =
+      std::max(wanted.size(), name.size()) - std::min(wanted.size(), name.size());
+  return difference > limit ? difference : EditDistance(wanted, name);
+}
+
+/// At most three of the names that a user who mistyped one may have meant, the nearest first and as
+/// listed among equals: those that differ from `wanted` in few letters or whose last part is the
+/// same but for capitals.
+std::vector<std::string> NearNames(std::string_view wanted, const std::vector<std::string>& names) {
+  const std::string loweredWanted = Lowered(wanted);
+  const std::size_t limit = std::max<std::size_t>(2, wanted.size() / 3);
+  std::vector<std::pair<std::size_t, std::string>> near;
+  for (const std::string& name : names) {
+    const std::size_t distance = Distance(loweredWanted, Lowered(name), limit);
+    if (distance <= limit) near.emplace_back(distance, name);
+  }
+  std::stable_sort(near.begin(), near.end(),
+                   [](const auto& left, const auto& right) { return left.first < right.first; });
+  if (near.size() > mostNames) near.resize(mostNames);
+  std::vector<std::string> result;
+  for (auto& [distance, name] : near) result.push_back(std::move(name));
+  return result;
 }
 
 std::vector<std::string> NamesOf(const xmi::Reader& reader,
@@ -74,12 +136,12 @@ model::Element& OnlyExportable(const xmi::Reader& reader) {
 
 std::vector<model::Element*> ExportableArtifacts(const xmi::Reader& reader) {
   std::vector<model::Element*> artifacts = reader.Artifacts();
-  std::erase_if(artifacts, [](const model::Element* artifact) { return !IsExportable(*artifact); });
+  std::erase_if(artifacts, [](const model::Element* artifact) { return !HasSettings(*artifact); });
   return artifacts;
 }
 
 std::string NameOf(const xmi::Reader& reader, const model::Element& artifact) {
-  const std::string_view ownName = artifact.Text(model::Symbol("Name"));
+  const std::string_view ownName = artifact.Text(model::Symbol(mdktoidl::properties::name));
   std::string name;
   if (!ownName.empty()) name = reader.QualifiedName(artifact);
   if (name.empty()) name = ownName;
@@ -96,7 +158,9 @@ model::Element& ChooseArtifact(const xmi::Reader& reader, const std::optional<st
   }
   if (found.empty()) FailAsUnknown(reader, *name);
   // A package and an artifact in it may share a name; only the artifact can be meant.
-  std::erase_if(found, [](model::Element* element) { return !element->IsKindOf("Artifact"); });
+  std::erase_if(found, [](model::Element* element) {
+    return !element->IsKindOf(mdktoidl::metaclasses::artifact);
+  });
   if (found.empty()) throw Failure(kBadInput, "'" + *name + "' is not an artifact");
   if (found.size() > 1) FailAsAmbiguous(reader, *name, found);
   return *found.front();

@@ -4,26 +4,27 @@
 #include <chrono>
 #include <cstdio>
 #include <set>
+#include <utility>
 
-#include "command/agent_library.h"
-#include "command/agent_messages.h"
-#include "command/agent_run.h"
 #include "command/artifact_choice.h"
-#include "command/comparison.h"
 #include "command/depfile.h"
-#include "command/element_finder.h"
-#include "command/generator_settings.h"
-#include "command/graph.h"
-#include "command/idl_names.h"
-#include "command/one_line.h"
-#include "command/remarks.h"
-#include "command/target_directory.h"
-#include "command/written_file.h"
+#include "command/settings.h"
+#include "diagnostics/one_line.h"
+#include "picture/graph.h"
+#include "placement/comparison.h"
+#include "placement/written_file.h"
 
 namespace command {
 namespace {
 
 namespace fs = std::filesystem;
+using diagnostics::Diagnostic;
+using placement::Failure;
+using placement::kDifferent;
+using placement::kExportFailed;
+using placement::kSuccess;
+using placement::StagedExport;
+using placement::Staging;
 
 /// What the manifest knows an artifact by; its name may change.
 std::string ManifestName(const xmi::Reader& reader, const model::Element& artifact,
@@ -32,8 +33,8 @@ std::string ManifestName(const xmi::Reader& reader, const model::Element& artifa
   std::error_code error;
   const fs::path model = fs::weakly_canonical(fs::absolute(reader.Locate(artifact).file), error);
   const fs::path directory = fs::weakly_canonical(fs::absolute(output), error);
-  return OneLine(model.lexically_relative(directory).generic_string() + "#" +
-                 (id.empty() ? NameOf(reader, artifact) : id));
+  return diagnostics::OneLine(model.lexically_relative(directory).generic_string() + "#" +
+                              (id.empty() ? NameOf(reader, artifact) : id));
 }
 
 void CheckThatFilesAreWhole(const StagedExport& exported) {
@@ -53,18 +54,20 @@ std::string Counted(std::size_t number, const std::string& what) {
 ExportSession::ExportSession(const Options& options, Report& report, Progress& progress)
     : options_(options), report_(report), progress_(progress) {}
 
-ExitStatus ExportSession::Run() {
-  if (options_.graph) CheckGraphFile(*options_.graph);
+placement::ExitStatus ExportSession::Run() {
+  if (options_.graph) picture::CheckGraphFile(*options_.graph);
   ReadModel();
   if (options_.purpose == Purpose::kList) return List();
   ChooseArtifacts();
   ExportAll();
-  if (options_.graph) WriteGraph(artifacts_, *options_.graph);
+  if (options_.graph && isGraphComplete_) {
+    picture::WriteGraph(std::move(graph_).Finish(), *options_.graph);
+  }
   if (!MayUseFiles()) return kExportFailed;
-  const ExitStatus status = UseFiles();
+  const placement::ExitStatus status = UseFiles();
   if (status != kSuccess) return status;
   if (options_.depfile) WriteDepfile();
-  if (options_.stamp) Touch(*options_.stamp);
+  if (options_.stamp) placement::Touch(*options_.stamp);
   if (options_.summary) Summarise();
   return kSuccess;
 }
@@ -86,8 +89,9 @@ bool ExportSession::MayUseFiles() {
 void ExportSession::ReadModel() {
   for (const auto& [prefix, directory] : options_.maps) reader_.Map(prefix, directory);
   ReadModelFile();
-  for (const Diagnostic& remark : DiagnosticsOf(reader_)) report_.Add(remark);
-  if (!options_.quiet && !reader_.PassedOver().empty()) report_.Say(PassedOverText(reader_));
+  for (const Diagnostic& each : diagnostics::DiagnosticsOf(reader_)) report_.Add(each);
+  if (!options_.quiet && !reader_.PassedOver().empty())
+    report_.Say(diagnostics::PassedOverText(reader_));
 }
 
 void ExportSession::ReadModelFile() {
@@ -99,7 +103,7 @@ void ExportSession::ReadModelFile() {
   reader_.Read(options_.model);
 }
 
-ExitStatus ExportSession::List() {
+placement::ExitStatus ExportSession::List() {
   for (const model::Element* artifact : ExportableArtifacts(reader_)) {
     report_.Result(NameOf(reader_, *artifact) + "\n");
   }
@@ -117,17 +121,15 @@ void ExportSession::ChooseArtifacts() {
 }
 
 void ExportSession::ExportAll() {
-  const AgentLibrary agent;
-  for (model::Element* artifact : artifacts_) Export(agent, *artifact);
+  for (model::Element* artifact : artifacts_) Export(*artifact);
 }
 
-void ExportSession::Export(const AgentLibrary& agent, model::Element& artifact) {
+void ExportSession::Export(model::Element& artifact) {
   if (!HasSettings(artifact)) {
     report_.Say("the artifact '" + NameOf(reader_, artifact) +
                 "' can't be exported: it does not carry the stereotype IDLGenerator");
   }
   Apply(options_.overrides, artifact);
-  if (!CheckArtifactNames(artifact)) return;
   const fs::path output = TargetDirectoryOf(artifact, options_.output);
   const bool isPlaced = options_.purpose == Purpose::kExport && HasSettings(artifact);
   exports_.emplace_back(new StagedExport{isPlaced ? Staging::For(output) : Staging::ForNothing(),
@@ -135,42 +137,35 @@ void ExportSession::Export(const AgentLibrary& agent, model::Element& artifact) 
                                          output,
                                          {}});
   StagedExport& exported = *exports_.back();
-  RunAgent(agent, artifact, exported.staging.Path());
+  Tell(RunAgent(artifact, exported.staging.Path()));
   exported.files = exported.staging.Files();
   if (report_.Errors() == 0) CheckThatFilesAreWhole(exported);
 }
 
-bool ExportSession::CheckArtifactNames(model::Element& artifact) {
-  NameCheck check = CheckNames(reader_, artifact);
-  declarations_ += check.declarations;
-  bool isSafe = true;
-  for (Diagnostic& problem : check.problems) {
-    isSafe = isSafe && problem.severity != Severity::kError;
-    if (options_.strict) problem.severity = Severity::kError;
-    report_.Add(problem);
-  }
-  return isSafe;
+AgentRun ExportSession::RunAgent(model::Element& artifact, const fs::path& directory) {
+  const Progress::Activity activity =
+      progress_.Show([name = NameOf(reader_, artifact)] { return "exporting " + name; });
+  AgentRun run(reader_, artifact, directory, options_.graph ? &graph_ : nullptr);
+  declarations_ += run.Declarations();
+  isGraphComplete_ = isGraphComplete_ && run.IsEvaluated();
+  return run;
 }
 
-void ExportSession::RunAgent(const AgentLibrary& agent, model::Element& artifact,
-                             const fs::path& directory) {
-  AgentMessages messages;
-  {
-    const Progress::Activity activity =
-        progress_.Show([name = NameOf(reader_, artifact)] { return "exporting " + name; });
-    command::RunAgent(agent, artifact, directory, [&](const std::string& piece) {
-      messages.Take(piece);
-      report_.AgentText(piece);
-    });
+void ExportSession::Tell(const AgentRun& run) {
+  for (Diagnostic diagnostic : run.NameDiagnostics()) {
+    if (options_.strict) diagnostic.severity = diagnostics::Severity::kError;
+    report_.Add(diagnostic);
   }
-  ElementFinder finder(artifact);
-  const std::vector<Diagnostic> diagnostics = DiagnosticsOf(messages, reader_, finder);
-  for (const Diagnostic& diagnostic : diagnostics) report_.AddTold(diagnostic);
-  report_.EndAgentText(!diagnostics.empty());
+  if (run.IsRefused()) return;
+  const bool isWorthTelling = !options_.quiet || !run.Told().empty();
+  for (const std::string& piece : run.Text()) {
+    if (isWorthTelling) report_.AgentText(piece);
+  }
+  for (const Diagnostic& diagnostic : run.Told()) report_.AddTold(diagnostic);
 }
 
-ExitStatus ExportSession::UseFiles() {
-  CheckForConflicts(exports_);
+placement::ExitStatus ExportSession::UseFiles() {
+  placement::CheckForConflicts(exports_);
   switch (options_.purpose) {
     case Purpose::kExport:
       PutAllInPlace();
@@ -187,13 +182,14 @@ ExitStatus ExportSession::UseFiles() {
 
 /// What may fail is tried before the first file is replaced.
 void ExportSession::PutAllInPlace() {
-  if (options_.depfile) CheckWritable(*options_.depfile);
-  if (options_.stamp) CheckWritable(*options_.stamp);
-  placed_ = PutInPlace(exports_, options_.prune);
+  if (options_.depfile) placement::CheckWritable(*options_.depfile);
+  if (options_.stamp) placement::CheckWritable(*options_.stamp);
+  placed_ = placement::PutInPlace(exports_, options_.prune);
 }
 
-ExitStatus ExportSession::Verify() {
-  const bool different = PrintDifferences(exports_, options_.prune, report_.ResultStream());
+placement::ExitStatus ExportSession::Verify() {
+  const bool different =
+      placement::PrintDifferences(exports_, options_.prune, report_.ResultStream());
   return different ? kDifferent : kSuccess;
 }
 
@@ -216,7 +212,7 @@ void ExportSession::WriteDepfile() const {
   } else if (!exports_.front()->files.empty()) {
     target = exports_.front()->Final(exports_.front()->files.front()).string();
   }
-  WriteWhole(*options_.depfile, MakeRule(target, reader_.Files()));
+  placement::WriteWhole(*options_.depfile, MakeRule(target, reader_.Files()));
 }
 
 void ExportSession::Summarise() const {

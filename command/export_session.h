@@ -6,14 +6,14 @@
 #include <memory>
 #include <vector>
 
-#include "command/agent_library.h"
-#include "command/failure.h"
+#include "command/agent_run.h"
 #include "command/options.h"
-#include "command/placement.h"
 #include "command/progress.h"
 #include "command/report.h"
-#include "command/staged_export.h"
 #include "model/model.h"
+#include "picture/dependency_graph.h"
+#include "placement/failure.h"
+#include "placement/placement.h"
 #include "xmi/reader.h"
 
 namespace command {
@@ -22,24 +22,22 @@ class ExportSession {
  public:
   ExportSession(const Options& options, Report& report, Progress& progress);
 
-  /// Does all that is asked for. Throws `Failure`.
-  ExitStatus Run();
+  /// Does all that is asked for. Throws `placement::Failure`.
+  placement::ExitStatus Run();
 
  private:
   void ReadModel();
   void ReadModelFile();
-  ExitStatus List();
+  placement::ExitStatus List();
   void ChooseArtifacts();
   void ExportAll();
-  void Export(const AgentLibrary& agent, model::Element& artifact);
-  /// Tells what is wrong with the names; false when the agent must not write files by them.
-  bool CheckArtifactNames(model::Element& artifact);
-  void RunAgent(const AgentLibrary& agent, model::Element& artifact,
-                const std::filesystem::path& directory);
+  void Export(model::Element& artifact);
+  AgentRun RunAgent(model::Element& artifact, const std::filesystem::path& directory);
+  void Tell(const AgentRun& run);
   bool MayUseFiles();
-  ExitStatus UseFiles();
+  placement::ExitStatus UseFiles();
   void PutAllInPlace();
-  ExitStatus Verify();
+  placement::ExitStatus Verify();
   void PrintNames();
   void WriteDepfile() const;
   void Summarise() const;
@@ -50,8 +48,10 @@ class ExportSession {
   model::Model model_;
   xmi::Reader reader_{model_};
   std::vector<model::Element*> artifacts_;
-  StagedExports exports_;
-  PlacedFiles placed_;
+  placement::StagedExports exports_;
+  placement::PlacedFiles placed_;
+  picture::GraphMaker graph_;
+  bool isGraphComplete_ = true;
   std::size_t declarations_ = 0;
   std::chrono::steady_clock::time_point begin_ = std::chrono::steady_clock::now();
 };

@@ -4,10 +4,13 @@
 #include <algorithm>
 #include <map>
 
-#include "command/failure.h"
+#include "placement/failure.h"
 
 namespace command {
 namespace {
+
+using placement::Failure;
+using placement::kBadInput;
 
 constexpr const char* exitStatuses =
     "Exit status: 0 no errors; 1 the model has errors, the export was aborted or a file\n"
@@ -128,11 +131,12 @@ class CommandLine {
            "How problems are told: text, gcc (with file and line, on standard error), json or "
            "sarif (a document on standard output)")
         ->type_name("FORM");
-    Choice("--color", options_.colour,
-           std::map<std::string, ColourMode>{{"auto", ColourMode::kAuto},
-                                             {"always", ColourMode::kAlways},
-                                             {"never", ColourMode::kNever}},
-           "Whether messages are coloured: auto, always or never")
+    Choice(
+        "--color", options_.colour,
+        std::map<std::string, diagnostics::ColourMode>{{"auto", diagnostics::ColourMode::kAuto},
+                                                       {"always", diagnostics::ColourMode::kAlways},
+                                                       {"never", diagnostics::ColourMode::kNever}},
+        "Whether messages are coloured: auto, always or never")
         ->type_name("WHEN");
     Flag("--strict", options_.strict, "Names that are not legal in IDL are errors");
     Flag("--werror", options_.warningsAreErrors, "Fail when there are warnings");

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "command/colour.h"
+#include "diagnostics/colour.h"
 
 namespace command {
 
@@ -56,7 +56,7 @@ struct Options {
   std::optional<std::string> graph;
 
   DiagnosticForm diagnostics = DiagnosticForm::kText;
-  ColourMode colour = ColourMode::kAuto;
+  diagnostics::ColourMode colour = diagnostics::ColourMode::kAuto;
   bool quiet = false;
   bool summary = false;
 

@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "command/one_line.h"
+#include "diagnostics/one_line.h"
 
 namespace command {
 namespace {
@@ -78,7 +78,7 @@ void Progress::Run() {
 }
 
 void Progress::Draw() {
-  WriteRaw("\r\033[K" + Fitting(OneLine(line_()), TerminalWidth()));
+  WriteRaw("\r\033[K" + Fitting(diagnostics::OneLine(line_()), TerminalWidth()));
   shown_ = true;
 }
 

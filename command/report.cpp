@@ -4,19 +4,22 @@
 
 #include <cstdio>
 
-#include "command/colour.h"
-#include "command/gcc_form.h"
-#include "command/json_form.h"
-#include "command/sarif_form.h"
+#include "diagnostics/colour.h"
+#include "diagnostics/forms.h"
 
 namespace command {
+
+using diagnostics::ColouredPiece;
+using diagnostics::Diagnostic;
+using diagnostics::GccForm;
+using diagnostics::Severity;
 
 Report::Report(const Options& options, StandardOutput& output, Progress& progress)
     : options_(options),
       output_(output),
       progress_(progress),
-      colouredOutput_(UsesColour(options.colour, STDOUT_FILENO)),
-      colouredErrors_(UsesColour(options.colour, STDERR_FILENO)) {}
+      colouredOutput_(diagnostics::UsesColour(options.colour, STDOUT_FILENO)),
+      colouredErrors_(diagnostics::UsesColour(options.colour, STDERR_FILENO)) {}
 
 bool Report::IsDocument() const {
   return options_.diagnostics == DiagnosticForm::kJson ||
@@ -27,24 +30,9 @@ bool Report::IsResultOnOutput() const {
   return options_.purpose == Purpose::kVerify || options_.purpose == Purpose::kOutputs;
 }
 
+/// Results that others read are not to be mixed with it.
 void Report::AgentText(const std::string& piece) {
   if (IsDocument()) return;
-  if (options_.quiet) {
-    heldBack_.push_back(piece);
-  } else {
-    WriteAgentText(piece);
-  }
-}
-
-void Report::EndAgentText(bool isWorthTelling) {
-  for (const std::string& piece : heldBack_) {
-    if (isWorthTelling) WriteAgentText(piece);
-  }
-  heldBack_.clear();
-}
-
-/// Results that others read are not to be mixed with it.
-void Report::WriteAgentText(const std::string& piece) {
   if (IsResultOnOutput()) return WriteError(colouredErrors_ ? ColouredPiece(piece) : piece);
   progress_.Hide();
   output_.Write(colouredOutput_ ? ColouredPiece(piece) : piece);
@@ -104,8 +92,10 @@ int Report::ResultStream() {
 }
 
 void Report::Finish() {
-  if (options_.diagnostics == DiagnosticForm::kJson) output_.Write(JsonForm(diagnostics_));
-  if (options_.diagnostics == DiagnosticForm::kSarif) output_.Write(SarifForm(diagnostics_));
+  if (options_.diagnostics == DiagnosticForm::kJson)
+    output_.Write(diagnostics::JsonForm(diagnostics_));
+  if (options_.diagnostics == DiagnosticForm::kSarif)
+    output_.Write(diagnostics::SarifForm(diagnostics_));
 }
 
 }  // namespace command

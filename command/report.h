@@ -9,10 +9,10 @@
 #include <string>
 #include <vector>
 
-#include "command/diagnostic.h"
 #include "command/options.h"
 #include "command/progress.h"
 #include "command/standard_output.h"
+#include "diagnostics/diagnostic.h"
 #include "xmi/reader.h"
 
 namespace command {
@@ -23,12 +23,10 @@ class Report {
 
   /// Takes one piece of text as the agent printed it.
   void AgentText(const std::string& piece);
-  /// The agent is done with an artifact. A quiet command keeps back what is not worth telling.
-  void EndAgentText(bool isWorthTelling);
   /// Takes a problem that the agent's text has told already.
-  void AddTold(const Diagnostic& diagnostic);
+  void AddTold(const diagnostics::Diagnostic& diagnostic);
   /// Takes a problem that was not told yet; the same one only once.
-  void Add(const Diagnostic& diagnostic);
+  void Add(const diagnostics::Diagnostic& diagnostic);
   /// A remark of the command itself.
   void Say(const std::string& text);
   /// What ends the run. The remark is a diagnostic as well where others read these.
@@ -49,9 +47,8 @@ class Report {
  private:
   bool IsDocument() const;
   bool IsResultOnOutput() const;
-  void Keep(const Diagnostic& diagnostic);
-  void Tell(const Diagnostic& diagnostic);
-  void WriteAgentText(const std::string& piece);
+  void Keep(const diagnostics::Diagnostic& diagnostic);
+  void Tell(const diagnostics::Diagnostic& diagnostic);
   void WriteError(const std::string& text);
 
   const Options& options_;
@@ -59,9 +56,8 @@ class Report {
   Progress& progress_;
   bool colouredOutput_;
   bool colouredErrors_;
-  std::vector<Diagnostic> diagnostics_;  // for a document
+  std::vector<diagnostics::Diagnostic> diagnostics_;  // for a document
   std::set<std::string> added_;
-  std::vector<std::string> heldBack_;
   std::size_t errors_ = 0;
   std::size_t warnings_ = 0;
 };

@@ -6,15 +6,21 @@
 #include <string>
 
 #include "command/export_session.h"
-#include "command/failure.h"
-#include "command/interruption.h"
 #include "command/options.h"
 #include "command/progress.h"
 #include "command/report.h"
 #include "command/standard_output.h"
+#include "placement/failure.h"
+#include "placement/interruption.h"
 
 namespace command {
 namespace {
+
+using placement::ExitStatus;
+using placement::Failure;
+using placement::kBadInput;
+using placement::kExportFailed;
+using placement::kSuccess;
 
 void Complain(const std::string& text) { std::fprintf(stderr, "idlexport: %s\n", text.c_str()); }
 
@@ -58,7 +64,7 @@ ExitStatus TryWhatIsAsked(int argc, const char* const* argv, StandardOutput& out
 
 int Run(int argc, const char* const* argv) {
   FillClosedStandardStreams();
-  WatchForInterruption();
+  placement::WatchForInterruption();
   StandardOutput output;
   const ExitStatus status = TryWhatIsAsked(argc, argv, output);
   const int error = output.Finish();

@@ -1,6 +1,7 @@
 #include "options/options.h"
 
 #include "agent/idl_exception.h"
+#include "agent/vocabulary.h"
 #include "options/path.h"
 
 namespace mdktoidl {
@@ -9,12 +10,20 @@ Options options;
 
 namespace {
 
-/// The text of a generator setting. Throws `IDLException` with `complaint` when it is absent.
-std::string Setting(mdk::IMdeEntity* element, const std::string& tag, const std::string& property,
-                    const std::string& complaint) {
-  mdk::IMdeEntity* value = element->EvalExpression("IDLGenerator (. " + tag + " .)", 0);
-  if (value == nullptr) throw IDLException(complaint);
-  return value->GetValue(property, 0);
+/// The element that holds a setting. Throws `IDLException` when the artifact lacks it; `complaint`
+/// is what the message then calls it.
+mdk::IMdeEntity* Setting(mdk::IMdeEntity* element, const Tag& tag, const std::string& complaint) {
+  mdk::IMdeEntity* value = element->EvalExpression(tag.Expression(), 0);
+  if (value == nullptr) throw IDLException({Message::settingMissing, element, {complaint}});
+  return value;
+}
+
+std::string TextSetting(mdk::IMdeEntity* element, const Tag& tag, const std::string& complaint) {
+  return Setting(element, tag, complaint)->GetValue(properties::valueString, 0);
+}
+
+std::string LiteralSetting(mdk::IMdeEntity* element, const Tag& tag) {
+  return Setting(element, tag, tag.Name())->GetValue(properties::name, 0);
 }
 
 }  // namespace
@@ -23,20 +32,15 @@ std::string Setting(mdk::IMdeEntity* element, const std::string& tag, const std:
 // as they are.
 void Options::SetOptions(mdk::IMdeEntity* generator) {
   element = generator;
-  targetDir = Setting(element, "targetDir", "ValueString",
-                      "Failed to find value for IDLGenerator::targetDir.");
-  fileName = Setting(element, "fileName", "ValueString",
-                     "Failed to find value for IDLGenerator::fileFname.");
-  if (fileName.empty()) fileName = element->GetValue("Name", 0);
-  fileSuffix = Setting(element, "fileSuffix", "ValueString",
-                       "Failed to find value for IDLGenerator::fileSuffix.");
-  artifactDir = element->GetValue("Uri", 0);
+  targetDir = TextSetting(element, tags::targetDir, tags::targetDir.Name() + ".");
+  fileName = TextSetting(element, tags::fileName, "IDLGenerator::fileFname.");
+  if (fileName.empty()) fileName = element->GetValue(properties::name, 0);
+  fileSuffix = TextSetting(element, tags::fileSuffix, tags::fileSuffix.Name() + ".");
+  artifactDir = element->GetValue(properties::uri, 0);
   Path::NormalizePath(artifactDir);
   Path::RemoveFileOrDir(artifactDir, 1);
-  isAsyncDefault = Setting(element, "isAsyncDefault", "Name",
-                           "Failed to find value for IDLGenerator::isAsyncDefault");
-  fileMapping =
-      Setting(element, "fileMapping", "Name", "Failed to find value for IDLGenerator::fileMapping");
+  isAsyncDefault = LiteralSetting(element, tags::isAsyncDefault);
+  fileMapping = LiteralSetting(element, tags::fileMapping);
   rootDir = targetDir.empty() ? artifactDir + "/" + fileName : targetDir;
 }
 

@@ -23,6 +23,8 @@ class Options {
   /// those behind it as they were. `element` is borrowed.
   void SetOptions(mdk::IMdeEntity* element);
 
+  /// The artifact that is exported, borrowed; null until `SetOptions`.
+  mdk::IMdeEntity* Element() const { return element; }
   /// A mapping that is not known counts as `ONE_FILE`.
   FileMapping Mapping() const;
   /// Whether an operation that doesn't say is oneway.

@@ -1,14 +1,13 @@
 // Comments of model elements as line comments of IDL.
 #pragma once
 
-#include <fstream>
-
 #include "host/element.h"
+#include "output/layout.h"
 
 namespace mdktoidl {
 
 /// Writes every comment of the element, each of its lines on a line of its own. Nothing, not even
 /// a line end, for an element without comments.
-void WriteComments(mdk::IMdeEntity* element, std::ofstream& out);
+void WriteComments(mdk::IMdeEntity* element, Writer& out);
 
 }  // namespace mdktoidl

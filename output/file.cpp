@@ -5,9 +5,8 @@
 #include <algorithm>
 #include <cerrno>
 
-#include "agent/message_output.h"
+#include "agent/diagnostics.h"
 #include "options/options.h"
-#include "output/layout.h"
 
 namespace mdktoidl {
 
@@ -49,12 +48,11 @@ std::string File::GetFileProtectionName(std::string fileName) {
   return fileName;
 }
 
-bool File::Open(const std::string& fileName, std::ofstream& out) {
+bool File::Open(const std::string& fileName, Writer& out) {
   std::string path = options.RootDir() + "/" + fileName;
   NormalizePath(path);
-  out.open(path, std::ios::out | std::ios::trunc);
-  if (!out.is_open()) {
-    Print("IDL exporter failed to open file " + path + "\n");
+  if (!out.Open(path)) {
+    Tell({Message::fileNotOpened, options.Element(), {path}});
     return false;
   }
   const std::string guard = GetFileProtectionName(fileName);
@@ -68,13 +66,13 @@ bool File::Open(const std::string& fileName, std::ofstream& out) {
   return true;
 }
 
-void File::Close(std::ofstream& out) {
-  if (!out.is_open()) return;
+void File::Close(Writer& out) {
+  if (!out.IsOpen()) return;
   newline(out);
   newline(out);
   out << "#endif";
   newline(out);
-  out.close();
+  out.Close();
 }
 
 }  // namespace mdktoidl

@@ -1,10 +1,10 @@
 // Generated files: their names, their directories, and the fixed text at their head and foot.
 #pragma once
 
-#include <fstream>
 #include <string>
 
 #include "options/path.h"
+#include "output/layout.h"
 
 namespace mdktoidl {
 
@@ -29,10 +29,10 @@ class File : public Path {
 
   /// Opens a file below the root directory and writes its head. When it can't be opened, says so to
   /// the user and returns false.
-  static bool Open(const std::string& fileName, std::ofstream& out);
+  static bool Open(const std::string& fileName, Writer& out);
 
-  /// Writes the foot and closes. A stream that is not open is left alone.
-  static void Close(std::ofstream& out);
+  /// Writes the foot and closes. A file that is not open is left alone.
+  static void Close(Writer& out);
 };
 
 }  // namespace mdktoidl

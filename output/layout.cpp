@@ -1,60 +1,54 @@
 #include "output/layout.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace mdktoidl {
 
-const int myIndent = std::ios_base::xalloc();
-
 namespace {
 
-constexpr long blanksPerLevel = 4;
-constexpr std::string_view lineEnd =
-    "\n                                                                ";
-
-/// Writes text that isn't formatted: the stream's own `write` would ask more than that takes. What
-/// follows a failure is left out, so that a file with a gap doesn't look complete.
-void Put(std::ofstream& out, std::string_view text) {
-  const auto length = static_cast<std::streamsize>(text.size());
-  if (out.good() && out.rdbuf()->sputn(text.data(), length) != length) {
-    out.setstate(std::ios_base::badbit);
-  }
-}
+constexpr std::size_t most = 1 << 16;
+constexpr int blanksPerLevel = 4;
+constexpr std::string_view blanks =
+    "                                                                ";
 
 }  // namespace
 
-void Line::Append(std::string_view text) {
-  if (text.size() > text_.size() - size_) Flush();
-  if (text.size() > text_.size()) return Put(out_, text);
-  size_ += text.copy(text_.data() + size_, text.size());
+bool Writer::Open(const std::string& path) {
+  collected_.clear();
+  collected_.reserve(most);
+  file_.open(path, std::ios::out | std::ios::trunc);
+  return file_.is_open();
 }
 
-void Line::Flush() { Put(out_, {text_.data(), std::exchange(size_, 0)}); }
-
-void newline(Line& line) {
-  constexpr long most = lineEnd.size() - 1;
-  long left = line.out_.iword(myIndent);
-  line.Append(lineEnd.substr(0, 1 + std::min(left, most)));
-  for (left -= most; left > 0; left -= most) line.Append(lineEnd.substr(1, std::min(left, most)));
+void Writer::Close() {
+  Flush();
+  file_.close();
 }
 
-void newline(std::ofstream& out) {
-  Line line(out);
-  newline(line);
+Writer& Writer::operator<<(std::string_view text) {
+  if (text.size() > most - collected_.size()) Flush();
+  if (text.size() > most) {
+    file_.write(text.data(), static_cast<std::streamsize>(text.size()));
+  } else {
+    collected_ += text;
+  }
+  return *this;
 }
 
-void Write(Line& line, std::initializer_list<std::string_view> pieces) {
-  for (const std::string_view piece : pieces) line.Append(piece);
+void Writer::Flush() {
+  file_.write(collected_.data(), static_cast<std::streamsize>(collected_.size()));
+  collected_.clear();
 }
 
-void Write(std::ofstream& out, std::initializer_list<std::string_view> pieces) {
-  Line line(out);
-  Write(line, pieces);
+void newline(Writer& out) {
+  out << '\n';
+  for (int left = out.indentation_; left > 0; left -= static_cast<int>(blanks.size())) {
+    out << blanks.substr(0, std::min(static_cast<std::size_t>(left), blanks.size()));
+  }
 }
 
-void indent(std::ofstream& out) { out.iword(myIndent) += blanksPerLevel; }
+void indent(Writer& out) { out.indentation_ += blanksPerLevel; }
 
-void redent(std::ofstream& out) { out.iword(myIndent) -= blanksPerLevel; }
+void redent(Writer& out) { out.indentation_ -= blanksPerLevel; }
 
 }  // namespace mdktoidl

@@ -1,55 +1,63 @@
-// The layout of written text: line ends and indentation, kept in the stream itself.
+// A generated file in the making: its text, its lines and their indentation.
 //
 // A construct begins each of its lines with `newline` and writes a body between `indent` and
 // `redent`, so none of them counts blanks.
 #pragma once
 
-#include <array>
-#include <cstddef>
 #include <fstream>
-#include <initializer_list>
+#include <string>
 #include <string_view>
 
 namespace mdktoidl {
 
-/// Index of the extensible word in which a stream keeps its indentation, counted in blanks.
-extern const int myIndent;
-
-/// Text that is handed to a stream at once: at the end of this object's life, or earlier when there
-/// is too much of it. What else is written to the stream meanwhile would come before it.
-class Line {
+/// Text on its way into a file. It is collected and handed on in large pieces: a line goes through
+/// here in a dozen of them, and a stream asks more for each than all the rest of writing takes.
+class Writer {
  public:
-  explicit Line(std::ofstream& out) : out_(out) {}
-  ~Line() { Flush(); }
-  Line(const Line&) = delete;
-  Line& operator=(const Line&) = delete;
+  Writer() = default;
+  Writer(const Writer&) = delete;
+  Writer& operator=(const Writer&) = delete;
+
+  /// Opens a file, which loses what it held. False when it can't be opened. The indentation stays.
+  bool Open(const std::string& path);
+  bool IsOpen() const { return file_.is_open(); }
+  /// Writes what is collected and closes the file. What follows a failure is left out, so that a
+  /// file with a gap doesn't look complete.
+  void Close();
+
+  Writer& operator<<(std::string_view text);
+  Writer& operator<<(char character) { return *this << std::string_view(&character, 1); }
 
  private:
-  friend void newline(Line& line);
-  friend void Write(Line& line, std::initializer_list<std::string_view> pieces);
+  friend void newline(Writer& out);
+  friend void indent(Writer& out);
+  friend void redent(Writer& out);
 
-  void Append(std::string_view text);
   void Flush();
 
-  std::ofstream& out_;
-  std::size_t size_ = 0;
-  std::array<char, 256> text_;
+  std::ofstream file_;
+  std::string collected_;  // never grows beyond what is reserved, so that writing takes no memory
+  int indentation_ = 0;    // in blanks
 };
 
-/// Ends the line and indents the next. The line is not flushed: a stream that is closed is
-/// complete, and a system call for every line would cost more than all the rest of writing.
-void newline(std::ofstream& out);
-void newline(Line& line);
-
-/// Writes the pieces of a line one after the other. Much cheaper than to insert each of them, and
-/// cheaper still for a `Line`.
-void Write(std::ofstream& out, std::initializer_list<std::string_view> pieces);
-void Write(Line& line, std::initializer_list<std::string_view> pieces);
+/// Ends the line and indents the next.
+void newline(Writer& out);
 
 /// Indents what follows by one level more.
-void indent(std::ofstream& out);
+void indent(Writer& out);
 
 /// Indents what follows by one level less.
-void redent(std::ofstream& out);
+void redent(Writer& out);
+
+/// Writes each item with `write`, and ", " between two.
+template <typename Items, typename Write>
+void WriteSeparated(const Items& items, Writer& out, Write write) {
+  bool isFirst = true;
+  for (const auto& item : items) {
+    if (!isFirst) out << ", ";
+    write(item);
+    isFirst = false;
+  }
+}
 
 }  // namespace mdktoidl

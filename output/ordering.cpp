@@ -17,6 +17,7 @@ class DepthFirstSearch {
  public:
   explicit DepthFirstSearch(const DependencyGraph& graph) : graph_(graph), states_(graph.Size()) {
     result_.order.reserve(graph.Size());
+    result_.component.resize(graph.Size());
   }
 
   Ordering Run() {
@@ -87,6 +88,7 @@ class DepthFirstSearch {
       member = component_.back();
       component_.pop_back();
       states_[member].open = false;
+      result_.component[member] = root;
       if (isCycle) result_.cyclic.push_back(member);
     } while (member != root);
   }

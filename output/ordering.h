@@ -33,6 +33,9 @@ struct Ordering {
   std::vector<std::size_t> order;
   /// Those that depend on themselves, directly or through others, ascending.
   std::vector<std::size_t> cyclic;
+  /// By thing, the number of its strongly connected component: things share it that depend on each
+  /// other, directly or through others.
+  std::vector<std::size_t> component;
 };
 
 /// Linear in the size of the graph, without recursion.

@@ -6,17 +6,15 @@
 #include <string>
 #include <vector>
 
-#include "command/colour.h"
-#include "command/gcc_form.h"
-#include "command/json_form.h"
-#include "command/rules.h"
-#include "command/sarif_form.h"
+#include "diagnostics/colour.h"
+#include "diagnostics/forms.h"
+#include "diagnostics/rules.h"
 
 namespace {
 
-using command::ColourMode;
-using command::Diagnostic;
-using command::Severity;
+using diagnostics::ColourMode;
+using diagnostics::Diagnostic;
+using diagnostics::Severity;
 using nlohmann::json;
 
 const Diagnostic all[] = {
@@ -37,20 +35,20 @@ const Diagnostic all[] = {
 };
 
 TEST(GccForm, IsOneLineEach) {
-  EXPECT_EQ(command::GccForm({}), "");
-  EXPECT_EQ(command::GccForm(all),
+  EXPECT_EQ(diagnostics::GccForm({}), "");
+  EXPECT_EQ(diagnostics::GccForm(all),
             "m.uml:3:7: warning: struct S has no members [struct-no-members]\n"
             "/a b/\xC3\xA9#?.uml:4: error: name \"a\\nb\\x1b\\x7f\" [idl-identifier]\n"
             "a:b/../%.uml: error: bad \xFF\xC3 text [of-a-colleague]\n"
             "idlexport: warning: nothing to blame [struct-no-members]\n");
-  EXPECT_EQ(command::GccForm({&all[0], 1}, true),
+  EXPECT_EQ(diagnostics::GccForm({&all[0], 1}, true),
             "m.uml:3:7: \x1b[1;35mwarning:\x1b[m struct S has no members [struct-no-members]\n");
 }
 
 TEST(JsonForm, HasWhatIsKnown) {
-  EXPECT_EQ(command::JsonForm({}),
+  EXPECT_EQ(diagnostics::JsonForm({}),
             "{\"version\":1,\"summary\":{\"errors\":0,\"warnings\":0},\"diagnostics\":[]}\n");
-  const json found = json::parse(command::JsonForm(all));
+  const json found = json::parse(diagnostics::JsonForm(all));
   EXPECT_EQ(found, json::parse(R"({
     "version": 1,
     "summary": {"errors": 2, "warnings": 2},
@@ -66,7 +64,7 @@ TEST(JsonForm, HasWhatIsKnown) {
 }
 
 TEST(SarifForm, HasWhatTheFormatRequiresAndLeadsToTheSpot) {
-  const json log = json::parse(command::SarifForm(all));
+  const json log = json::parse(diagnostics::SarifForm(all));
   EXPECT_EQ(log.at("version"), "2.1.0");
   ASSERT_EQ(log.at("runs").size(), 1U);
   const json& run = log["runs"][0];
@@ -85,9 +83,9 @@ TEST(SarifForm, HasWhatTheFormatRequiresAndLeadsToTheSpot) {
   EXPECT_EQ(driver["rules"].size(), 3U);
   for (const json& rule : driver["rules"]) {
     EXPECT_EQ(rule.contains("shortDescription"),
-              command::FindRule(rule.at("id").get<std::string>()) != nullptr);
+              diagnostics::FindRule(rule.at("id").get<std::string>()) != nullptr);
   }
-  EXPECT_EQ(json::parse(command::SarifForm({}))["runs"][0].at("results"), json::array());
+  EXPECT_EQ(json::parse(diagnostics::SarifForm({}))["runs"][0].at("results"), json::array());
 
   EXPECT_EQ(results[0], json::parse(R"({
     "ruleId": "struct-no-members", "ruleIndex": 2, "level": "warning",
@@ -110,7 +108,7 @@ TEST(SarifForm, HasWhatTheFormatRequiresAndLeadsToTheSpot) {
 TEST(Colour, IsUsedWhereAPersonReads) {
   const struct {
     ColourMode mode;
-    command::ColourSurroundings surroundings;
+    diagnostics::ColourSurroundings surroundings;
     bool used;
   } cases[] = {
       {ColourMode::kAuto, {true, "xterm", nullptr}, true},
@@ -124,13 +122,14 @@ TEST(Colour, IsUsedWhereAPersonReads) {
       {ColourMode::kNever, {true, "xterm", nullptr}, false},
   };
   for (const auto& [mode, surroundings, used] : cases) {
-    EXPECT_EQ(command::UsesColour(mode, surroundings), used)
+    EXPECT_EQ(diagnostics::UsesColour(mode, surroundings), used)
         << static_cast<int>(mode) << testing::PrintToString(surroundings.term);
   }
-  EXPECT_EQ(command::ColourModeOf("auto"), ColourMode::kAuto);
-  EXPECT_EQ(command::ColourModeOf("always"), ColourMode::kAlways);
-  EXPECT_EQ(command::ColourModeOf("never"), ColourMode::kNever);
-  for (const char* word : {"", "Auto", "yes"}) EXPECT_EQ(command::ColourModeOf(word), std::nullopt);
+  EXPECT_EQ(diagnostics::ColourModeOf("auto"), ColourMode::kAuto);
+  EXPECT_EQ(diagnostics::ColourModeOf("always"), ColourMode::kAlways);
+  EXPECT_EQ(diagnostics::ColourModeOf("never"), ColourMode::kNever);
+  for (const char* word : {"", "Auto", "yes"})
+    EXPECT_EQ(diagnostics::ColourModeOf(word), std::nullopt);
 }
 
 TEST(Colour, MarksTheWordsThatTellOfFailures) {
@@ -144,7 +143,8 @@ TEST(Colour, MarksTheWordsThatTellOfFailures) {
       {"There were 1 errors and 0 warnings", "There were 1 errors and 0 warnings"},
       {"", ""},
   };
-  for (const auto& [piece, coloured] : cases) EXPECT_EQ(command::ColouredPiece(piece), coloured);
+  for (const auto& [piece, coloured] : cases)
+    EXPECT_EQ(diagnostics::ColouredPiece(piece), coloured);
 }
 
 }  // namespace

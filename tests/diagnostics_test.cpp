@@ -14,200 +14,73 @@
 #include <vector>
 
 #include "agent/messages.h"
-#include "command/agent_messages.h"
-#include "command/element_finder.h"
-#include "command/message_patterns.h"
-#include "command/remarks.h"
-#include "command/rules.h"
-#include "tests/support/export.h"
+#include "command/agent_run.h"
+#include "diagnostics/diagnostic.h"
+#include "diagnostics/rules.h"
 #include "tests/support/file_tree.h"
 #include "tests/support/xmi_files.h"
 
 namespace {
 
-using command::AgentMessages;
-using command::Diagnostic;
-using command::MeaningOf;
-using command::Named;
+using diagnostics::Diagnostic;
 using mdktoidl::Message;
-using support::ExportBench;
 using testing::ElementsAre;
 
 constexpr auto messageCount = static_cast<std::size_t>(Message::count);
 
-/// Rules that several messages share, because they say the same of different constructs.
-const std::set<std::string_view> sharedRules = {
-    "base-type-ambiguous", "base-type-array",   "base-type-missing",   "base-type-multiplicity",
-    "bound-missing",       "bound-unknown",     "constant-member",     "port-type-ambiguous",
-    "port-type-forbidden", "port-type-missing", "segment-no-artifact", "supertype-not-exported",
-    "type-anonymous",      "type-not-exported", "type-unknown"};
-
-/// Messages about value and event types, with the word that comes before the name.
-const std::set<Message> valueMessages = {
-    Message::valueIsAbstractAndCustom, Message::valueIsCustomAndTruncated,
-    Message::valueSupertypeNotExported, Message::valueSupportsOther};
-
-/// The message as the agent composes it about an element.
-std::string Composed(Message message, const std::string& name) {
-  if (valueMessages.contains(message)) return mdktoidl::Compose(message, {"event", name});
-  const std::string_view text = Text(message);
-  if (text.find("{}") != text.rfind("{}")) return mdktoidl::Compose(message, {name, "another"});
-  if (text.starts_with("{}")) return mdktoidl::Compose(message, {"union case " + name});
-  return mdktoidl::Compose(message, {name});
-}
-
-TEST(MessagePatterns, GiveEveryMessageItsRule) {
-  std::map<std::string_view, int> uses;
-  for (std::size_t index = 0; index < messageCount; ++index) {
-    const std::string_view rule = MeaningOf(Composed(static_cast<Message>(index), "M::S")).rule;
-    EXPECT_NE(rule, "unclassified") << Text(static_cast<Message>(index));
-    EXPECT_NE(command::FindRule(rule), nullptr) << rule;
-    ++uses[rule];
-  }
-  for (const auto& [rule, count] : uses) {
-    EXPECT_EQ(count > 1, sharedRules.contains(rule)) << rule << " has " << count << " messages";
-  }
-}
-
-TEST(MessagePatterns, CutOutTheName) {
-  for (const std::string name :
-       {"M::S::field", "x", "", "M::a b::c d", "M::has no members", "union case",
-        " M:: ", "M::{}::f", "M::ends with::", "M::line\nend", "\xC3\xA9t\xC3\xA9::\xFF",
-        "M::is empty cannot have a multiplicity", "M::x: Failed to obtain", "type", "(M)"}) {
-    for (std::size_t index = 0; index < messageCount; ++index) {
-      const auto message = static_cast<Message>(index);
-      const std::string text = Composed(message, name);
-      SCOPED_TRACE(text);
-      // Only a blank tells a parameter's bound from an attribute's.
-      if (message == Message::parameterBoundUnknown && name.ends_with(' ')) continue;
-      EXPECT_EQ(MeaningOf(text).name, name);
-    }
-  }
-}
-
-TEST(MessagePatterns, LeaveWhatIsNoMessage) {
-  for (const char* text : {"", "struct", "struct  has no member", "moduleM is empty", "Weather"}) {
-    EXPECT_EQ(MeaningOf(text).rule, "unclassified") << text;
-    EXPECT_EQ(MeaningOf(text).named, Named::kNothing) << text;
-  }
-}
-
 TEST(Rules, AreEachThereOnceAndNamedAlike) {
   std::set<std::string_view> ids;
-  for (const command::Rule& rule : command::Rules()) {
+  for (const diagnostics::Rule& rule : diagnostics::Rules()) {
     EXPECT_TRUE(ids.insert(rule.id).second) << rule.id;
     EXPECT_THAT(std::string(rule.id), testing::MatchesRegex("[a-z]+(-[a-z]+)*"));
     EXPECT_FALSE(rule.summary.empty() || rule.summary.ends_with('.')) << rule.id;
   }
 }
 
-TEST(ElementFinder, FindsWhatTheAgentNames) {
-  ExportBench b;
-  auto& outer = b.Package("outer");
-  auto& m = b.Module(outer, "M");  // in a package that is no module
-  auto& s = b.Struct(m, "S");
-  b.Attribute(s, "a b", "");
-  b.Attribute(s, "x::y", "");
-  auto& i = b.Interface(m, "I");
-  auto& op = b.Operation(i, "op");
-  b.Parameter(op, "p", "");
-  b.Returns(op, "");
-  b.Attribute(i, "op", "");
-  auto& top = b.Interface(outer, "Top");
-  b.Attribute(top, "t", "");
-  b.Range(b.Parameter(b.Operation(top, "many"), "q", "long"), 0, b.Constant(outer, "N", "long", 1));
-  auto& c = b.Component(m, "C");
-  b.Port(c, "both", "CORBAFacet", {&i, &top});
-  b.Port(b.Component(m, "A"), "both", "CORBAFacet", {&i});
-  model::Element& artifact = b.Artifact({&m, &top});
-  AgentMessages messages;
-  for (const std::string& piece : b.Run(&artifact).pieces) messages.Take(piece);
-  command::ElementFinder finder(artifact);
-  std::vector<std::string> found;  // "RULE METACLASS NAME" for each message
-  for (const AgentMessages::Message& message : messages.All()) {
-    const command::MessageMeaning meaning = MeaningOf(message.text);
-    const model::Element& element = finder.Find(meaning);
-    found.push_back(std::string(meaning.rule) + " " + std::string(element.Metaclass().Text()) +
-                    " " + std::string(element.Text(model::Symbol("Name"))));
-  }
-  EXPECT_THAT(found, ElementsAre("type-anonymous Parameter q", "port-type-ambiguous Port both",
-                                 "type-unknown Attribute op", "type-unknown Attribute a b",
-                                 "type-unknown Attribute x::y", "bound-unknown Parameter q",
-                                 "type-unknown Attribute t", "type-unknown Operation op",
-                                 "type-unknown Parameter ", "type-unknown Parameter p"));
-}
-
-TEST(ElementFinder, FallsBackToTheInnermostScopeAndToTheArtifact) {
-  ExportBench b;
-  auto& m = b.Module("M");
-  b.Class(m, "Plain", "");
-  auto& plain = b.Struct(m, "Plain");
-  auto& s = b.Struct(m, "S");
-  auto& field = b.Attribute(s, "f", "long");
-  const model::Element& artifact = b.Artifact({&m, &b.Struct(m, "M")});
-  command::ElementFinder finder(artifact);
-  const std::pair<std::string, const model::Element*> cases[] = {
-      {"M::S::f", &field}, {"M::S::f::g", &field}, {"M::S::g", &s},     {"M::S::", &s},
-      {"M::S", &s},        {"M::T::S", &m},        {"M", &m},           {"N::S", &artifact},
-      {"", &artifact},     {"::", &artifact},      {"m", &artifact},    {"M::::::::::::S", &m},
-      {"S", &artifact},    {"M::S::::f", &s},      {"M::Plain", &plain}};
-  for (const auto& [name, element] : cases) {
-    EXPECT_EQ(&finder.Find({"type-unknown", Named::kAny, name}), element) << name;
-  }
-  EXPECT_EQ(&finder.Find({"port-type-ambiguous", Named::kPort, "f"}), &artifact);
-  EXPECT_EQ(&finder.Find({"setting-missing"}), &artifact);
-}
-
-// A search that goes through all members for each message would take minutes here.
-TEST(ElementFinder, StaysLinearInManyMessagesOnOneScope) {
-  constexpr int count = 100'000;
-  ExportBench b;
-  auto& m = b.Module("M");
-  auto& s = b.Struct(m, "S");
-  std::vector<std::string> names;
-  for (int i = 0; i < count; ++i) {
-    names.push_back("f" + std::to_string(i));
-    b.Make(s, "Attribute", names.back());
-  }
-  auto& twins = b.Struct(m, "Twins");
-  for (int i = 0; i < count; ++i) b.Make(twins, "Attribute", "twin");
-  command::ElementFinder finder(b.Artifact({&m}));
-  const auto fields = s.Entities(model::Symbol("OwnedMember"));
-  for (std::size_t i = 0; i < count; ++i) {
-    ASSERT_EQ(&finder.Find({"type-unknown", Named::kAttribute, "M::S::" + names[i]}), fields[i]);
-    ASSERT_EQ(&finder.Find({"type-unknown", Named::kAttribute, "M::Twins::twin"}),
-              twins.Entities(model::Symbol("OwnedMember"))[0]);
+TEST(Rules, AreThereForEveryMessage) {
+  for (std::size_t index = 0; index < messageCount; ++index) {
+    const std::string_view rule = RuleOf(static_cast<Message>(index));
+    EXPECT_NE(diagnostics::FindRule(rule), nullptr) << rule;
   }
 }
 
-TEST(AgentMessages, TakeEachErrorWarningAndFailure) {
-  const std::pair<std::vector<std::string>, std::vector<std::string>> cases[] = {
-      {{"\nIDL exporter started...\n", "Warning - ", "struct S has no members", "\n", "Error - ",
-        "Error - ", "\n", "There were 1 errors and 1 warnings", "IDL exporter finished.\n"},
-       {"warning: struct S has no members", "error: Error - "}},
-      {{"Error - ", "IDL exporter failed to open file x", "\n", "3", "3"},
-       {"error: IDL exporter failed to open file x"}},
-      {{"IDL exporter failed to open file a/b.idl\n", "IDL exporter finished.\n"},
-       {"error: IDL exporter failed to open file a/b.idl"}},
-      {{"IDL exporter failed to find root element to export.\n", "\nIDL exporter aborted.\n"},
-       {"error: IDL exporter failed to find root element to export"}},
-      {{"Internal error in IDL exporter agent: ", "reason", "\n", "\nIDL exporter aborted.\n"},
-       {"abort: reason"}},
-      {{"API Error in IDL exporter agent: ", "", "\n", "\nIDL exporter aborted.\n"}, {"abort: "}},
-  };
-  for (const auto& [pieces, expected] : cases) {
-    AgentMessages messages;
-    for (const std::string& piece : pieces) messages.Take(piece);
-    std::vector<std::string> said;
-    for (const AgentMessages::Message& message : messages.All()) {
-      const bool isError = message.severity == command::Severity::kError;
-      said.push_back((message.endsExport ? "abort: "
-                      : isError          ? "error: "
-                                         : "warning: ") +
-                     message.text);
-    }
-    EXPECT_EQ(said, expected);
+/// "RULE ID LINE" for all that an export of the model says.
+std::vector<std::string> ToldOf(support::XmiFiles& files) {
+  const support::ScratchDirectory scratch;
+  std::vector<std::string> told;
+  const command::AgentRun run(files.Reader(), files["out"], scratch.Path(), nullptr);
+  for (const Diagnostic& each : run.Told()) {
+    told.push_back(each.rule + " " + each.id + " " + std::to_string(each.location.line));
   }
+  return told;
+}
+
+TEST(Diagnostics, LeadToTheElementsThatTheyAreAbout) {
+  support::XmiFiles files;
+  files.ReadModel(R"(
+<packagedElement xmi:type="uml:Package" xmi:id="m" name="M">
+<packagedElement xmi:type="uml:Class" xmi:id="s" name="S">
+<ownedAttribute xmi:id="x1" name="x" type="s"/>
+<ownedAttribute xmi:id="x2" name="x"/>
+<ownedAttribute xmi:id="x3" name="x"/>
+</packagedElement>
+<packagedElement xmi:type="uml:Class" xmi:id="i" name="I">
+<ownedOperation xmi:id="o" name="o">
+<ownedParameter xmi:id="p" name="p"/>
+</ownedOperation>
+</packagedElement>
+</packagedElement>
+<packagedElement xmi:type="uml:Artifact" xmi:id="out" name="Out">
+<manifestation client="out" supplier="m"/>
+</packagedElement>)",
+                  R"(<C:CORBAModule base_Package="m"/><C:CORBAStruct base_Class="s"/>
+                     <C:CORBAInterface base_Class="i"/>
+                     <C:CORBAOperation base_Operation="o" overrideIsDefaultAsync="true"/>
+                     <C:IDLGenerator base_Artifact="out"/>)");
+  const std::size_t first = files.Reader().Locate(files["m"]).line;
+  const auto line = [first](std::size_t offset) { return " " + std::to_string(first + offset); };
+  EXPECT_THAT(ToldOf(files), ElementsAre("type-unknown x2" + line(3), "type-unknown x3" + line(4),
+                                         "type-unknown p" + line(8)));
 }
 
 TEST(Diagnostics, TellOfTheReadersRemarks) {
@@ -237,10 +110,10 @@ TEST(Diagnostics, TellOfTheReadersRemarks) {
                   R"(<C:CORBAStruct base_Class="a"/><C:CORBAStruct base_Class="a"/>
                      <C:CORBAStruct base_Class="gone"/>)");
   std::set<std::string> rules;
-  for (const Diagnostic& each : command::DiagnosticsOf(files.Reader())) {
-    EXPECT_EQ(each.severity, command::Severity::kWarning);
+  for (const Diagnostic& each : diagnostics::DiagnosticsOf(files.Reader())) {
+    EXPECT_EQ(each.severity, diagnostics::Severity::kWarning);
     EXPECT_NE(each.location.line, 0U) << each.text;
-    EXPECT_NE(command::FindRule(each.rule), nullptr) << each.rule;
+    EXPECT_NE(diagnostics::FindRule(each.rule), nullptr) << each.rule;
     rules.insert(each.rule);
   }
   EXPECT_THAT(
@@ -260,13 +133,13 @@ TEST(MessagesDocument, ExplainsEveryMessageAndRule) {
   }
   for (std::size_t index = 0; index < messageCount; ++index) {
     const auto message = static_cast<Message>(index);
-    const bool isError = SeverityOf(message) == mdktoidl::Severity::error;
-    const std::string expected = (isError ? "| error | `" : "| warning | `") +
+    const bool isWarning = SeverityOf(message) == mdktoidl::Severity::warning;
+    const std::string expected = (isWarning ? "| warning | `" : "| error | `") +
                                  std::string(Text(message)) + "` | `" +
-                                 std::string(MeaningOf(Composed(message, "S")).rule) + "`";
+                                 std::string(RuleOf(message)) + "`";
     EXPECT_TRUE(rows.contains(expected)) << expected;
   }
-  for (const command::Rule& rule : command::Rules()) {
+  for (const diagnostics::Rule& rule : diagnostics::Rules()) {
     EXPECT_THAT(document, testing::HasSubstr("`" + std::string(rule.id) + "`"));
   }
 }

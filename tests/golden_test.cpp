@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "tests/support/component_grammar.h"
+#include "tests/support/examples.h"
 #include "tests/support/file_tree.h"
 #include "tests/support/process.h"
 
@@ -26,15 +27,6 @@ using Tree = std::map<std::string, std::string>;
 const fs::path sourceDirectory = IDLEXPORT_SOURCE_DIR;
 constexpr const char* updateHint =
     "if the change is meant: IDLEXPORT_UPDATE_GOLDENS=1 scripts/test -R Golden, then read the diff";
-
-std::vector<fs::path> Models(const char* directory) {
-  std::vector<fs::path> models;
-  for (const auto& entry : fs::directory_iterator(sourceDirectory / directory)) {
-    if (entry.path().extension() == ".uml") models.push_back(entry.path());
-  }
-  std::sort(models.begin(), models.end());
-  return models;
-}
 
 std::vector<std::string> ArtifactsOf(const fs::path& model) {
   const support::ProcessResult result =
@@ -107,10 +99,11 @@ TEST_P(ExampleTest, GivesSoundIdl) {
   }
 }
 
-const auto nameOfModel = [](const auto& info) { return info.param.stem().string(); };
-INSTANTIATE_TEST_SUITE_P(Top, ExampleTest, testing::ValuesIn(Models("examples")), nameOfModel);
-INSTANTIATE_TEST_SUITE_P(Guide, ExampleTest, testing::ValuesIn(Models("examples/modelling")),
-                         nameOfModel);
+INSTANTIATE_TEST_SUITE_P(Top, ExampleTest, testing::ValuesIn(support::ModelsIn("examples")),
+                         support::NameOfModel());
+INSTANTIATE_TEST_SUITE_P(Guide, ExampleTest,
+                         testing::ValuesIn(support::ModelsIn("examples/modelling")),
+                         support::NameOfModel());
 
 class GoldenTest : public testing::TestWithParam<fs::path> {};
 
@@ -126,6 +119,7 @@ TEST_P(GoldenTest, ExampleGivesTheGoldenFiles) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Examples, GoldenTest, testing::ValuesIn(Models("examples")), nameOfModel);
+INSTANTIATE_TEST_SUITE_P(Examples, GoldenTest, testing::ValuesIn(support::ModelsIn("examples")),
+                         support::NameOfModel());
 
 }  // namespace

@@ -1,5 +1,5 @@
 // The picture of an export: its modules and interfaces, what uses what, and cycles.
-#include "command/graph.h"
+#include "picture/graph.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -11,7 +11,8 @@
 #include <utility>
 #include <vector>
 
-#include "command/failure.h"
+#include "command/agent_run.h"
+#include "placement/failure.h"
 #include "tests/support/small_model.h"
 #include "tests/support/xmi_files.h"
 
@@ -21,13 +22,23 @@ using support::XmiFiles;
 using testing::AllOf;
 using testing::HasSubstr;
 
-/// Draws a small model into a file; returns its text.
-std::string Drawn(std::string_view model, const std::string& name = "graph.dot") {
+/// The graph of a small model, which is exported twice.
+picture::DependencyGraph GraphOf(std::string_view model) {
   XmiFiles files;
   files.Write("model.uml", support::SmallModel(model)).Read();
-  model::Element* const artifacts[] = {&files["out"], &files["out"]};
-  command::WriteGraph(artifacts, files.Path(name));
-  return support::ReadFile(files.Path(name));
+  const support::ScratchDirectory scratch;
+  picture::GraphMaker maker;
+  for (int run = 0; run < 2; ++run) {
+    command::AgentRun(files.Reader(), files["out"], scratch.Path(), &maker);
+  }
+  return std::move(maker).Finish();
+}
+
+/// Draws a small model into a file; returns its text.
+std::string Drawn(std::string_view model, const std::string& name = "graph.dot") {
+  const support::ScratchDirectory scratch;
+  picture::WriteGraph(GraphOf(model), scratch.Path() / name);
+  return support::ReadFile(scratch.Path() / name);
 }
 
 /// What the text draws, without how it looks: "{" a module, "}", nodes, edges with ">" for
@@ -102,34 +113,33 @@ TEST(Graph, IsDrawnByGraphviz) {
 }
 
 TEST(Graph, SaysWhyItCanNotBeDrawnAndLeavesNothing) {
-  XmiFiles files;
-  files.Write("model.uml", support::SmallModel("interface I")).Read();
-  files.Write("out.svg", "what was there before");
-  model::Element* const artifacts[] = {&files["out"]};
+  const support::ScratchDirectory scratch;
+  support::WriteFile(scratch.Path() / "out.svg", "what was there before");
+  const picture::DependencyGraph graph = GraphOf("interface I");
   const std::string path = std::getenv("PATH");
   const std::tuple<std::string, std::string, int, std::string> cases[] = {
-      {"out.png", path, command::kBadInput, "out.png': its name must end in .dot or .svg"},
-      {"out", path, command::kBadInput, "out': its name must end in .dot or .svg"},
-      {"missing/out.dot", path, command::kExportFailed, "out.dot': No such file or directory"},
-      {"missing/out.svg", path, command::kExportFailed, "out.svg': No such file or directory"},
-      {"out.svg", "", command::kExportFailed,
+      {"out.png", path, placement::kBadInput, "out.png': its name must end in .dot or .svg"},
+      {"out", path, placement::kBadInput, "out': its name must end in .dot or .svg"},
+      {"missing/out.dot", path, placement::kExportFailed, "out.dot': No such file or directory"},
+      {"missing/out.svg", path, placement::kExportFailed, "out.svg': No such file or directory"},
+      {"out.svg", "", placement::kExportFailed,
        "out.svg': there is no program 'dot'; install Graphviz"},
-      {"out.svg", "/dev/null", command::kExportFailed, "out.svg': can't run 'dot'"},
+      {"out.svg", "/dev/null", placement::kExportFailed, "out.svg': can't run 'dot'"},
   };
   for (const auto& [file, searched, status, complaint] : cases) {
     SCOPED_TRACE(file);
     setenv("PATH", searched.c_str(), 1);
     try {
-      command::WriteGraph(artifacts, files.Path(file));
+      picture::WriteGraph(graph, scratch.Path() / file);
       ADD_FAILURE();
-    } catch (const command::Failure& failure) {
+    } catch (const placement::Failure& failure) {
       EXPECT_EQ(failure.Status(), status);
       EXPECT_THAT(failure.what(), HasSubstr(complaint));
     }
     setenv("PATH", path.c_str(), 1);
   }
-  const auto left = support::ReadTree(files.Path(""));
-  EXPECT_EQ(left.size(), 2u);
+  const auto left = support::ReadTree(scratch.Path());
+  EXPECT_EQ(left.size(), 1u);
   EXPECT_EQ(left.at("out.svg"), "what was there before");
 }
 

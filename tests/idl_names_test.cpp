@@ -1,7 +1,5 @@
 // Names are checked before the export by IDL's rules: an IDL compiler refuses what is warned of,
 // and accepts what lies close to it.
-#include "command/idl_names.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -11,19 +9,27 @@
 #include <tuple>
 #include <vector>
 
-#include "command/idl_keywords.h"
+#include "checks/names.h"
+#include "command/agent_run.h"
 #include "tests/support/process.h"
 #include "tests/support/small_model.h"
 #include "tests/support/xmi_files.h"
+#include "types/identifier.h"
 
 namespace {
 
-using command::Diagnostic;
-using command::Severity;
+using diagnostics::Diagnostic;
+using diagnostics::Severity;
 using support::ProcessResult;
 using support::XmiFiles;
 using testing::ElementsAre;
 using testing::IsEmpty;
+
+/// What is found in a model that is read, by an export of it.
+std::vector<Diagnostic> FoundIn(XmiFiles& files) {
+  const support::ScratchDirectory scratch;
+  return command::AgentRun(files.Reader(), files["out"], scratch.Path(), nullptr).NameDiagnostics();
+}
 
 /// "error [rule] text", one for each finding.
 std::vector<std::string> Findings(const std::string& model) {
@@ -31,7 +37,7 @@ std::vector<std::string> Findings(const std::string& model) {
   files.Write("model.uml", model).Read();
   EXPECT_THAT(files.Remarks(), IsEmpty());
   std::vector<std::string> lines;
-  for (const Diagnostic& found : command::CheckNames(files.Reader(), files["out"]).problems) {
+  for (const Diagnostic& found : FoundIn(files)) {
     const std::string severity = found.severity == Severity::kError ? "error " : "";
     lines.push_back(severity + "[" + found.rule + "] " + found.text);
   }
@@ -113,11 +119,11 @@ TEST(IdlNames, KeywordsAreTheCompilers) {
   for (const char* word : {"abstract", "TRUE", "valuebase", "typeprefix", "home", "primarykey",
                            "emits", "wstring", "multiple", "import", "setraises", "truncatable"}) {
     EXPECT_NE(CompiledAsStruct(word), "") << word;
-    EXPECT_NE(command::KeywordLike(word, false), "") << word;
+    EXPECT_NE(mdktoidl::KeywordLike(word, false), "") << word;
   }
   for (const char* word : {"storage", "process", "executor", "name", "integer", "include"}) {
     EXPECT_EQ(CompiledAsStruct(word), "") << word;
-    EXPECT_EQ(command::KeywordLike(word, false), "") << word;
+    EXPECT_EQ(mdktoidl::KeywordLike(word, false), "") << word;
   }
   const std::string parts =
       "module A { composition C struct Process { field x } } module B { struct process { field x } "
@@ -260,6 +266,51 @@ TEST(IdlNames, MustNotBeThoseOfWhatTheScopeUses) {
   ExpectFindings("use-clash", cases);
 }
 
+TEST(IdlNames, MustMeanSomethingWhereTheyStandAlone) {
+  const std::string other = "module O { exception E interface J { exception F } } module N { ";
+  const NameCase cases[] = {
+      {other + "interface I : O::J { op put { raises O::J::F } } }", ""},
+      {other + "interface K : O::J interface I : N::K { op put { raises O::J::F } } }", ""},
+      {other + "interface I { op put { raises O::E } } }",
+       "operation N::I::put uses exception O::E by its simple name, which means nothing there"},
+      {"module M { exception E } module M { interface I { op put { raises M::E } } }", ""},
+  };
+  ExpectFindings("name-not-visible", cases);
+  // A compiler takes it for the other exception of that name.
+  EXPECT_THAT(
+      Findings(support::SmallModel(other + "exception E interface I { op put { raises O::E } } }")),
+      ElementsAre("[name-not-visible] operation N::I::put uses exception O::E by its simple "
+                  "name, which means nothing there"));
+  // The names of the scopes N::Bc and N::B begin alike, which is enough for a simple name.
+  EXPECT_THAT(
+      Findings(support::SmallModel("module N { module B { struct S { field x } } "
+                                   "module Bc { struct T { field y : N::B::S } } }")),
+      ElementsAre("[name-not-visible] field N::Bc::T::y uses struct N::B::S by its simple name, "
+                  "which means nothing there"));
+}
+
+TEST(IdlNames, OfWhatIsNotWrittenMayBeAnything) {
+  // A port of a type that isn't exported, and a second home executor.
+  EXPECT_THAT(Findings(support::SmallModel("package P { interface J } module M { interface I "
+                                           "component C { facet struct : P::J facet p : M::I } }")),
+              IsEmpty());
+  const std::string executor =
+      R"(<nestedClassifier xmi:type="uml:Class" xmi:id="EXEC" name="Same"/>)";
+  XmiFiles files;
+  files.ReadModel(R"(<packagedElement xmi:type="uml:Package" xmi:id="m" name="M">
+          <packagedElement xmi:type="uml:Class" xmi:id="c" name="C">)" +
+                      support::Replaced(executor, "EXEC", "e1") +
+                      support::Replaced(executor, "EXEC", "e2") + R"(</packagedElement>
+        </packagedElement>
+        <packagedElement xmi:type="uml:Artifact" xmi:id="out" name="Out">
+          <manifestation client="out" supplier="m"/>
+        </packagedElement>)",
+                  R"(<C:CORBAModule base_Package="m"/><C:CORBAComponentImpl base_Class="c"/>
+                    <C:CORBAHomeImpl base_Class="e1"/><C:CORBAHomeImpl base_Class="e2"/>
+                    <C:IDLGenerator base_Artifact="out"/>)");
+  EXPECT_THAT(FoundIn(files), IsEmpty());
+}
+
 TEST(IdlNames, OfWhatIsNotExportedMayBeAnything) {
   EXPECT_THAT(Findings(support::SmallModel("module M { class union { field struct } "
                                            "struct S { private long field x } "
@@ -271,7 +322,7 @@ TEST(IdlNames, AreShownWithTheirPlace) {
   XmiFiles files;
   files.Write("model.uml", support::SmallModel("module M { struct S {\n field x } enum s }"))
       .Read();
-  const std::vector<Diagnostic> found = command::CheckNames(files.Reader(), files["out"]).problems;
+  const std::vector<Diagnostic> found = FoundIn(files);
   ASSERT_EQ(found.size(), 1U);
   EXPECT_EQ(found[0].location.file, files.Path("model.uml"));
   EXPECT_EQ(found[0].location.line, files.Reader().Locate(files["M::s"]).line);

@@ -5,19 +5,19 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <initializer_list>
-#include <regex>
 #include <set>
-#include <sstream>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
-#include "command/agent_messages.h"
-#include "command/element_finder.h"
-#include "command/message_patterns.h"
+#include "agent/export_run.h"
+#include "checks/file_names.h"
+#include "checks/names.h"
 #include "model/model.h"
 #include "tests/support/export.h"
+#include "tests/support/message_log.h"
 
 namespace {
 
@@ -26,27 +26,29 @@ using model::Element;
 using model::Symbol;
 using support::ExportBench;
 
-using Lines = std::set<std::string>;
-
-Lines LinesOf(const std::string& text) {
-  Lines lines;
-  std::istringstream stream(text);
-  for (std::string line; std::getline(stream, line);) {
-    if (!line.empty()) lines.insert(line);
+/// Follows exports, and keeps what is told, found out about names included.
+class Listener : public mdktoidl::ExportObserver {
+ public:
+  bool Built(const mdktoidl::Root& root) override {
+    checks::Found found;
+    const bool isSafe = checks::CheckFileNames(root, "Out", found);
+    Keep(std::move(found).Sorted());
+    return isSafe;
   }
-  return lines;
-}
+  void Evaluated(const mdktoidl::Root& root) override {
+    checks::Found found;
+    checks::CheckNames(root, found);
+    Keep(std::move(found).Sorted());
+  }
+  void Told(const mdktoidl::Diagnostic& diagnostic) override { Keep({diagnostic}); }
 
-bool IsRaised(const Lines& raised, const std::string& text) {
-  static const std::regex special(R"([.()?])");
-  // Messages about multiplicities name the element together with its construct word.
-  const char* name = text.starts_with("Error - {}") ? "[\\w: ]+" : "[\\w:]+";
-  const std::regex pattern(
-      support::Replaced(std::regex_replace(text, special, R"(\$&)"), "{}", name));
-  return std::any_of(raised.begin(), raised.end(), [&pattern](const std::string& line) {
-    return std::regex_match(line, pattern);
-  });
-}
+  std::vector<mdktoidl::Diagnostic> told;
+
+ private:
+  void Keep(const std::vector<mdktoidl::Diagnostic>& found) {
+    told.insert(told.end(), found.begin(), found.end());
+  }
+};
 
 Element& Typed(ExportBench& b, Element& m, const char* name, const char* mark,
                const support::Operand& type) {
@@ -196,38 +198,86 @@ void BuildComponents(ExportBench& b, Element& m) {
   twice(executor, impl, otherImpl, "CORBAManages");
 }
 
-void ExpectLeadToElements(const Element& artifact, const support::Exported& run) {
-  command::AgentMessages messages;
-  for (const std::string& piece : run.pieces) messages.Take(piece);
-  command::ElementFinder finder(artifact);
-  for (const auto& message : messages.All()) {
-    const command::MessageMeaning meaning = command::MeaningOf(message.text);
-    const Element& found = finder.Find(meaning);
-    EXPECT_NE(&found, &artifact) << message.text;
-    EXPECT_TRUE(meaning.name.ends_with(found.Text(Symbol("Name")))) << message.text;
-  }
+/// Names of every kind of fault, on top of each other.
+void BuildNames(ExportBench& b, Element& m) {
+  b.Struct(m, "");
+  b.Struct(m, "two words");
+  b.Struct(m, "struct");
+  b.Struct(m, "UNION");
+  b.Struct(m, "Same");
+  auto& same = b.Struct(m, "same");
+  b.Attribute(same, "SAME", "long");
+  b.Enum(m, "E", {"Same"});
+  auto& base = b.Interface(m, "Base");
+  b.Operation(base, "common");
+  b.Attribute(base, "hidden", "long");
+  auto& other = b.Interface(m, "Other");
+  b.Operation(other, "Common");
+  auto& heir = b.Interface(m, "Heir");
+  for (Element* general : {&base, &other}) b.Generalize(heir, *general);
+  b.Attribute(heir, "HIDDEN", "long");
+  auto& user = b.Interface(m, "User");
+  b.Generalize(user, base);
+  b.Attribute(user, "x", b.Struct(m, "Hidden"));
+  b.Attribute(b.Struct(m, "Holder"), "same", same);
+  auto& far = b.Exception(b.Module(b.Module(m, "N"), "Inner"), "Far");
+  b.Raises(b.Operation(other, "far"), far);
+}
+
+/// With a file for each module.
+void BuildFileNames(ExportBench& b, Element& m) {
+  b.Module(m, "a/b");
+  b.Module(m, "");
+  b.Module(m, ".");
+  b.Module(b.Module(m, "A"), "B");
+  b.Module(m, "A_B");
+  b.Module(m, "a_b");
 }
 
 constexpr void (*models[])(ExportBench&, Element&) = {
-    BuildTypeDefinitions, BuildUnions, BuildConstantsAndBounds,
-    BuildInterfaces,      BuildValues, BuildComponents};
+    BuildTypeDefinitions, BuildUnions, BuildConstantsAndBounds, BuildInterfaces, BuildValues,
+    BuildComponents,      BuildNames,  BuildFileNames};
 
-TEST(Messages, AreEachRaisedByAModel) {
-  Lines raised;
+/// Each of them takes a model, or a file system, of its own; other tests raise them.
+const std::set<Message> raisedElsewhere = {Message::settingMissing,
+                                           Message::moduleTooDeep,
+                                           Message::nameUnresolved,
+                                           Message::templateParameterWrong,
+                                           Message::templateParameterCircular,
+                                           Message::hostFailed,
+                                           Message::nothingToExport,
+                                           Message::fileNotOpened,
+                                           Message::nameDeclaredTwice,
+                                           Message::namesInheritedTooWidely};
+
+TEST(Messages, AreEachRaisedByAModelAndLeadToAnElement) {
+  std::set<Message> raised = raisedElsewhere;
   for (const auto build : models) {
-    ExportBench bench;
-    auto& module = bench.Module("M");
-    build(bench, module);
-    Element& artifact = bench.Artifact({&module});
-    const support::Exported run = bench.Run(&artifact);
-    raised.merge(LinesOf(run.Diagnostics()));
-    ExpectLeadToElements(artifact, run);
+    // A name of the main file that is not safe refuses the export, and shows the other faults anew.
+    using Settings = std::pair<const char*, const char*>;
+    for (const auto& [mapping, fileName] :
+         {Settings("MODULE_FLAT", "x"), Settings("MODULE_STRUCTURED", "../x")}) {
+      ExportBench bench;
+      auto& module = bench.Module("M");
+      build(bench, module);
+      Element& artifact =
+          bench.Artifact({&module}, {{"fileMapping", mapping}, {"fileName", fileName}});
+      Listener listener;
+      const support::MessageLog log;
+      mdktoidl::RunExport(&artifact, &listener);
+      for (const mdktoidl::Diagnostic& each : listener.told) {
+        raised.insert(each.message);
+        const std::string text = TextOf(each);
+        ASSERT_NE(each.element, nullptr) << text;
+        const std::string name = each.element->GetValue("Name", 0);
+        EXPECT_NE(text.find(name), std::string::npos) << text;
+        EXPECT_TRUE(each.element != &artifact || RuleOf(each.message) == "unsafe-name") << text;
+      }
+    }
   }
   for (std::size_t index = 0; index < static_cast<std::size_t>(Message::count); ++index) {
     const auto message = static_cast<Message>(index);
-    const bool isError = mdktoidl::SeverityOf(message) == mdktoidl::Severity::error;
-    const std::string text = (isError ? "Error - " : "Warning - ") + std::string(Text(message));
-    EXPECT_TRUE(IsRaised(raised, text)) << text;
+    EXPECT_TRUE(raised.contains(message)) << Text(message);
   }
 }
 

@@ -1,8 +1,6 @@
 #include "tree/classification.h"
 
-#include "agent/diagnostics.h"
 #include "tree/node_registry.h"
-#include "types/properties.h"
 
 namespace mdktoidl {
 
@@ -10,13 +8,13 @@ namespace {
 
 /// Attributes own nothing, and a signal stands in every interface that receives it.
 bool mayStandTwice(const std::string& metaclass) {
-  return metaclass == "Attribute" || metaclass == "Signal";
+  return metaclass == metaclasses::attribute || metaclass == metaclasses::signal;
 }
 
 bool Take(mdk::IMdeEntity* member, const Container& parent) {
   if (nodeRegistry.Take(member)) return true;
-  Report(Message::memberDeclaredAlready,
-         {parent.ScopedName("::"), member->GetValue(properties::name, 0)});
+  parent.Report(Message::memberDeclaredAlready,
+                {parent.ScopedName("::"), member->GetValue(properties::name, 0)});
   return false;
 }
 

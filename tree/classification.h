@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "tree/container.h"
-#include "types/marking.h"
+#include "types/elements.h"
 
 namespace mdktoidl {
 
@@ -31,9 +31,15 @@ std::unique_ptr<Node> Classify(const Classification& table, mdk::IMdeEntity* mem
                                Container* parent);
 
 /// Fits what carries a marking.
-template <const Marking& marking>
+template <const Stereotype& stereotype>
 bool Carries(mdk::IMdeEntity* member) {
-  return isMarked(member, marking);
+  return isMarked(member, stereotype);
+}
+
+/// Fits what has a stereotype applied.
+template <const Stereotype& stereotype>
+bool Has(mdk::IMdeEntity* member) {
+  return hasStereotype(member, stereotype);
 }
 
 inline bool isPublicConstant(mdk::IMdeEntity* member) {

@@ -1,18 +1,16 @@
 #include "tree/container.h"
 
 #include <algorithm>
+#include <iterator>
 #include <list>
 
-#include "output/layout.h"
 #include "tree/classification.h"
-#include "tree/node_registry.h"
 #include "types/elements.h"
-#include "types/properties.h"
 
 namespace mdktoidl {
 
 void Container::Adopt(std::unique_ptr<Node> child) {
-  child->lastSerial = nodeRegistry.LastSerial();
+  lastSerial = child->lastSerial;
   child->position = static_cast<std::uint32_t>(children.size());
   children.push_back(std::move(child));
 }
@@ -33,38 +31,88 @@ Node* Container::ChildEnclosing(const Node& node) const {
       std::upper_bound(children.begin(), children.end(), node.Serial(), startsBehind);
   if (behind == children.begin()) return nullptr;
   Node* child = std::prev(behind)->get();
-  return node.Serial() <= child->LastSerial() ? child : nullptr;
+  return child->Encloses(node) ? child : nullptr;
 }
 
 void Container::ObserveReferences(const Node&, const NodeList&) {}
 
 // The list is emptied for each child: what one leaves over can't become a dependency of the next,
 // and is not sorted again for each of its siblings.
-void Container::EvaluateChildren(NodeList& outside) {
+void Container::EvaluateChildren(NodeList& outside, DependencyGraph* graph) {
   NodeList deps;
+  if (graph != nullptr) graph->Reserve(children.size());
   for (const auto& child : children) {
     deps.clear();
     child->EvaluateTypes(deps);
+    if (graph != nullptr) graph->AddNode();
     if (deps.empty()) continue;
     ObserveReferences(*child, deps);
-    child->MoveLocalDeclarations(*this, deps);
-    JoinList(deps, outside);
+    MoveLocalDeclarations(*child, deps, graph);
+    outside.insert(outside.end(), deps.begin(), deps.end());
   }
   SortByCreation(outside);
 }
 
-void Container::UnparseBody(std::ofstream& out) const {
-  Write(out, {" {"});
+// A subtree is built without a break, so its serials are an interval: whether a container encloses
+// a node, and which of its children does, needs no walk through the tree.
+void Container::MoveLocalDeclarations(const Node& child, NodeList& deps,
+                                      DependencyGraph* graph) const {
+  SortByCreation(deps);
+  auto left = deps.begin();
+  const Node* moved = nullptr;
+  for (Node* dependency : deps) {
+    const Node* local = ChildEnclosing(*dependency);
+    if (local == nullptr) {
+      *left++ = dependency;
+    } else if (local != moved && (local != &child || dependency == &child)) {
+      if (graph != nullptr) graph->AddDependency(local->position);
+      moved = local;
+    }
+  }
+  deps.erase(left, deps.end());
+}
+
+void Container::UnparseBody(Writer& out) const {
+  out << " {";
   indent(out);
   UnparseMembers(out);
   redent(out);
-  Line line(out);
-  newline(line);
-  Write(line, {"};"});
+  newline(out);
+  out << "};";
 }
 
-void Container::UnparseMembers(std::ofstream& out) const {
+void Container::UnparseMembers(Writer& out) const {
   for (const auto& child : children) child->Unparse(out);
+}
+
+bool OrderedScope::declares(std::string_view name) const {
+  if (names == nullptr) {
+    names = std::make_unique<std::unordered_set<std::string_view>>();
+    for (const auto& child : children) names->insert(child->Name());
+  }
+  return names->contains(name);
+}
+
+void OrderedScope::EvaluateAndSort(NodeList& outside) {
+  DependencyGraph graph;
+  EvaluateChildren(outside, &graph);
+  const Ordering ordering = OrderByDependencies(graph);
+  sorted.reserve(children.size());
+  for (std::size_t position : ordering.order) sorted.push_back(children[position].get());
+  for (std::size_t position : ordering.cyclic) {
+    Node* node = children[position].get();
+    forwards.push_back(node);
+    if (node->Kind().forward == Forward::no) node->Report(Message::cannotBeForward);
+  }
+}
+
+void OrderedScope::UnparseForwards(Writer& out) const {
+  for (const Node* node : forwards) node->UnparseForward(out);
+}
+
+void OrderedScope::UnparseMembers(Writer& out) const {
+  UnparseForwards(out);
+  for (const Node* child : sorted) child->Unparse(out);
 }
 
 }  // namespace mdktoidl

@@ -2,8 +2,11 @@
 #pragma once
 
 #include <memory>
+#include <string_view>
+#include <unordered_set>
 #include <vector>
 
+#include "output/ordering.h"
 #include "tree/node.h"
 
 namespace mdktoidl {
@@ -26,20 +29,59 @@ class Container : public Node {
   /// Builds and takes over a child for every owned member that a table (classification.h) knows.
   void AdoptMembers(const std::vector<ClassificationRow>& table);
 
-  /// Evaluates every child and gives it its dependencies among its siblings; adds to `outside`
-  /// what the children refer to outside this container; the list is then sorted by creation.
-  void EvaluateChildren(NodeList& outside);
+  void ResolveTypes(NodeList& deps) override { EvaluateChildren(deps); }
 
-  /// Called for each child that refers to anything outside itself, with all of that, before its
+  /// Evaluates every child; adds to `outside` what the children depend on outside this container;
+  /// the list is then sorted by creation. Enters the dependencies among the children, by their
+  /// positions, into `graph`, unless that is null.
+  void EvaluateChildren(NodeList& outside, DependencyGraph* graph = nullptr);
+
+  /// Called for each child that depends on anything outside itself, with all of that, before its
   /// dependencies are taken out.
   virtual void ObserveReferences(const Node& child, const NodeList& references);
 
   /// Writes the members in braces.
-  void UnparseBody(std::ofstream& out) const;
+  void UnparseBody(Writer& out) const;
   /// Writes what stands between the braces: here the children in their order.
-  virtual void UnparseMembers(std::ofstream& out) const;
+  virtual void UnparseMembers(Writer& out) const;
 
   Children children;
+
+ private:
+  /// Takes out of `deps` what is declared inside this container, at any depth, and enters the
+  /// children that are or enclose it as dependencies of `child`, each once, in their order. `deps`
+  /// is left sorted by creation and without duplicates. A child that encloses both sides is not its
+  /// own dependency. Costs what sorting `deps` costs, however many children there are.
+  void MoveLocalDeclarations(const Node& child, NodeList& deps, DependencyGraph* graph) const;
+};
+
+/// A container that writes its declarations in the order in which they use each other.
+class OrderedScope : public Container {
+ public:
+  bool declares(std::string_view name) const override;
+
+ protected:
+  using Container::Container;
+
+  void ResolveTypes(NodeList& deps) override { EvaluateAndSort(deps); }
+
+  /// Evaluates the children, as above, orders them by their dependencies, and finds those that need
+  /// a forward declaration. Part of evaluation, so that the warning about a child that can't have
+  /// one is raised, once, before the messages are printed.
+  void EvaluateAndSort(NodeList& outside);
+
+  /// Writes the forward declarations.
+  void UnparseForwards(Writer& out) const;
+
+  /// Writes the forward declarations and the children in output order.
+  void UnparseMembers(Writer& out) const override;
+
+  NodeList forwards;  // children on a cycle of dependencies, by creation
+  NodeList sorted;    // all children in output order
+
+ private:
+  // The names of the children; made at the first question, null before.
+  mutable std::unique_ptr<std::unordered_set<std::string_view>> names;
 };
 
 }  // namespace mdktoidl

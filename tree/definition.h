@@ -1,7 +1,9 @@
 // The root of all declarations: a model element and the declaration that encloses it.
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "host/element.h"
 
@@ -17,27 +19,37 @@ class Definition {
   mdk::IMdeEntity* Entity() const { return entity; }
 
   /// The enclosing declaration; null at the top of the tree.
-  Definition* Scope() const { return scope; }
+  const Definition* Scope() const { return scope; }
+  /// The declaration in whose scope its name lies; null for the top. An enumeration makes no scope,
+  /// so its enumerators' names lie in that around it.
+  virtual const Definition* NameScope() const { return scope; }
 
   /// The element's name as the model has it; empty without an element.
-  std::string Name() const;
+  std::string_view Name() const { return {name, nameSize}; }
 
-  /// Sets `result` to the names from the outermost declaration to this one, joined.
-  void BuildScopedName(std::string& result, const std::string& separator) const;
-  std::string ScopedName(const std::string& separator) const;
+  /// The names from the outermost declaration to this one, joined.
+  std::string ScopedName(std::string_view separator) const;
 
   /// The "::" name of the enclosing declaration; empty at the top.
   std::string ScopeAsString() const;
+
+  /// Whether it is that one or stands inside it; everything is inside null, the top.
+  bool isInside(const Definition* around) const;
 
   /// Whether `other` can be named here by its simple name. Deliberately a comparison of texts: what
   /// stands in A::Bc counts as inside A::B.
   bool InCurrentScope(const Definition* other) const;
 
  protected:
-  explicit Definition(mdk::IMdeEntity* element) : entity(element) {}
+  Definition(mdk::IMdeEntity* element, const Definition* enclosing);
 
-  Definition* scope = nullptr;
+ private:
+  void BuildScopedName(std::string& result, std::string_view separator) const;
+
+  const Definition* scope;
   mdk::IMdeEntity* entity;
+  const char* name = nullptr;  // lies in memory of the run
+  std::uint32_t nameSize = 0;
 };
 
 }  // namespace mdktoidl

@@ -2,71 +2,58 @@
 
 #include <algorithm>
 
-#include "agent/diagnostics.h"
 #include "agent/idl_exception.h"
+#include "agent/message_output.h"
 #include "options/options.h"
 #include "output/file.h"
-#include "output/layout.h"
-#include "tree/artifact.h"
-#include "tree/boxed_value.h"
-#include "tree/classification.h"
-#include "tree/component.h"
-#include "tree/component_impl.h"
-#include "tree/constant.h"
-#include "tree/enumeration.h"
-#include "tree/exception.h"
-#include "tree/home.h"
-#include "tree/interface.h"
-#include "tree/root.h"
-#include "tree/segment.h"
-#include "tree/sequence.h"
-#include "tree/struct.h"
-#include "tree/typedef.h"
-#include "tree/union.h"
-#include "tree/value.h"
+#include "tree/components.h"
+#include "tree/data_types.h"
+#include "tree/homes.h"
+#include "tree/interfaces.h"
+#include "tree/node_registry.h"
+#include "tree/type_definitions.h"
+#include "tree/unions.h"
 #include "types/elements.h"
-#include "types/markings.h"
-#include "types/properties.h"
 
 namespace mdktoidl {
 
 namespace {
 
 const Classification moduleMembers = {
-    {"Attribute", {{isPublicConstant, Make<Constant>}}},
-    {"Class",
-     {{Carries<markings::corbaInterface>, Make<Interface>},
-      {Carries<markings::corbaStruct>, Make<Struct>},
-      {Carries<markings::corbaUnion>, Make<Union>},
-      {Carries<markings::corbaException>, Make<Exception>},
-      {Carries<markings::corbaTypedef>, Make<Typedef>},
-      {Carries<markings::corbaBoxedValue>, Make<BoxedValue>},
-      {Carries<markings::corbaSequence>, Make<Sequence>},
-      {Carries<markings::corbaComponent>, Make<Component>},
-      {Carries<markings::corbaComponentImpl>, Make<ComponentImpl>},
-      {Carries<markings::corbaSegment>, Make<Segment>},
-      {Carries<markings::corbaArtifact>, Make<Artifact>}}},
-    {"DataType",
-     {{Carries<markings::corbaEnum>, Make<Enumeration>},
-      {Carries<markings::corbaTypedef>, Make<Typedef>}}},
-    {"Interface",
-     {{Carries<markings::corbaInterface>, Make<Interface>},
-      {Carries<markings::corbaHome>, Make<Home>},
-      {Carries<markings::corbaEvent>, Make<Value>},
-      {Carries<markings::corbaValue>, Make<Value>},
-      {Carries<markings::corbaTypedef>, Make<Typedef>}}},
-    {"Package", {{Carries<markings::corbaModule>, Make<Module>}}},
-    {"Syntype",
-     {{Carries<markings::corbaTypedef>, Make<Typedef>},
-      {Carries<markings::corbaBoxedValue>, Make<BoxedValue>}}},
-    {"Signal", {}},
-    {"Artifact", {{Carries<markings::corbaArtifact>, Make<Artifact>}}},
+    {metaclasses::attribute, {{isPublicConstant, Make<Constant>}}},
+    {metaclasses::classifier,
+     {{Carries<stereotypes::corbaInterface>, Make<Interface>},
+      {Carries<stereotypes::corbaStruct>, Make<Struct>},
+      {Carries<stereotypes::corbaUnion>, Make<Union>},
+      {Carries<stereotypes::corbaException>, Make<Exception>},
+      {Carries<stereotypes::corbaTypedef>, Make<Typedef>},
+      {Carries<stereotypes::corbaBoxedValue>, Make<BoxedValue>},
+      {Carries<stereotypes::corbaSequence>, Make<Sequence>},
+      {Carries<stereotypes::corbaComponent>, Make<Component>},
+      {Carries<stereotypes::corbaComponentImpl>, Make<ComponentImpl>},
+      {Carries<stereotypes::corbaSegment>, Make<Segment>},
+      {Carries<stereotypes::corbaArtifact>, Make<Artifact>}}},
+    {metaclasses::dataType,
+     {{Carries<stereotypes::corbaEnum>, Make<Enumeration>},
+      {Carries<stereotypes::corbaTypedef>, Make<Typedef>}}},
+    {metaclasses::interface,
+     {{Carries<stereotypes::corbaInterface>, Make<Interface>},
+      {Carries<stereotypes::corbaHome>, Make<Home>},
+      {Carries<stereotypes::corbaEvent>, Make<Value>},
+      {Carries<stereotypes::corbaValue>, Make<Value>},
+      {Carries<stereotypes::corbaTypedef>, Make<Typedef>}}},
+    {metaclasses::package, {{Carries<stereotypes::corbaModule>, Make<Module>}}},
+    {metaclasses::syntype,
+     {{Carries<stereotypes::corbaTypedef>, Make<Typedef>},
+      {Carries<stereotypes::corbaBoxedValue>, Make<BoxedValue>}}},
+    {metaclasses::signal, {}},
+    {metaclasses::artifact, {{Carries<stereotypes::corbaArtifact>, Make<Artifact>}}},
 };
 
 /// Modules are the only declarations that nest without an end, and the tree is walked recursively.
 constexpr int deepest = 256;
 
-void WriteInclude(const std::string& fileName, std::ofstream& out) {
+void WriteInclude(std::string_view fileName, Writer& out) {
   newline(out);
   out << "#include \"" << fileName << '"';
 }
@@ -76,27 +63,69 @@ std::string FileName(const Node* fileNode) {
   return File::CreateFileName(options.FileName());
 }
 
+bool holdsOnlyModules(const Container::Children& children) {
+  return std::ranges::all_of(children, [](const auto& child) { return child->isModule(); });
+}
+
 }  // namespace
+
+Root* root = nullptr;
+
+bool Root::hasOwnFile() const {
+  return options.Mapping() == ONE_FILE || !holdsOnlyModules(children);
+}
+
+void Root::EvaluateTypes() {
+  NodeList deps;
+  OrderedScope::EvaluateTypes(deps);
+}
+
+void Root::MakeDirectories() const {
+  if (options.Mapping() != MODULE_STRUCTURED) return;
+  for (const Node* node : Nodes()) {
+    if (!node->isModule()) continue;
+    std::string directory = options.RootDir() + "/" + node->ScopedName("/");
+    File::CreateDir(directory);  // if it can't be made, opening the file will say so
+  }
+}
+
+void Root::Unparse(Writer& out) const {
+  const bool oneFile = options.Mapping() == ONE_FILE;
+  if (hasOwnFile()) {
+    newline(out);
+    UnparseForwards(out);
+    for (const Node* child : sorted) {
+      if (oneFile || !child->isModule()) UnparseNode(*child, out);
+    }
+  }
+  if (oneFile) return;
+  for (const Node* child : sorted) {
+    if (child->isModule()) child->Unparse(out);
+  }
+}
+
+void Root::UnparseNode(const Node& node, Writer& out) const {
+  // Users' scripts know the stray "3" for a declaration outside all modules; it is deliberate.
+  if (options.Mapping() != ONE_FILE) Print("3");
+  node.Unparse(out);
+}
 
 Module::Module(mdk::IMdeEntity* element, Container* parent)
     : OrderedScope(element, parent),
       depth(parent == nullptr ? 1 : static_cast<const Module*>(parent)->depth + 1) {
-  if (depth > deepest) throw IDLException("module " + Name() + " is nested too deeply");
+  if (depth > deepest) {
+    throw IDLException({Message::moduleTooDeep, element, {std::string(Name())}});
+  }
   CreateNodeRef();
   Init();
-  if (children.empty()) Report(Message::moduleIsEmpty, {ScopedName("::")});
+  if (children.empty()) Report(Message::moduleIsEmpty);
 }
 
 void Module::Init() { AdoptMembers(moduleMembers); }
 
-void Module::EvaluateTypes(NodeList& deps) {
-  NodeList outside;
-  EvaluateChildren(outside);
-  for (const auto& child : children) onlyModules = onlyModules && child->isModule();
-  JoinList(outside, deps);
-  external = std::move(outside);
-  NameFile();
-  Sort();
+void Module::ResolveTypes(NodeList& deps) {
+  EvaluateAndSort(external);
+  deps.insert(deps.end(), external.begin(), external.end());
 }
 
 void Module::ObserveReferences(const Node& child, const NodeList& references) {
@@ -108,60 +137,56 @@ void Module::ObserveReferences(const Node& child, const NodeList& references) {
   }
 }
 
-void Module::NameFile() {
-  if (options.Mapping() == MODULE_FLAT) {
-    fileName = File::CreateFileName(ScopedName("_"));
-  } else if (options.Mapping() == MODULE_STRUCTURED) {
-    const std::string path = ScopedName("/");
-    std::string directory = options.RootDir() + "/" + path;
-    File::CreateDir(directory);
-    fileName = path + "/" + File::CreateFileName(Name());
+std::string Module::ScopedFileName() const {
+  switch (options.Mapping()) {
+    case MODULE_FLAT:
+      return File::CreateFileName(ScopedName("_"));
+    case MODULE_STRUCTURED:
+      return ScopedName("/") + "/" + File::CreateFileName(std::string(Name()));
+    default:
+      return "";
   }
 }
 
 const Node* Module::GetFileNode(const Node* node) {
-  for (const Definition* each = node->Scope(); each != nullptr; each = each->Scope()) {
-    const Node* enclosing = static_cast<const Node*>(each);
-    if (enclosing->isModule()) return enclosing;
+  for (const Node* each = node->Enclosing(); each != nullptr; each = each->Enclosing()) {
+    if (each->isModule()) return each;
   }
   return root;
 }
 
-void Module::Unparse(std::ofstream& out) {
-  if (options.Mapping() == ONE_FILE) {
-    UnparseBlock(out);
-    return;
-  }
+void Module::Unparse(Writer& out) const {
+  if (options.Mapping() == ONE_FILE) return UnparseBlock(out);
   File::Close(out);
   if (!File::Open(ScopedFileName(), out)) return;
   UnparsePackageRelationships(out);
-  if (!onlyModules) {
+  if (!holdsOnlyModules(children)) {
     UnparseModuleScope(out);
     UnparseBlock(out);
     UnparseModuleScopeEnd(out);
   }
-  for (Node* child : sorted) {
+  for (const Node* child : sorted) {
     if (child->isModule()) child->Unparse(out);
   }
 }
 
-void Module::UnparseBlock(std::ofstream& out) const {
+void Module::UnparseBlock(Writer& out) const {
   UnparseHeading(out);
   out << "module " << Name();
   UnparseBody(out);
 }
 
-void Module::UnparseMembers(std::ofstream& out) const {
+void Module::UnparseMembers(Writer& out) const {
   const bool oneFile = options.Mapping() == ONE_FILE;
   UnparseForwards(out);
-  for (Node* child : sorted) {
+  for (const Node* child : sorted) {
     if (oneFile || !child->isModule()) child->Unparse(out);
   }
 }
 
 // The innermost enclosing module is opened first, so three levels come out in the wrong order; that
 // is deliberate, files in use are written so.
-void Module::UnparseModuleScope(std::ofstream& out) const {
+void Module::UnparseModuleScope(Writer& out) const {
   newline(out);
   for (const Definition* each = Scope(); each != nullptr; each = each->Scope()) {
     newline(out);
@@ -170,7 +195,7 @@ void Module::UnparseModuleScope(std::ofstream& out) const {
   }
 }
 
-void Module::UnparseModuleScopeEnd(std::ofstream& out) const {
+void Module::UnparseModuleScopeEnd(Writer& out) const {
   for (const Definition* each = Scope(); each != nullptr; each = each->Scope()) {
     redent(out);
     newline(out);
@@ -178,29 +203,40 @@ void Module::UnparseModuleScopeEnd(std::ofstream& out) const {
   }
 }
 
-void Module::UnparsePackageRelationships(std::ofstream& out) const {
+void Module::UnparsePackageRelationships(Writer& out) const {
   NodeList used = external;
-  JoinList(nested, used);
+  used.insert(used.end(), nested.begin(), nested.end());
   SortByCreation(used);
   std::vector<const Node*> files;
   for (const Node* node : used) files.push_back(GetFileNode(node));
-  const auto earlier = [](const Node* left, const Node* right) {
-    return left->Serial() < right->Serial();
-  };
-  std::sort(files.begin(), files.end(), earlier);
+  std::ranges::sort(files, {}, &Node::Serial);
   files.erase(std::unique(files.begin(), files.end()), files.end());
   for (const Node* file : files) WriteInclude(FileName(file), out);
   // A file that is imported, too, stands here once more for each import. That is deliberate: every
   // file guards itself against being included twice.
   for (mdk::IMdeEntity* dependency : Elements(Entity(), properties::clientDependency)) {
-    if (!dependency->HasStereotype("access", 0) && !dependency->HasStereotype("import", 0))
+    if (!hasStereotype(dependency, stereotypes::access) &&
+        !hasStereotype(dependency, stereotypes::import)) {
       continue;
+    }
     mdk::IMdeEntity* supplier = dependency->GetEntity(properties::supplier, 0);
-    if (supplier == nullptr || !supplier->HasStereotype("CORBA", 0)) continue;
+    if (supplier == nullptr || !hasStereotype(supplier, stereotypes::corba)) continue;
     const Node* node = GetNodeRef(supplier);
     if (node == nullptr) continue;  // not part of this export, so it has no file to include
     WriteInclude(FileName(node->isModule() ? node : GetFileNode(node)), out);
   }
 }
+
+std::string Include::ExtractFile() const {
+  mdk::IMdeEntity* value = Entity()->EvalExpression(tags::file.Expression(), 0);
+  if (value == nullptr) {
+    throw IDLException({Message::settingMissing, Entity(), {tags::file.Name() + "."}});
+  }
+  return value->GetValue(properties::valueString, 0);
+}
+
+void Include::ResolveTypes(NodeList&) { fileName = ExtractFile(); }
+
+void Include::Unparse(Writer& out) const { WriteInclude(fileName, out); }
 
 }  // namespace mdktoidl

@@ -6,35 +6,27 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <fstream>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "agent/messages.h"
+#include "output/layout.h"
+#include "tree/construct.h"
 #include "tree/definition.h"
-#include "tree/rare_text.h"
-#include "types/type_kind.h"
+#include "tree/use.h"
+#include "tree/written_type.h"
 #include "types/type_reference.h"
 
 namespace mdktoidl {
 
 class Container;
 class Enumeration;
-class Node;
 
 /// Borrowed nodes. Kept sorted by creation where a list serves as a set.
 using NodeList = std::vector<Node*>;
-
-/// What a construct says about its type, by what is wrong with it.
-struct TypeComplaints {
-  std::string_view word;                ///< the construct word
-  std::optional<Message> boundUnknown;  ///< nothing when another construct says so
-  Message typeUnknown;
-  std::optional<Message> typeAnonymous;  ///< nothing where templates are welcome
-  Message typeNotExported;
-};
 
 /// What a declaration is merely another name of.
 struct Alias {
@@ -48,29 +40,22 @@ class Node : public Definition {
   static void* operator new(std::size_t size);
   static void operator delete(void*) {}
 
-  /// Resolves the types that this declaration uses, checks its rules, and appends to `deps` every
-  /// node outside it that it refers to.
-  virtual void EvaluateTypes(NodeList& deps) = 0;
+  /// Resolves the types that this declaration uses, checks its rules, enters what it uses, and
+  /// appends to `deps` every node outside it that it or anything inside it depends on.
+  void EvaluateTypes(NodeList& deps);
 
   /// Writes the declaration.
-  virtual void Unparse(std::ofstream& out) = 0;
-
-  /// Appends `from` to `to`.
-  static void JoinList(const NodeList& from, NodeList& to);
-
-  /// Takes out of `deps` what is declared inside `locals`, at any depth, and appends to `out` the
-  /// children of `locals` that are or enclose it, each once, in their order. `deps` is left sorted
-  /// by creation and without duplicates. A child that encloses this node and what it refers to is
-  /// not its own dependency. Costs what sorting `deps` costs, however many children there are.
-  void MoveLocalDeclarations(const Container& locals, NodeList& deps, NodeList& out) const;
-
-  /// The same with this node's own dependencies as `out`.
-  void MoveLocalDeclarations(const Container& locals, NodeList& deps);
-
-  /// Whether IDL has a forward declaration for this construct.
-  virtual bool hasForward() const { return false; }
+  virtual void Unparse(Writer& out) const = 0;
   /// Writes the forward declaration; nothing for a construct that has none.
-  virtual void UnparseForward(std::ofstream& out) const;
+  virtual void UnparseForward(Writer& out) const;
+
+  /// The facts about its construct.
+  virtual const Construct& Kind() const = 0;
+  /// Whether it is part of the IDL, as far as that is known. What is not is told of nevertheless,
+  /// and may be used by others.
+  virtual bool isDeclared() const { return true; }
+  /// The name that is written for it, nearly always the model's.
+  virtual std::string_view WrittenName() const { return Name(); }
 
   /// Whether this is a constant, which may bound a sequence.
   virtual bool declaresConstant() const { return false; }
@@ -81,26 +66,31 @@ class Node : public Definition {
   virtual void RememberAlias(const Alias&) const {}
   /// The enumeration that this is; null for anything else.
   virtual const Enumeration* AsEnumeration() const { return nullptr; }
-  /// Whether this is a scope in which a declaration of that name stands, which hides declarations
-  /// of the same name around it.
-  virtual bool declares(const std::string& name) const;
+  virtual bool isEnumerator() const { return false; }
   /// Whether this is a module; it may have a file of its own.
   virtual bool isModule() const { return false; }
+  /// Whether this is a scope that orders its declarations, and one of that name stands in it, which
+  /// hides declarations of the same name around it.
+  virtual bool declares(std::string_view name) const;
+
+  /// Reports for this declaration. The only piece is its scoped name, unless others are given.
+  void Report(Message message) const;
+  void Report(Message message, std::initializer_list<std::string_view> pieces) const;
 
   /// The node that was built in this run for `element`; null when there is none, and for null.
   static Node* GetNodeRef(mdk::IMdeEntity* element);
 
-  /// The name of a declaration as it is written here: simple in scope, else the "::" name.
-  std::string NameHere(const Node& other) const;
-
-  /// The siblings that must be declared before this one. Filled by its container.
-  const NodeList& Dependencies() const { return dependencies; }
-  /// The place in the order of creation. A container's nodes have places behind its own, up to its
-  /// `LastSerial`.
+  /// The declaration around it; null at the top of the tree.
+  const Node* Enclosing() const { return static_cast<const Node*>(Scope()); }
+  /// What it uses by name. Empty until it is evaluated.
+  const Uses& Used() const { return uses; }
+  /// The place in the order of creation, from 0. What is inside it has places behind its own, up to
+  /// its `LastSerial`.
   std::uint32_t Serial() const { return serial; }
   std::uint32_t LastSerial() const { return lastSerial; }
-  /// The place among its siblings, from 0.
-  std::uint32_t Position() const { return position; }
+  bool Encloses(const Node& other) const {
+    return serial <= other.serial && other.serial <= lastSerial;
+  }
 
  protected:
   /// A node inside `parent`, or at the top of the tree when that is null.
@@ -109,39 +99,46 @@ class Node : public Definition {
   /// Lets `GetNodeRef` find this node by its element.
   void CreateNodeRef();
 
-  /// Resolves the type of `typed` as the type of this declaration.
-  void ResolveType(mdk::IMdeEntity* typed, const TypeComplaints& complaints, NodeList& deps);
-  /// Makes a type that has been looked up the type of this declaration.
-  void UseType(TypeReference&& reference, const TypeComplaints& complaints, NodeList& deps);
+  /// Resolves the types that this declaration and all inside it use, checks their rules and enters
+  /// their uses. Appends to `deps` what those inside depend on outside it.
+  virtual void ResolveTypes(NodeList& deps) = 0;
 
-  /// The type as it is written here.
-  std::string_view TypeText() const { return auxText.empty() ? typeName : auxText.Text(); }
-  /// What is written behind the declared name; "[2][3]" for an array.
-  std::string_view DeclaratorSuffix() const { return elementName.Text(); }
+  /// Resolves the type of `typed` as a type of this declaration. `role` is that of a definition
+  /// without templates.
+  void ResolveType(mdk::IMdeEntity* typed, const TypeDiagnostics& diagnostics, WrittenType& type,
+                   UseRole role = UseRole::type);
 
-  void UnparseComment(mdk::IMdeEntity* element, std::ofstream& out) const;
+  // The steps of that, for types that are told of by two or looked up otherwise.
+  void LookUpType(mdk::IMdeEntity* typed, std::string_view word, TypeReference& reference) const;
+  void ReportMultiplicity(const Multiplicity& multiplicity, std::string_view word) const;
+  void ReportArray(const TypeReference& reference, std::string_view word) const;
+  void ReportType(const TypeReference& reference, const TypeDiagnostics& diagnostics) const;
+  void UseType(TypeReference&& reference, WrittenType& type, UseRole role = UseRole::type);
+
+  /// Enters a name that it writes.
+  Use& AddUse(Node& used, UseRole role, Spelling spelling);
+  /// The same, spelled simply in scope, else by the "::" name.
+  Use& AddUse(Node& used, UseRole role) { return AddUse(used, role, SpellingOf(used)); }
+  Spelling SpellingOf(const Node& other) const;
+  /// Sets the simple name of a use, where the model has another than what is used.
+  static void Rename(Use& use, std::string_view name);
+
   /// What comes before a declaration with a body: an empty line and the comment; the declaration's
   /// own line is begun.
-  void UnparseHeading(std::ofstream& out) const;
+  void UnparseHeading(Writer& out) const;
+  void UnparseComment(mdk::IMdeEntity* element, Writer& out) const;
 
-  std::string typeName;  // the type's text, simple names for plain definitions
-  Node* type = nullptr;  // the declaration that the type names, the last one inside a template
-  RareText elementName;  // the declarator suffix
-  RareText auxText;      // the "::" name of a type outside the current scope
-  NodeList dependencies;
-  TypeKind typeKind = unknownType;
-  TypeKind elementKind = unknownType;
+  Uses uses;
 
  private:
   friend class Container;
 
-  void ResolveBounds(const TypeReference& reference, std::optional<Message> unknown,
-                     NodeList& deps);
-  void ResolveDefinition(const TypeReference& reference, Message notExported, NodeList& deps);
+  Spelling SpellingInTemplate(const Node& other) const;
+  bool isHiddenHere(const Node& other) const;
 
   std::uint32_t serial;
   std::uint32_t lastSerial;
-  std::uint32_t position = 0;
+  std::uint32_t position = 0;  // among its siblings
 };
 
 /// Sorts by creation and removes duplicates.

@@ -3,7 +3,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "types/properties.h"
+#include "agent/vocabulary.h"
 #include "types/text.h"
 
 namespace mdktoidl {
@@ -21,8 +21,9 @@ struct Step {
 Step Look(mdk::IMdeEntity* constant) {
   mdk::IMdeEntity* expression = constant->GetEntity(properties::defaultValue, 0);
   if (expression == nullptr) return {};
-  if (expression->IsKindOf("Ident")) return {{}, expression->GetEntity(properties::definition, 0)};
-  if (!expression->IsKindOf("IntegerValue")) return {};
+  if (expression->IsKindOf(metaclasses::ident))
+    return {{}, expression->GetEntity(properties::definition, 0)};
+  if (!expression->IsKindOf(metaclasses::integerValue)) return {};
   const auto value = IntegerLiteral(expression->GetValue(properties::valueString, 0));
   if (!value) return {};
   return {{ConstantState::integer, *value}, nullptr};

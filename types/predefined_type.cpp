@@ -3,7 +3,7 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "types/properties.h"
+#include "agent/vocabulary.h"
 
 namespace mdktoidl {
 

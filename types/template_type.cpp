@@ -5,33 +5,27 @@
 #include <unordered_set>
 
 #include "agent/idl_exception.h"
+#include "agent/vocabulary.h"
 #include "types/constant_value.h"
-#include "types/properties.h"
 #include "types/text.h"
 
 namespace mdktoidl {
 
 namespace {
 
-/// Appends "," and a bound, if there is one, and the closing bracket.
-void CloseBracket(std::string& text, const std::string& bound) {
-  if (!bound.empty()) text.append(", ").append(bound);
-  if (text.ends_with('>')) text += ' ';
-  text += '>';
-}
-
 /// Whether a value stands where a type should.
 bool isValue(mdk::IMdeEntity* element) {
   const std::string metaclass = element->GetMetaclass();
-  return metaclass.ends_with("Value") || metaclass == "OpaqueExpression";
+  return metaclass.ends_with("Value") || metaclass == metaclasses::opaqueExpression;
 }
 
 /// One template instantiation, its parameters not yet looked at.
 struct Instantiation {
+  mdk::IMdeEntity* element;
   std::string name;
   std::vector<mdk::IMdeEntity*> parameters;
 
-  explicit Instantiation(mdk::IMdeEntity* element) {
+  explicit Instantiation(mdk::IMdeEntity* instantiation) : element(instantiation) {
     mdk::IMdeEntity* instantiated = element->GetEntity(properties::instanceOf, 0);
     if (instantiated != nullptr) name = instantiated->GetValue(properties::name, 0);
     std::list<mdk::IMdeEntity*> actuals;
@@ -46,7 +40,7 @@ struct Instantiation {
   }
 
   [[noreturn]] void Refuse() const {
-    throw IDLException("A parameter of " + name + " template has incorrect type");
+    throw IDLException({Message::templateParameterWrong, element, {name}});
   }
 
   void RequireCount(std::size_t least, std::size_t most) const {
@@ -58,21 +52,21 @@ struct Instantiation {
   std::string Number(std::size_t index, long least) const {
     mdk::IMdeEntity* parameter = parameters[index];
     if (parameter == nullptr) Refuse();
-    if (parameter->IsKindOf("Ident")) return std::to_string(Constant(parameter, least));
+    if (parameter->IsKindOf(metaclasses::ident)) return std::to_string(Constant(parameter, least));
     std::string text = parameter->GetValue(properties::valueString, 0);
     const auto value = IntegerLiteral(text);
-    if (!parameter->IsKindOf("IntegerValue") || !value || *value < least) Refuse();
+    if (!parameter->IsKindOf(metaclasses::integerValue) || !value || *value < least) Refuse();
     return text;
   }
 
  private:
   long Constant(mdk::IMdeEntity* identifier, long least) const {
     mdk::IMdeEntity* constant = identifier->GetEntity(properties::definition, 0);
-    if (constant == nullptr) throw IDLException("Failed to interpret ident correctly");
+    if (constant == nullptr) throw IDLException({Message::nameUnresolved, element, {}});
     VisitedConstants visited;
     const ConstantValue value = EvaluateConstant(constant, visited);
     if (value.state == ConstantState::circular) {
-      throw IDLException("Circular references between constant values are not allowed");
+      throw IDLException({Message::templateParameterCircular, element, {}});
     }
     if (value.state != ConstantState::integer || value.value < least) Refuse();
     return value.value;
@@ -83,14 +77,22 @@ struct Instantiation {
 /// list, not recursively, because a model's references may nest them to any depth.
 class TemplateChain {
  public:
-  explicit TemplateChain(const TypeUser& user) : user_(user) {}
+  explicit TemplateChain(mdk::IMdeEntity* user) : user_(user) {}
 
-  void Build(mdk::IMdeEntity* outermost, TypeReference& result) {
+  void Resolve(mdk::IMdeEntity* outermost, TypeReference& result) {
     mdk::IMdeEntity* element = Enter(outermost);
-    while (element != nullptr && element->GetMetaclass() == "TemplateInstantiation") {
+    while (element != nullptr && element->GetMetaclass() == metaclasses::templateInstantiation) {
       element = Enter(element);
     }
-    if (levels_.front().isKnown()) Write(element, result);
+    if (!levels_.front().isKnown()) return;
+    ResolveCore(element, result);
+    for (const Instantiation& level : levels_) Open(level, result);
+    auto sequence = result.sequences.rbegin();
+    for (auto level = levels_.rbegin(); level != levels_.rend(); ++level) {
+      if (level->name == "sequence") (sequence++)->bound = SequenceBound(*level);
+    }
+    result.kind = templateType;
+    result.isAnonymous = true;
   }
 
  private:
@@ -110,29 +112,16 @@ class TemplateChain {
     return entered.parameters.front();
   }
 
-  void Write(mdk::IMdeEntity* element, TypeReference& result) {
-    TypeReference innermost;
-    const std::string core = Core(element, innermost);
-    for (const Instantiation& level : levels_) Open(level, result);
-    result.text += core;
-    for (auto level = levels_.rbegin(); level != levels_.rend(); ++level) Close(*level, result);
-    result.kind = templateType;
-    result.elementKind = levels_.size() > 1 ? templateType : innermost.kind;
-    result.definition = innermost.definition;
-    result.isAnonymous = true;
-  }
-
-  /// The text inside all sequences and arrays.
-  std::string Core(mdk::IMdeEntity* element, TypeReference& innermost) {
+  /// What is inside all sequences and arrays.
+  void ResolveCore(mdk::IMdeEntity* element, TypeReference& result) const {
     const Instantiation& level = levels_.back();
     if (element == nullptr) {
-      innermost.kind = primitiveType;
-      return Bounded(level);
+      result.bounded = Bounded(level);
+      return;
     }
     if (isValue(element)) level.Refuse();
-    mdk::IMdeEntity* found = EvaluatePlainType(element, innermost);
-    if (found->IsKindOf("Attribute")) level.Refuse();
-    return innermost.kind == primitiveType ? innermost.text : user_.Spell(found);
+    mdk::IMdeEntity* found = EvaluatePlainType(element, user_, result);
+    if (found->IsKindOf(metaclasses::attribute)) level.Refuse();
   }
 
   static std::string Bounded(const Instantiation& level) {
@@ -147,7 +136,7 @@ class TemplateChain {
   static void Open(const Instantiation& level, TypeReference& result) {
     if (level.name == "sequence") {
       level.RequireCount(1, 2);
-      result.text += "sequence<";
+      result.sequences.emplace_back();
     } else if (level.name == "array") {
       level.RequireCount(2, level.parameters.size());
       for (std::size_t index = 1; index < level.parameters.size(); ++index) {
@@ -156,27 +145,20 @@ class TemplateChain {
     }
   }
 
-  static void Close(const Instantiation& level, TypeReference& result) {
-    if (level.name != "sequence") return;
-    CloseBracket(result.text, level.parameters.size() > 1 ? level.Number(1, 1) : "");
+  static std::string SequenceBound(const Instantiation& level) {
+    return level.parameters.size() > 1 ? level.Number(1, 1) : std::string();
   }
 
-  const TypeUser& user_;
+  mdk::IMdeEntity* user_;
   std::vector<Instantiation> levels_;
   std::unordered_set<mdk::IMdeEntity*> entered_;
 };
 
 }  // namespace
 
-std::string SequenceText(std::string_view arguments) {
-  std::string text = "sequence<";
-  text += arguments;
-  CloseBracket(text, "");
-  return text;
-}
-
-void RetrieveTemplate(mdk::IMdeEntity* instantiation, const TypeUser& user, TypeReference& result) {
-  TemplateChain(user).Build(instantiation, result);
+void RetrieveTemplate(mdk::IMdeEntity* instantiation, mdk::IMdeEntity* user,
+                      TypeReference& result) {
+  TemplateChain(user).Resolve(instantiation, result);
 }
 
 }  // namespace mdktoidl

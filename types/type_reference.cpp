@@ -1,13 +1,10 @@
 #include "types/type_reference.h"
 
-#include <string_view>
 #include <utility>
 
-#include "agent/diagnostics.h"
 #include "agent/idl_exception.h"
-#include "types/multiplicity.h"
+#include "agent/vocabulary.h"
 #include "types/predefined_type.h"
-#include "types/properties.h"
 #include "types/template_type.h"
 
 namespace mdktoidl {
@@ -15,14 +12,14 @@ namespace mdktoidl {
 namespace {
 
 void SetPredefined(std::string_view text, TypeReference& result) {
-  result.kind = result.elementKind = primitiveType;
-  result.text = text;
+  result.kind = primitiveType;
+  result.predefined = text;
 }
 
 void SetDefinition(mdk::IMdeEntity* named, TypeKind kind, std::string&& name,
                    TypeReference& result) {
-  result.kind = result.elementKind = kind;
-  result.text = std::move(name);
+  result.kind = kind;
+  result.name = std::move(name);
   result.definition = named;
 }
 
@@ -40,59 +37,49 @@ mdk::IMdeEntity* EvaluateIdentifier(mdk::IMdeEntity* element, TypeReference& res
   return found;
 }
 
-/// Wraps the type in a sequence. The kind stays: what a multiplicity does to a constant or a
-/// typedef is for those to say.
-void WrapInSequence(const std::string& multiplicity, bool bounded, const TypeUser& user,
-                    TypeReference& result) {
-  if (!result.declaratorSuffix.empty()) {
-    Report(Message::multiplicityOfArray, {user.Describe()});
-    return;
-  }
-  const bool isName = !result.isAnonymous && result.definition != nullptr;
-  std::string element = isName ? user.Spell(result.definition) : result.text;
-  if (bounded) element += ", " + multiplicity;
-  result.text = SequenceText(element);
+/// The kind stays: what a multiplicity does to a constant or a typedef is for those to say. An
+/// array is left as it is: IDL has no sequence of arrays without a name.
+void WrapInSequence(TypeReference& result) {
+  if (!result.multiplicity.isCollection || !result.declaratorSuffix.empty()) return;
+  result.sequences.insert(result.sequences.begin(), {result.multiplicity.bound});
   result.isAnonymous = true;
 }
 
 }  // namespace
 
-mdk::IMdeEntity* GetType(mdk::IMdeEntity* element, const TypeUser& user, TypeReference& result) {
-  bool bounded = false;
-  const std::string multiplicity = GetMultiplicity(element, user, bounded, result.bounds);
+mdk::IMdeEntity* GetType(mdk::IMdeEntity* element, TypeReference& result) {
   mdk::IMdeEntity* target = element->GetTarget(properties::type, 0);
   if (target == nullptr) return nullptr;
-  mdk::IMdeEntity* found = target->GetMetaclass() == "Ident"
+  mdk::IMdeEntity* found = target->GetMetaclass() == metaclasses::ident
                                ? EvaluateIdentifier(element, result)
-                               : EvaluateBaseType2(target, user, result);
-  if (found != nullptr && !multiplicity.empty()) {
-    WrapInSequence(multiplicity, bounded, user, result);
-  }
+                               : EvaluateBaseType2(target, element, result);
+  if (found != nullptr) WrapInSequence(result);
   return found;
 }
 
-mdk::IMdeEntity* EvaluateBaseType2(mdk::IMdeEntity* expression, const TypeUser& user,
+mdk::IMdeEntity* EvaluateBaseType2(mdk::IMdeEntity* expression, mdk::IMdeEntity* user,
                                    TypeReference& result) {
-  if (expression->GetMetaclass() != "TemplateInstantiation") {
-    return EvaluatePlainType(expression, result);
+  if (expression->GetMetaclass() != metaclasses::templateInstantiation) {
+    return EvaluatePlainType(expression, user, result);
   }
   RetrieveTemplate(expression, user, result);
   return expression;
 }
 
-mdk::IMdeEntity* EvaluatePlainType(mdk::IMdeEntity* expression, TypeReference& result) {
+mdk::IMdeEntity* EvaluatePlainType(mdk::IMdeEntity* expression, mdk::IMdeEntity* user,
+                                   TypeReference& result) {
   std::string name = expression->GetValue(properties::name, 0);
   const std::string_view predefined = PredefinedType(name);
   if (!predefined.empty()) {
     SetPredefined(predefined, result);
     return expression;
   }
-  if (expression->GetMetaclass() != "Ident") {
+  if (expression->GetMetaclass() != metaclasses::ident) {
     SetDefinition(expression, definition, std::move(name), result);
     return expression;
   }
   mdk::IMdeEntity* found = expression->GetEntity(properties::definition, 0);
-  if (found == nullptr) throw IDLException("Failed to interpret ident correctly");
+  if (found == nullptr) throw IDLException({Message::nameUnresolved, user, {}});
   SetDefinition(found, identifiedDefinition, std::move(name), result);
   return found;
 }

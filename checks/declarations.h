@@ -1,0 +1,67 @@
+// What the checks share: a way through the tree's declarations, and the list of what is found.
+#pragma once
+
+#include <cstdint>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "agent/diagnostics.h"
+#include "tree/module.h"
+
+namespace checks {
+
+using mdktoidl::Message;
+using mdktoidl::Node;
+using mdktoidl::Root;
+
+/// Calls `visit` with each declaration directly inside a node of the tree.
+template <typename Visit>
+void ForEachChild(const Root& root, const Node& parent, Visit visit) {
+  const std::vector<Node*>& nodes = root.Nodes();
+  for (std::uint32_t at = parent.Serial() + 1; at <= parent.LastSerial();) {
+    const Node& child = *nodes[at];
+    if (child.isDeclared()) visit(child);
+    at = child.LastSerial() + 1;
+  }
+}
+
+/// Calls `visit` with each declaration whose name lies in the scope that a node makes: those
+/// directly inside it, and the enumerators of these.
+template <typename Visit>
+void ForEachNameIn(const Root& root, const Node& scope, Visit visit) {
+  ForEachChild(root, scope, [&](const Node& member) {
+    visit(member);
+    if (member.AsEnumeration() != nullptr) ForEachChild(root, member, visit);
+  });
+}
+
+/// The names that are written from the outermost declaration to this one, joined.
+std::string WrittenScopedName(const Node& node, std::string_view separator = "::");
+
+/// "struct Accounts::Entry", on one line.
+std::string Describe(const Node& node);
+
+/// The declaration at the top that one is or stands in.
+const Node& Outermost(const Node& node);
+
+/// What was found, by declaration.
+class Found {
+ public:
+  void Report(const Node& node, Message message, std::initializer_list<std::string_view> pieces) {
+    found_.emplace_back(node.Serial(), mdktoidl::Diagnostic{
+                                           message, node.Entity(), {pieces.begin(), pieces.end()}});
+  }
+
+  bool HasErrors() const;
+
+  /// In the order of the declarations, those about the artifact first.
+  std::vector<mdktoidl::Diagnostic> Sorted() &&;
+
+ private:
+  std::vector<std::pair<std::uint32_t, mdktoidl::Diagnostic>> found_;
+};
+
+}  // namespace checks

@@ -1,0 +1,15 @@
+// Whether the names of modules and of the artifact make up good paths for files: below the output
+// directory, and each file's own.
+#pragma once
+
+#include <string>
+
+#include "checks/declarations.h"
+
+namespace checks {
+
+/// Of a tree that is built. `artifactName` is what the artifact is called in messages. False when
+/// files can't be written by these names.
+bool CheckFileNames(const Root& root, const std::string& artifactName, Found& found);
+
+}  // namespace checks

@@ -1,0 +1,172 @@
+#include "tree/data_types.h"
+
+#include "agent/idl_exception.h"
+#include "tree/node_registry.h"
+#include "tree/type_definitions.h"
+#include "types/constant_value.h"
+#include "types/elements.h"
+
+namespace mdktoidl {
+
+Struct::Struct(mdk::IMdeEntity* element, Container* parent) : Container(element, parent) {
+  CreateNodeRef();
+  const std::list<mdk::IMdeEntity*> members = Elements(element, properties::ownedMember);
+  if (members.empty()) Report(Message::structHasNoMembers);
+  children.reserve(members.size());
+  for (mdk::IMdeEntity* member : members) {
+    if (!member->IsKindOf(metaclasses::attribute) || !isPublic(member)) continue;
+    if (isConstant(member)) Report(Message::structHasConstant);
+    Adopt(std::make_unique<Field>(member, this));
+  }
+}
+
+void Struct::Unparse(Writer& out) const {
+  UnparseHeading(out);
+  out << "struct " << Name();
+  UnparseBody(out);
+}
+
+void Struct::UnparseForward(Writer& out) const {
+  newline(out);
+  out << "struct " << Name() << ';';
+}
+
+Exception::Exception(mdk::IMdeEntity* element, Container* parent) : Container(element, parent) {
+  CreateNodeRef();
+  for (mdk::IMdeEntity* member : OwnedAttributes(element)) {
+    if (isPublic(member)) Adopt(std::make_unique<Field>(member, this));
+  }
+}
+
+void Exception::Unparse(Writer& out) const {
+  UnparseHeading(out);
+  out << "exception " << Name();
+  UnparseBody(out);
+}
+
+void Field::Unparse(Writer& out) const {
+  UnparseComment(Entity(), out);
+  newline(out);
+  out << type << ' ' << Name() << type.DeclaratorSuffix() << ';';
+}
+
+Enumeration::Enumeration(mdk::IMdeEntity* element, Container* parent) : Container(element, parent) {
+  CreateNodeRef();
+  const std::list<mdk::IMdeEntity*> literals = Elements(element, properties::literal);
+  children.reserve(literals.size());
+  for (mdk::IMdeEntity* literal : literals) Adopt(std::make_unique<Enumerator>(literal, this));
+}
+
+void Enumeration::IndexLiterals() const {
+  if (byElement.size() != 0) return;
+  for (const auto& child : children) {
+    auto* literal = static_cast<Enumerator*>(child.get());
+    byName.try_emplace(literal->Name(), literal);
+    byElement.try_emplace(literal->Entity(), literal);
+  }
+}
+
+Enumerator* Enumeration::FindLiteral(std::string_view name) const {
+  IndexLiterals();
+  const auto found = byName.find(name);
+  return found == byName.end() ? nullptr : found->second;
+}
+
+Enumerator* Enumeration::FindLiteral(const mdk::IMdeEntity* element) const {
+  IndexLiterals();
+  const auto found = byElement.find(element);
+  return found == byElement.end() ? nullptr : found->second;
+}
+
+void Enumeration::Unparse(Writer& out) const {
+  UnparseHeading(out);
+  out << "enum " << Name();
+  UnparseBody(out);
+}
+
+void Enumeration::UnparseMembers(Writer& out) const {
+  newline(out);
+  std::string_view separator;
+  for (const auto& literal : children) {
+    out << separator;
+    if (!separator.empty()) newline(out);
+    literal->Unparse(out);
+    separator = ", ";
+  }
+}
+
+void Constant::ResolveTypes(NodeList&) {
+  if (hasMultiplicity(Entity())) Report(Message::constantHasMultiplicity);
+  if (ResolveTypeOfConstant()) ResolveValue();
+}
+
+bool Constant::ResolveTypeOfConstant() {
+  TypeReference reference;
+  LookUpType(Entity(), "constant ", reference);
+  reference.multiplicity.hasConstant = false;  // an error, whatever bounds it
+  switch (reference.kind) {
+    case templateType:
+      Report(Message::constantTypeIsTemplate);
+      return false;
+    case unknownType:
+      // Nobody else says so, not even when the constant has no type at all.
+      Report(Message::constantTypeUnknown);
+      return false;
+    default:
+      break;
+  }
+  const bool isExported =
+      reference.definition == nullptr || GetNodeRef(reference.definition) != nullptr;
+  if (!isExported) Report(Message::constantTypeNotExported);
+  UseType(std::move(reference), type);
+  return isExported;
+}
+
+void Constant::ResolveValue() {
+  mdk::IMdeEntity* value = Entity()->GetEntity(properties::defaultValue, 0);
+  if (value == nullptr) return Report(Message::constantHasNoValue);
+  const std::string metaclass = value->GetMetaclass();
+  if (metaclass == metaclasses::realValue || metaclass == metaclasses::integerValue ||
+      metaclass == metaclasses::characterValue || metaclass == metaclasses::charstringValue) {
+    valueText = nodeRegistry.Store(value->GetValue(properties::valueString, 0));
+  } else if (metaclass == metaclasses::ident) {
+    ResolveIdentifier(value);
+  } else {
+    Report(Message::constantValueNotSupported);
+  }
+}
+
+void Constant::ResolveIdentifier(mdk::IMdeEntity* identifier) {
+  const std::string name = identifier->GetValue(properties::name, 0);
+  mdk::IMdeEntity* named = identifier->GetEntity(properties::definition, 0);
+  if (named == nullptr) throw IDLException({Message::nameUnresolved, Entity(), {}});
+  Node* value = FindValue(named);
+  if (value == nullptr) return Report(Message::constantValueNotExported);
+  Rename(AddUse(*value, UseRole::value), name);
+  VisitedConstants visited;
+  if (EvaluateConstant(Entity(), visited).state == ConstantState::circular) {
+    Report(Message::constantIsCircular);
+  }
+}
+
+Node* Constant::FindValue(mdk::IMdeEntity* named) const {
+  const Alias base = type.Definition() == nullptr ? Alias() : Unaliased(*type.Definition());
+  const Enumeration* enumeration =
+      base.declaration == nullptr ? nullptr : base.declaration->AsEnumeration();
+  Node* literal = enumeration == nullptr ? nullptr : enumeration->FindLiteral(named);
+  return literal != nullptr ? literal : GetNodeRef(named);
+}
+
+void Constant::Unparse(Writer& out) const {
+  UnparseComment(Entity(), out);
+  newline(out);
+  out << "const " << type << ' ' << Name() << " = ";
+  if (const Use* value = uses.First(UseRole::value)) {
+    out << *value;
+  } else {
+    out << valueText;
+  }
+  out << ';';
+}
+
+}  // namespace mdktoidl

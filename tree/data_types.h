@@ -1,0 +1,117 @@
+// Structs and exceptions with their fields, enumerations with their enumerators, and constants.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "tree/container.h"
+#include "tree/members.h"
+
+namespace mdktoidl {
+
+/// An IDL struct. Its children are the fields.
+class Struct : public Container {
+ public:
+  Struct(mdk::IMdeEntity* element, Container* parent);
+
+  static constexpr Construct kind{
+      "struct", ScopeKind::reservesItsName, Heredity::none, Forward::yes, Language::idl, 9};
+  const Construct& Kind() const override { return kind; }
+  void Unparse(Writer& out) const override;
+  void UnparseForward(Writer& out) const override;
+};
+
+/// An IDL exception. Unlike a struct it may be empty, and IDL has no forward form of it.
+class Exception : public Container {
+ public:
+  Exception(mdk::IMdeEntity* element, Container* parent);
+
+  static constexpr Construct kind{
+      "exception", ScopeKind::reservesItsName, Heredity::none, Forward::no, Language::idl, 11};
+  const Construct& Kind() const override { return kind; }
+  void Unparse(Writer& out) const override;
+};
+
+/// A member of a struct or an exception.
+class Field : public Attribute {
+ public:
+  using Attribute::Attribute;
+
+  static constexpr Construct kind{"field",     ScopeKind::none, Heredity::none,
+                                  Forward::no, Language::idl,   21};
+  const Construct& Kind() const override { return kind; }
+  void Unparse(Writer& out) const override;
+};
+
+/// One of the values of an enumeration. It stands in the enumeration, but its name lies in the
+/// scope around that. It isn't found by its element alone: only who knows the enumeration means it.
+class Enumerator : public Node {
+ public:
+  Enumerator(mdk::IMdeEntity* element, Container* parent) : Node(element, parent) {}
+
+  static constexpr Construct kind{"enumerator", ScopeKind::none, Heredity::none,
+                                  Forward::no,  Language::idl,   24};
+  const Construct& Kind() const override { return kind; }
+  const Definition* NameScope() const override { return Scope()->Scope(); }
+  bool isEnumerator() const override { return true; }
+  void Unparse(Writer& out) const override { out << Name(); }
+
+ protected:
+  void ResolveTypes(NodeList&) override {}
+};
+
+/// An IDL enum. Its children are the enumerators.
+class Enumeration : public Container {
+ public:
+  Enumeration(mdk::IMdeEntity* element, Container* parent);
+
+  static constexpr Construct kind{"enum",      ScopeKind::none, Heredity::none,
+                                  Forward::no, Language::idl,   12};
+  const Construct& Kind() const override { return kind; }
+  void Unparse(Writer& out) const override;
+  const Enumeration* AsEnumeration() const override { return this; }
+
+  const Children& Literals() const { return children; }
+  /// The enumerator of a name, and the one made from an element; null for none. Of several the
+  /// first.
+  Enumerator* FindLiteral(std::string_view name) const;
+  Enumerator* FindLiteral(const mdk::IMdeEntity* element) const;
+
+ private:
+  void UnparseMembers(Writer& out) const override;
+  void IndexLiterals() const;
+
+  // Filled at the first question: many unions may ask one large enumeration.
+  mutable std::unordered_map<std::string_view, Enumerator*> byName;
+  mutable std::unordered_map<const mdk::IMdeEntity*, Enumerator*> byElement;
+};
+
+/// An IDL constant.
+class Constant : public Node {
+ public:
+  Constant(mdk::IMdeEntity* element, Container* parent) : Node(element, parent) { CreateNodeRef(); }
+
+  static constexpr Construct kind{"constant",  ScopeKind::none, Heredity::none,
+                                  Forward::no, Language::idl,   16};
+  const Construct& Kind() const override { return kind; }
+  void Unparse(Writer& out) const override;
+  bool declaresConstant() const override { return true; }
+
+ protected:
+  void ResolveTypes(NodeList& deps) override;
+
+ private:
+  /// False when there is nothing to go on with.
+  bool ResolveTypeOfConstant();
+  void ResolveValue();
+  void ResolveIdentifier(mdk::IMdeEntity* identifier);
+  /// The constant or enumerator that an identifier names; null when it is not part of the export.
+  Node* FindValue(mdk::IMdeEntity* named) const;
+
+  WrittenType type;
+  std::string_view valueText;  // of a literal; empty where the value is a use
+};
+
+}  // namespace mdktoidl

@@ -1,0 +1,216 @@
+#include "tree/interfaces.h"
+
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
+#include "tree/data_types.h"
+#include "tree/members.h"
+#include "tree/type_definitions.h"
+#include "tree/unions.h"
+#include "types/elements.h"
+
+namespace mdktoidl {
+
+namespace {
+
+bool isInterfaceAttribute(mdk::IMdeEntity* member) {
+  return isPublic(member) && hasStereotype(member, stereotypes::corbaAttribute);
+}
+
+bool isInterfaceConstant(mdk::IMdeEntity* member) {
+  return isInterfaceAttribute(member) && isConstant(member);
+}
+
+bool isAny(mdk::IMdeEntity*) { return true; }
+
+/// The rows for nested types, operations and signals, which are the same for all that nest them;
+/// attributes differ.
+Classification WithNestedDeclarations(ClassificationRow attributes) {
+  return {
+      std::move(attributes),
+      {metaclasses::dataType, {{Carries<stereotypes::corbaEnum>, Make<Enumeration>}}},
+      {metaclasses::classifier,
+       {{Carries<stereotypes::corbaStruct>, Make<Struct>},
+        {Carries<stereotypes::corbaUnion>, Make<Union>},
+        {Carries<stereotypes::corbaException>, Make<Exception>},
+        {Carries<stereotypes::corbaTypedef>, Make<Typedef>},
+        {Carries<stereotypes::corbaSequence>, Make<Sequence>}}},
+      {metaclasses::operation, {{isPublic, Make<Operation>}}},
+      {metaclasses::signal, {{isPublic, Make<Operation>}}},
+      {metaclasses::syntype,
+       {{Carries<stereotypes::corbaTypedef>, Make<Typedef>},
+        {Carries<stereotypes::corbaBoxedValue>, Make<BoxedValue>}}},
+  };
+}
+
+const Classification& ValueMembers() {
+  static const Classification table =
+      WithNestedDeclarations({metaclasses::attribute,
+                              {{isInterfaceConstant, Make<Constant>},
+                               {isInterfaceAttribute, Make<Attribute>},
+                               {isAny, Make<State>}}});
+  return table;
+}
+
+}  // namespace
+
+const Classification& InterfaceMembers() {
+  static const Classification table = WithNestedDeclarations(
+      {metaclasses::attribute, {{isPublicConstant, Make<Constant>}, {isPublic, Make<Attribute>}}});
+  return table;
+}
+
+Interface::Interface(mdk::IMdeEntity* element, Container* parent) : OrderedScope(element, parent) {
+  CreateNodeRef();
+  AdoptMembers(InterfaceMembers());
+}
+
+bool Interface::isAbstract() const {
+  return Entity()->GetValue(properties::isAbstract, 0) == "true";
+}
+
+bool Interface::isLocal() const {
+  return TaggedLiteral(Entity(), tags::isLocal, "false") != "false";
+}
+
+void Interface::CollectGeneralizations() {
+  std::unordered_set<const Node*> present;
+  for (mdk::IMdeEntity* generalization : Elements(Entity(), properties::generalization)) {
+    mdk::IMdeEntity* parent = generalization->GetEntity(properties::parent, 0);
+    if (parent == nullptr) continue;
+    Node* node = GetNodeRef(parent);
+    if (node == nullptr) {
+      Report(Message::interfaceSupertypeNotExported);
+    } else if (present.insert(node).second) {
+      AddUse(*node, UseRole::base);
+    }
+  }
+}
+
+void Interface::ResolveTypes(NodeList& deps) {
+  EvaluateAndSort(deps);
+  CollectGeneralizations();
+}
+
+void Interface::UnparseKind(Writer& out) const {
+  if (isAbstract()) {
+    out << "abstract ";
+  } else if (isLocal()) {
+    out << "local ";
+  }
+  out << "interface " << Name();
+}
+
+void Interface::Unparse(Writer& out) const {
+  UnparseHeading(out);
+  UnparseKind(out);
+  if (uses.Has(UseRole::base)) {
+    out << " : ";
+    uses.Write(UseRole::base, out);
+  }
+  UnparseBody(out);
+}
+
+void Interface::UnparseForward(Writer& out) const {
+  newline(out);
+  UnparseKind(out);
+  out << ';';
+}
+
+Value::Value(mdk::IMdeEntity* element, Container* parent) : OrderedScope(element, parent) {
+  if (hasStereotype(element, stereotypes::corbaEvent)) kindWord = "event";
+  CreateNodeRef();
+  AdoptMembers(ValueMembers());
+}
+
+void Value::ResolveKind() {
+  abstract = Entity()->GetValue(properties::isAbstractValue, 0) == "true";
+  custom = isTagTrue(Entity(), tags::isCustom);
+  if (abstract && custom) {
+    Report(Message::valueIsAbstractAndCustom, {kindWord, ScopedName("::")});
+  }
+}
+
+// Of several truncatable bases the last one counts, and it stands before all others: IDL knows one,
+// and wants it there.
+void Value::CollectGeneralizations() {
+  std::unordered_set<const Node*> present;
+  std::vector<Node*> bases;
+  Node* truncatable = nullptr;
+  for (mdk::IMdeEntity* generalization : Elements(Entity(), properties::generalization)) {
+    mdk::IMdeEntity* parent = generalization->GetEntity(properties::parent, 0);
+    if (parent == nullptr) continue;
+    if (!hasStereotype(parent, stereotypes::corbaValue) &&
+        !hasStereotype(parent, stereotypes::corbaEvent)) {
+      continue;
+    }
+    Node* node = GetNodeRef(parent);
+    if (node == nullptr) {
+      Report(Message::valueSupertypeNotExported, {kindWord, ScopedName("::")});
+    } else if (hasStereotype(generalization, stereotypes::corbaTruncatable)) {
+      if (custom) Report(Message::valueIsCustomAndTruncated, {kindWord, ScopedName("::")});
+      truncatable = node;
+    } else if (present.insert(node).second) {
+      bases.push_back(node);
+    }
+  }
+  if (truncatable != nullptr) AddUse(*truncatable, UseRole::base).isTruncatable = true;
+  for (Node* base : bases) AddUse(*base, UseRole::base);
+}
+
+void Value::CollectSupports() {
+  std::unordered_set<const Node*> present;
+  for (mdk::IMdeEntity* generalization : Elements(Entity(), properties::generalization)) {
+    mdk::IMdeEntity* parent = generalization->GetEntity(properties::parent, 0);
+    if (parent == nullptr) continue;
+    if (!hasStereotype(parent, stereotypes::corbaInterface)) {
+      if (hasStereotype(generalization, stereotypes::corbaSupports)) {
+        Report(Message::valueSupportsOther, {kindWord, ScopedName("::")});
+      }
+      continue;
+    }
+    Node* node = GetNodeRef(parent);
+    if (node == nullptr) {
+      Report(Message::valueSupertypeNotExported, {kindWord, ScopedName("::")});
+    } else if (present.insert(node).second) {
+      AddUse(*node, UseRole::supports);
+    }
+  }
+}
+
+void Value::ResolveTypes(NodeList& deps) {
+  ResolveKind();
+  EvaluateAndSort(deps);
+  CollectSupports();
+  CollectGeneralizations();
+}
+
+void Value::UnparseBases(Writer& out) const {
+  if (uses.Has(UseRole::base)) {
+    out << (uses.First(UseRole::base)->isTruncatable ? " : truncatable " : " : ");
+    uses.Write(UseRole::base, out);
+  }
+  if (uses.Has(UseRole::supports)) {
+    out << " supports ";
+    uses.Write(UseRole::supports, out);
+  }
+}
+
+void Value::Unparse(Writer& out) const {
+  UnparseHeading(out);
+  if (abstract) out << "abstract ";
+  if (custom) out << "custom ";
+  out << kindWord << "type " << Name();
+  UnparseBases(out);
+  UnparseBody(out);
+}
+
+// An event type's forward declaration says "valuetype", too; that is deliberate.
+void Value::UnparseForward(Writer& out) const {
+  newline(out);
+  if (abstract) out << "abstract ";
+  out << "valuetype " << Name() << ';';
+}
+
+}  // namespace mdktoidl

@@ -1,0 +1,231 @@
+#include "tree/members.h"
+
+#include <list>
+#include <utility>
+
+#include "options/options.h"
+#include "types/elements.h"
+
+namespace mdktoidl {
+
+void Attribute::ResolveTypes(NodeList&) {
+  static constexpr TypeDiagnostics diagnostics = {
+      "attribute ", Message::attributeBoundUnknown, Message::attributeTypeUnknown,
+      Message::attributeTypeAnonymous, Message::attributeTypeNotExported};
+  ResolveType(Entity(), diagnostics, type);
+}
+
+bool Attribute::isReadOnly() const {
+  return Entity()->GetValue(properties::changeability, 0) == "CkFrozen";
+}
+
+void Attribute::Unparse(Writer& out) const {
+  UnparseComment(Entity(), out);
+  newline(out);
+  if (isReadOnly()) out << "readonly ";
+  out << "attribute " << type << ' ' << Name() << type.DeclaratorSuffix() << ';';
+}
+
+// The declarator suffix is deliberately not written here, unlike for attributes and fields.
+void State::Unparse(Writer& out) const {
+  UnparseComment(Entity(), out);
+  newline(out);
+  out << (isPublic(Entity()) ? "public " : "private ") << type << ' ' << Name() << ';';
+}
+
+Operation::Operation(mdk::IMdeEntity* element, Container* parent)
+    : Container(element, parent),
+      finder(hasStereotype(element, stereotypes::corbaFinder)),
+      factory(hasStereotype(element, stereotypes::corbaFactory) ||
+              hasStereotype(element, stereotypes::corbaValueFactory)) {
+  CreateNodeRef();
+  const std::list<mdk::IMdeEntity*> parameters = Elements(element, properties::parameter);
+  children.reserve(parameters.size());
+  for (mdk::IMdeEntity* parameter : parameters) {
+    auto node = std::make_unique<Parameter>(parameter, *this);
+    if (node->isResult()) returnParameter = node.get();
+    Adopt(std::move(node));
+  }
+}
+
+bool Operation::isSignal() const { return Entity()->IsKindOf(metaclasses::signal); }
+
+bool Operation::isOneway() const {
+  if (!oneway) oneway = DetermineOneway();
+  return *oneway;
+}
+
+// The tag's name promises more than it holds: it tells whether an operation is two-way, and decides
+// against the default in either direction.
+bool Operation::DetermineOneway() const {
+  if (isSignal() || isFinder() || isFactory()) return true;
+  mdk::IMdeEntity* isTwoWay =
+      Entity()->EvalExpression(tags::overrideIsDefaultAsync.Expression(), 0);
+  if (isTwoWay == nullptr) return options.isOneway();
+  return isTwoWay->GetValue(properties::name, 0) != "true";
+}
+
+void Operation::ResolveTypes(NodeList& deps) {
+  CheckOwner();
+  if (!isSignal()) ResolveRaises();
+  TypeReference result;
+  if (returnParameter != nullptr) ResolveResult(result);
+  for (const auto& parameter : children) {
+    if (parameter.get() == returnParameter) {
+      returnParameter->ReportResult(result);
+    } else {
+      parameter->EvaluateTypes(deps);
+    }
+  }
+  UseType(std::move(result), type);
+  for (Use& use : uses) use.isBeforeName = use.role != UseRole::raises;
+}
+
+void Operation::CheckOwner() const {
+  if (!isFactory() && !isFinder()) return;
+  mdk::IMdeEntity* owner = Scope() == nullptr ? nullptr : Scope()->Entity();
+  if (owner == nullptr) return;
+  for (const Stereotype* creator :
+       {&stereotypes::corbaHome, &stereotypes::corbaValue, &stereotypes::corbaEvent}) {
+    if (hasStereotype(owner, *creator)) return;
+  }
+  Report(Message::operationCannotCreate);
+}
+
+// An exception is deliberately named without its scope, wherever it is declared: files in use are
+// written so. Where that name means nothing, the checks of names say so.
+void Operation::ResolveRaises() {
+  const std::list<mdk::IMdeEntity*> exceptions = Elements(Entity(), properties::raisedException);
+  if (!exceptions.empty() && isOneway()) Report(Message::operationOnewayRaises);
+  for (mdk::IMdeEntity* exception : exceptions) {
+    if (Node* node = GetNodeRef(exception)) {
+      AddUse(*node, UseRole::raises, Spelling::simple);
+    } else {
+      Report(Message::operationRaisesUndefined,
+             {ScopedName("::"), exception->GetValue(properties::name, 0)});
+    }
+  }
+}
+
+void Operation::ResolveResult(TypeReference& result) const {
+  // The return parameter speaks for its bounds.
+  static constexpr TypeDiagnostics diagnostics = {
+      "operation ", std::nullopt, Message::operationTypeUnknown, Message::operationTypeAnonymous,
+      Message::operationTypeNotExported};
+  LookUpType(returnParameter->Entity(), diagnostics.word, result);
+  ReportType(result, diagnostics);
+}
+
+void Operation::Unparse(Writer& out) const {
+  UnparseComment(Entity(), out);
+  newline(out);
+  UnparsePrefix(out);
+  out << Name() << '(';
+  UnparseParameters(out);
+  out << ')';
+  if (uses.Has(UseRole::raises)) {
+    out << " raises (";
+    uses.Write(UseRole::raises, out);
+    out << ')';
+  }
+  UnparseContext(out);
+  out << ';';
+}
+
+void Operation::UnparsePrefix(Writer& out) const {
+  if (isFinder()) {
+    out << "finder ";
+  } else if (isFactory()) {
+    out << "factory ";
+  } else if (isOneway()) {
+    out << "oneway void ";
+  } else if (returnParameter != nullptr) {
+    out << type << type.DeclaratorSuffix() << ' ';
+  } else {
+    out << "void ";
+  }
+}
+
+void Operation::UnparseParameters(Writer& out) const {
+  std::string_view separator;
+  for (const auto& child : children) {
+    if (child.get() == returnParameter) continue;
+    out << separator;
+    child->Unparse(out);
+    separator = ", ";
+  }
+}
+
+void Operation::UnparseContext(Writer& out) const {
+  mdk::IMdeEntity* context = Entity()->EvalExpression(tags::context.Expression(), 0);
+  if (context == nullptr || !context->IsKindOf(metaclasses::listExpression)) return;
+  const std::list<mdk::IMdeEntity*> expressions = Elements(context, properties::expression);
+  if (expressions.empty()) return;
+  out << " context (";
+  WriteSeparated(expressions, out,
+                 [&](mdk::IMdeEntity* each) { out << each->GetValue(properties::value, 0); });
+  out << ')';
+}
+
+Parameter::Parameter(mdk::IMdeEntity* element, Operation& parent) : Node(element, &parent) {
+  CreateNodeRef();
+  direction = DirectionOf(element->GetValue(properties::direction, 0));
+}
+
+Parameter::Direction Parameter::DirectionOf(std::string_view text) {
+  if (text == "DkIn" || text == "DkNone") return Direction::in;
+  if (text == "DkInOut") return Direction::inOut;
+  if (text == "DkOut") return Direction::out;
+  return text == "DkReturn" ? Direction::result : Direction::unknown;
+}
+
+std::string_view Parameter::Keyword() const {
+  switch (direction) {
+    case Direction::in:
+      return "in ";
+    case Direction::inOut:
+      return "inout ";
+    case Direction::out:
+      return "out ";
+    default:
+      return "";
+  }
+}
+
+namespace {
+
+// The message about a bound says "attribute" and lacks a blank; it is known so.
+constexpr TypeDiagnostics parameterDiagnostics = {
+    "parameter ", Message::parameterBoundUnknown, Message::parameterTypeUnknown,
+    Message::parameterTypeAnonymous, Message::parameterTypeNotExported};
+
+}  // namespace
+
+bool Parameter::isDeclared() const {
+  return static_cast<const Operation&>(*Scope()).Result() != this;
+}
+
+void Parameter::CheckDirection() const {
+  const auto& operation = static_cast<const Operation&>(*Scope());
+  if (direction != Direction::in && operation.isOneway()) {
+    operation.Report(Message::parameterReturnsValue);
+  }
+}
+
+void Parameter::ResolveTypes(NodeList&) {
+  CheckDirection();
+  ResolveType(Entity(), parameterDiagnostics, type);
+}
+
+void Parameter::ReportResult(const TypeReference& reference) const {
+  CheckDirection();
+  ReportMultiplicity(reference.multiplicity, parameterDiagnostics.word);
+  ReportArray(reference, parameterDiagnostics.word);
+  ReportType(reference, parameterDiagnostics);
+}
+
+void Parameter::Unparse(Writer& out) const {
+  out << Keyword() << type << ' ' << Name() << type.DeclaratorSuffix();
+}
+
+}  // namespace mdktoidl

@@ -1,0 +1,218 @@
+#include "tree/unions.h"
+
+#include <array>
+#include <utility>
+
+#include "tree/data_types.h"
+#include "tree/type_definitions.h"
+#include "types/elements.h"
+#include "types/text.h"
+
+namespace mdktoidl {
+
+namespace {
+
+/// Whether a type, followed through type definitions, can tell cases apart.
+bool isDiscriminating(const Alias& type) {
+  constexpr std::array primitives = {"short",          "long",          "long long",
+                                     "unsigned short", "unsigned long", "unsigned long long",
+                                     "char",           "boolean"};
+  if (type.declaration != nullptr) return type.declaration->AsEnumeration() != nullptr;
+  for (const char* primitive : primitives) {
+    if (type.primitive == primitive) return true;
+  }
+  return false;
+}
+
+/// A character or an escape sequence as its literal; other texts stay, be they literals already or
+/// constants' names.
+std::string CharacterLabel(const std::string& given) {
+  const bool isEscape = given.starts_with('\\') && given.size() > 1;
+  if (given.size() != 1 && !isEscape) return given;
+  const bool isSpecial = given == "'" || given == "\\";
+  return std::string(isSpecial ? "'\\" : "'") + given + "'";
+}
+
+std::string BooleanLabel(const std::string& given) {
+  std::string upper = given;
+  for (char& character : upper) {
+    if (character >= 'a' && character <= 'z') character = static_cast<char>(character - 'a' + 'A');
+  }
+  return upper == "TRUE" || upper == "FALSE" ? upper : given;
+}
+
+/// Gives the cases of one union their labels, case by case in their order.
+class CaseLabels {
+ public:
+  /// `place` is the union, whose scope decides how enumerators are spelled.
+  CaseLabels(const Node& place, const Alias& discriminator, bool isSimpleUnion)
+      : place_(place),
+        enumeration_(discriminator.declaration == nullptr
+                         ? nullptr
+                         : discriminator.declaration->AsEnumeration()),
+        primitive_(discriminator.primitive),
+        isSimpleUnion_(isSimpleUnion) {}
+
+  /// Sets the labels of the next case; reports what is wrong with those that it has.
+  void Label(Case& next) {
+    const std::list<std::string> given = next.GivenLabels();
+    if (!isSimpleUnion_) {
+      for (const std::string& label : given) AddGiven(label, next);
+    } else {
+      if (!given.empty()) next.Report(Message::caseLabelIgnored);
+      // A default case takes what the others leave, so it uses up no enumerator of its own.
+      if (!next.isDefault()) AddNextEnumerator(next);
+    }
+    if (!next.hasLabels() && !next.isDefault()) next.Report(Message::caseLacksLabel);
+  }
+
+ private:
+  void AddNextEnumerator(Case& labelled) {
+    if (enumeration_ == nullptr || taken_ == enumeration_->Literals().size()) return;
+    AddEnumerator(*enumeration_->Literals()[taken_++], labelled);
+  }
+
+  void AddEnumerator(Node& enumerator, Case& labelled) const {
+    const bool isSimple = place_.InCurrentScope(&enumerator);
+    labelled.AddLabel(enumerator, isSimple ? Spelling::simple : Spelling::scoped);
+  }
+
+  void AddGiven(const std::string& given, Case& labelled) const {
+    if (enumeration_ == nullptr) return labelled.AddLabel(Literal(given));
+    const std::size_t separator = given.rfind("::");
+    const std::string name = separator == std::string::npos ? given : given.substr(separator + 2);
+    if (Enumerator* enumerator = enumeration_->FindLiteral(name)) {
+      return AddEnumerator(*enumerator, labelled);
+    }
+    labelled.Report(Message::caseLabelUnknown, {labelled.ScopedName("::"), given});
+    labelled.AddLabel(given);
+  }
+
+  std::string Literal(const std::string& given) const {
+    if (primitive_ == "char") return CharacterLabel(given);
+    return primitive_ == "boolean" ? BooleanLabel(given) : given;
+  }
+
+  const Node& place_;
+  const Enumeration* enumeration_;  // null for a discriminator of another type
+  const std::string& primitive_;
+  bool isSimpleUnion_;
+  std::size_t taken_ = 0;  // how many enumerators the cases of a simple union have taken
+};
+
+}  // namespace
+
+Union::Union(mdk::IMdeEntity* element, Container* parent) : Container(element, parent) {
+  CreateNodeRef();
+  for (mdk::IMdeEntity* attribute : OwnedAttributes(element)) {
+    if (isMarked(attribute, stereotypes::unionCase)) {
+      if (isConstant(attribute)) Report(Message::unionHasConstant);
+      Adopt(std::make_unique<Case>(attribute, this));
+    } else if (discriminator == nullptr) {
+      discriminator = attribute;
+    } else {
+      Report(Message::unionHasMoreDiscriminators);
+    }
+  }
+  if (children.empty()) Report(Message::unionLacksCase);
+  if (discriminator == nullptr) Report(Message::unionLacksDiscriminator);
+}
+
+bool Union::isSimpleUnion() const { return isTagTrue(Entity(), tags::isSimple); }
+
+void Union::ResolveTypes(NodeList& deps) {
+  EvaluateChildren(deps);
+  if (discriminator == nullptr) return;
+  const Alias discriminatorType = ResolveDiscriminator();
+  CaseLabels labels(*this, discriminatorType, isSimpleUnion());
+  for (const auto& child : children) labels.Label(static_cast<Case&>(*child));
+}
+
+Alias Union::ResolveDiscriminator() {
+  if (hasMultiplicity(discriminator)) Report(Message::discriminatorHasMultiplicity);
+  TypeReference reference;
+  LookUpType(discriminator, "union ", reference);
+  reference.multiplicity.hasConstant = false;  // an error, whatever bounds it
+  if (reference.kind == unknownType || reference.kind == templateType) {
+    Report(reference.kind == unknownType ? Message::discriminatorUnknown
+                                         : Message::discriminatorIsTemplate);
+    return {};
+  }
+  const Node* node = GetNodeRef(reference.definition);
+  if (reference.definition != nullptr && node == nullptr) {
+    Report(Message::discriminatorNotExported);
+    return {};
+  }
+  const Alias resolved =
+      node == nullptr ? Alias{nullptr, std::string(reference.predefined)} : Unaliased(*node);
+  UseType(std::move(reference), type);
+  if (!isDiscriminating(resolved)) Report(Message::discriminatorOfWrongType);
+  return resolved;
+}
+
+void Union::Unparse(Writer& out) const {
+  UnparseHeading(out);
+  out << "union " << Name() << " switch (" << type << ')';
+  UnparseBody(out);
+}
+
+void Union::UnparseForward(Writer& out) const {
+  newline(out);
+  out << "union " << Name() << ';';
+}
+
+void Case::ResolveTypes(NodeList&) {
+  static constexpr TypeDiagnostics diagnostics = {
+      "union case ", Message::caseBoundUnknown, Message::caseTypeUnknown,
+      Message::caseTypeAnonymous, Message::caseTypeNotExported};
+  ResolveType(Entity(), diagnostics, type);
+}
+
+bool Case::isDefault() const { return isTagTrue(Entity(), tags::isDefault); }
+
+std::list<std::string> Case::GivenLabels() const {
+  std::list<std::string> given;
+  mdk::IMdeEntity* value = Entity()->EvalExpression(tags::label.Expression(), 0);
+  if (value == nullptr) return given;
+  if (value->IsKindOf(metaclasses::listExpression)) {
+    for (mdk::IMdeEntity* item : Elements(value, properties::expression)) {
+      given.push_back(item->GetValue(properties::value, 0));
+    }
+  } else {
+    given.push_back(value->GetValue(properties::valueString, 0));
+  }
+  // Tools leave an empty label behind where the user typed none.
+  given.remove_if([](const std::string& label) { return TrimEndOfString(label).empty(); });
+  return given;
+}
+
+// The union depends on its discriminator's type already; the label adds nothing to that.
+void Case::AddLabel(Node& enumerator, Spelling spelling) {
+  Use& use = AddUse(enumerator, UseRole::label, spelling);
+  use.isDependency = false;
+  labels.push_back({"", &use});
+}
+
+void Case::Unparse(Writer& out) const {
+  UnparseComment(Entity(), out);
+  for (const Label& label : labels) {
+    newline(out);
+    out << "case ";
+    if (label.enumerator != nullptr) {
+      out << *label.enumerator;
+    } else {
+      out << label.literal;
+    }
+    out << ':';
+  }
+  if (isDefault()) {
+    newline(out);
+    out << "default:";
+  }
+  indent(out);
+  newline(out);
+  out << type << ' ' << Name() << type.DeclaratorSuffix() << ';';
+  redent(out);
+}
+
+}  // namespace mdktoidl

@@ -1,0 +1,74 @@
+// Unions, their cases and the labels of these.
+#pragma once
+
+#include <cstddef>
+#include <list>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tree/container.h"
+#include "tree/members.h"
+
+namespace mdktoidl {
+
+class Case;
+
+/// An IDL union. Its children are the cases.
+class Union : public Container {
+ public:
+  Union(mdk::IMdeEntity* element, Container* parent);
+
+  static constexpr Construct kind{
+      "union", ScopeKind::reservesItsName, Heredity::none, Forward::yes, Language::idl, 10};
+  const Construct& Kind() const override { return kind; }
+  void Unparse(Writer& out) const override;
+  void UnparseForward(Writer& out) const override;
+
+  /// Whether the cases take the discriminator's enumerators in order.
+  bool isSimpleUnion() const;
+
+ protected:
+  void ResolveTypes(NodeList& deps) override;
+
+ private:
+  /// What the discriminator's type stands for in the end.
+  Alias ResolveDiscriminator();
+
+  mdk::IMdeEntity* discriminator = nullptr;  // the first; null when there is none
+  WrittenType type;                          // of the discriminator
+};
+
+/// A case of a union: its labels and its member.
+class Case : public Attribute {
+ public:
+  using Attribute::Attribute;
+
+  static constexpr Construct kind{"case",      ScopeKind::none, Heredity::none,
+                                  Forward::no, Language::idl,   23};
+  const Construct& Kind() const override { return kind; }
+  void Unparse(Writer& out) const override;
+
+  /// Whether the case takes all values that no other takes.
+  bool isDefault() const;
+  /// The labels as the model gives them.
+  std::list<std::string> GivenLabels() const;
+  bool hasLabels() const { return !labels.empty(); }
+  /// Adds a label as IDL writes it, a literal or an enumerator; the union does, which knows the
+  /// discriminator. `name` is what the model calls the enumerator.
+  void AddLabel(std::string literal) { labels.push_back({std::move(literal), nullptr}); }
+  void AddLabel(Node& enumerator, Spelling spelling);
+
+ protected:
+  void ResolveTypes(NodeList& deps) override;
+
+ private:
+  struct Label {
+    std::string literal;
+    const Use* enumerator;  // null for a literal
+  };
+
+  std::vector<Label> labels;
+};
+
+}  // namespace mdktoidl

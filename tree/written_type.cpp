@@ -1,0 +1,60 @@
+#include "tree/written_type.h"
+
+#include <utility>
+
+#include "tree/node_registry.h"
+
+namespace mdktoidl {
+
+void WrittenType::Set(TypeReference&& reference, const Use* named, const Use* bound) {
+  kind_ = reference.kind;
+  named_ = named;
+  const std::string_view predefined =
+      reference.bounded.empty() ? reference.predefined : nodeRegistry.Store(reference.bounded);
+  predefined_ = predefined.data();
+  predefinedSize_ = static_cast<std::uint32_t>(predefined.size());
+  if (reference.sequences.empty() && reference.declaratorSuffix.empty()) return;
+  template_ = std::make_unique<Template>(
+      Template{std::move(reference.sequences), bound, std::move(reference.declaratorSuffix)});
+}
+
+void WrittenType::WrapInSequence() {
+  if (template_ == nullptr) template_ = std::make_unique<Template>();
+  template_->sequences.insert(template_->sequences.begin(), SequenceLevel());
+}
+
+std::string_view WrittenType::DeclaratorSuffix() const {
+  return template_ == nullptr ? std::string_view() : template_->declaratorSuffix;
+}
+
+bool WrittenType::endsWithBracket() const {
+  return (named_ == nullptr ? Predefined() : named_->Name()).ends_with('>');
+}
+
+// Between closing brackets stands a blank: the lexer of IDL would take them for a shift.
+Writer& operator<<(Writer& out, const WrittenType& type) {
+  const std::size_t depth = type.template_ == nullptr ? 0 : type.template_->sequences.size();
+  for (std::size_t level = 0; level < depth; ++level) out << "sequence<";
+  if (type.named_ == nullptr) {
+    out << type.Predefined();
+  } else {
+    out << *type.named_;
+  }
+  bool isBracket = type.endsWithBracket();
+  for (std::size_t level = depth; level-- > 0;) {
+    const std::string& bound = type.template_->sequences[level].bound;
+    const Use* named = level == 0 ? type.template_->bound : nullptr;
+    if (named != nullptr) {
+      out << ", " << *named;
+    } else if (!bound.empty()) {
+      out << ", " << bound;
+    } else if (isBracket) {
+      out << ' ';
+    }
+    out << '>';
+    isBracket = true;
+  }
+  return out;
+}
+
+}  // namespace mdktoidl
