@@ -26,13 +26,13 @@ const Node& Outermost(const Node& node) {
   return *each;
 }
 
-bool Found::HasErrors() const {
+bool DiagnosticList::HasErrors() const {
   return std::ranges::any_of(found_, [](const auto& each) {
     return SeverityOf(each.second.message) == mdktoidl::Severity::error;
   });
 }
 
-std::vector<mdktoidl::Diagnostic> Found::Sorted() && {
+std::vector<mdktoidl::Diagnostic> DiagnosticList::Sorted() && {
   std::ranges::stable_sort(found_, {}, [](const auto& each) { return each.first; });
   std::vector<mdktoidl::Diagnostic> sorted;
   for (auto& [serial, diagnostic] : found_) sorted.push_back(std::move(diagnostic));

@@ -48,7 +48,7 @@ std::string Describe(const Node& node);
 const Node& Outermost(const Node& node);
 
 /// What was found, by declaration.
-class Found {
+class DiagnosticList {
  public:
   void Report(const Node& node, Message message, std::initializer_list<std::string_view> pieces) {
     found_.emplace_back(node.Serial(), mdktoidl::Diagnostic{

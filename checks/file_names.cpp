@@ -24,7 +24,7 @@ std::string_view Danger(std::string_view name) {
   return diagnostics::HasControl(name) ? "a control character" : std::string_view();
 }
 
-void CheckArtifact(const Root& root, const std::string& described, Found& found) {
+void CheckArtifact(const Root& root, const std::string& described, DiagnosticList& found) {
   const std::pair<std::string_view, std::string> names[] = {{"fileName", options.FileName()},
                                                             {"fileSuffix", options.FileSuffix()}};
   for (const auto& [setting, name] : names) {
@@ -34,7 +34,7 @@ void CheckArtifact(const Root& root, const std::string& described, Found& found)
   }
 }
 
-void CheckModule(const Node& module, Found& found) {
+void CheckModule(const Node& module, DiagnosticList& found) {
   const std::string_view name = module.Name();
   if (const auto danger = Danger(name); !danger.empty()) {
     found.Report(module, Message::fileNameOfModuleUnsafe,
@@ -49,7 +49,7 @@ void CheckModule(const Node& module, Found& found) {
 /// Files by their paths, to find those that two would write.
 class FileOwners {
  public:
-  FileOwners(const Root& root, std::string artifact, Found& found)
+  FileOwners(const Root& root, std::string artifact, DiagnosticList& found)
       : root_(root), artifact_(std::move(artifact)), found_(found) {}
 
   void Add(const std::string& file, const Node& owner) {
@@ -72,13 +72,13 @@ class FileOwners {
 
   const Root& root_;
   std::string artifact_;
-  Found& found_;
+  DiagnosticList& found_;
   std::unordered_map<std::string, std::pair<std::string, const Node*>> owners_;
 };
 
 }  // namespace
 
-bool CheckFileNames(const Root& root, const std::string& artifactName, Found& found) {
+bool CheckFileNames(const Root& root, const std::string& artifactName, DiagnosticList& found) {
   const std::string artifact = "artifact " + OneLine(artifactName);
   CheckArtifact(root, artifact, found);
   FileOwners owners(root, artifact, found);

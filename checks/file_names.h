@@ -10,6 +10,6 @@ namespace checks {
 
 /// Of a tree that is built. `artifactName` is what the artifact is called in messages. False when
 /// files can't be written by these names.
-bool CheckFileNames(const Root& root, const std::string& artifactName, Found& found);
+bool CheckFileNames(const Root& root, const std::string& artifactName, DiagnosticList& found);
 
 }  // namespace checks

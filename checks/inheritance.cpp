@@ -1,5 +1,3 @@
-#include "checks/inheritance.h"
-
 #include <algorithm>
 #include <cstdint>
 #include <span>
@@ -8,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "checks/name_checks.h"
 #include "tree/use.h"
 
 namespace checks {
@@ -128,7 +127,8 @@ std::vector<Member> MembersOf(const Root& root, std::span<const Node* const> hei
 /// inherits is entered once for each name, so neither diamonds nor circles make it long.
 class NameInheritance {
  public:
-  NameInheritance(std::span<const Edge> edges, Found& found) : edges_(edges), found_(found) {}
+  NameInheritance(std::span<const Edge> edges, DiagnosticList& found)
+      : edges_(edges), found_(found) {}
 
   /// Returns how much there was to do.
   std::size_t Check(std::span<const Member> members) {
@@ -193,7 +193,7 @@ class NameInheritance {
   }
 
   std::span<const Edge> edges_;
-  Found& found_;
+  DiagnosticList& found_;
   // Looked up only, never walked through: their order means nothing.
   std::unordered_map<const Node*, const Node*> own_;        // by owner, the first
   std::unordered_map<const Node*, const Node*> inherited_;  // what each passes on
@@ -213,7 +213,7 @@ bool MayClash(std::span<const Member> members) {
 
 // Names that only one interface declares, which is most of them, cost nothing further. What many
 // declare is followed as far as that costs no more than a fixed multiple of the model's size.
-void CheckInheritance(const Root& root, const DeclaredNames& names, Found& found) {
+void CheckInheritance(const Root& root, const DeclaredNames& names, DiagnosticList& found) {
   constexpr std::size_t stepsPerDeclaration = 64;
   const std::vector<const Node*> heirs = HeirsIn(root);
   const std::vector<Edge> edges = EdgesOf(heirs);

@@ -3,9 +3,7 @@
 #include <vector>
 
 #include "checks/declared_names.h"
-#include "checks/inheritance.h"
-#include "checks/scopes.h"
-#include "checks/visibility.h"
+#include "checks/name_checks.h"
 #include "diagnostics/one_line.h"
 #include "options/options.h"
 #include "types/identifier.h"
@@ -41,7 +39,8 @@ class ImplementationFiles {
   std::vector<bool> hasComposition_;  // by serial
 };
 
-void CheckName(const Node& node, const ImplementationFiles& implementationFiles, Found& found) {
+void CheckName(const Node& node, const ImplementationFiles& implementationFiles,
+               DiagnosticList& found) {
   const std::string_view name = node.WrittenName();
   if (name.empty()) return found.Report(node, Message::nameMissing, {Describe(node)});
   if (!IsIdentifier(name)) {
@@ -56,7 +55,7 @@ void CheckName(const Node& node, const ImplementationFiles& implementationFiles,
                {Describe(node), keyword});
 }
 
-void CheckSpelling(const Root& root, Found& found) {
+void CheckSpelling(const Root& root, DiagnosticList& found) {
   if (root.DoubtfulNames().empty()) return;
   const ImplementationFiles implementationFiles(root);
   for (const std::uint32_t serial : root.DoubtfulNames()) {
@@ -67,7 +66,7 @@ void CheckSpelling(const Root& root, Found& found) {
 
 }  // namespace
 
-void CheckNames(const Root& root, Found& found) {
+void CheckNames(const Root& root, DiagnosticList& found) {
   const DeclaredNames names(root);
   CheckSpelling(root, found);
   CheckScopes(root, names, found);

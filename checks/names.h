@@ -21,6 +21,6 @@ namespace checks {
 ///   use-clash         a declaration named as something that its scope uses: IDL takes a used name
 ///                     as declared there ("in Color color")
 ///   name-not-visible  a name that is written without its scope where it means nothing
-void CheckNames(const Root& root, Found& found);
+void CheckNames(const Root& root, DiagnosticList& found);
 
 }  // namespace checks

@@ -1,10 +1,9 @@
-#include "checks/scopes.h"
-
 #include <string>
 #include <unordered_map>
 #include <utility>
 #include <vector>
 
+#include "checks/name_checks.h"
 #include "checks/used_names.h"
 #include "types/identifier.h"
 
@@ -15,7 +14,7 @@ using mdktoidl::ScopeKind;
 
 class ScopeCheck {
  public:
-  ScopeCheck(const Root& root, const DeclaredNames& names, Found& found)
+  ScopeCheck(const Root& root, const DeclaredNames& names, DiagnosticList& found)
       : root_(root),
         names_(names),
         found_(found),
@@ -100,7 +99,7 @@ class ScopeCheck {
 
   const Root& root_;
   const DeclaredNames& names_;
-  Found& found_;
+  DiagnosticList& found_;
   ScopeNames scopeNames_;
   UseCheck useCheck_;
   std::vector<Scope> scopes_;
@@ -108,7 +107,7 @@ class ScopeCheck {
 
 }  // namespace
 
-void CheckScopes(const Root& root, const DeclaredNames& names, Found& found) {
+void CheckScopes(const Root& root, const DeclaredNames& names, DiagnosticList& found) {
   ScopeCheck(root, names, found).Run();
 }
 

@@ -15,7 +15,8 @@ namespace checks {
 class UseCheck {
  public:
   /// `scopeNames` holds the names of the scope that is checked, whichever that is.
-  UseCheck(const Root& root, const DeclaredNames& names, const ScopeNames& scopeNames, Found& found)
+  UseCheck(const Root& root, const DeclaredNames& names, const ScopeNames& scopeNames,
+           DiagnosticList& found)
       : root_(root),
         names_(names),
         scopeNames_(scopeNames),
@@ -36,7 +37,7 @@ class UseCheck {
   const Root& root_;
   const DeclaredNames& names_;
   const ScopeNames& scopeNames_;
-  Found& found_;
+  DiagnosticList& found_;
   std::vector<bool> isReported_;  // by serial
   const Node* scope_ = nullptr;
 };

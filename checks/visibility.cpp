@@ -1,9 +1,8 @@
-#include "checks/visibility.h"
-
 #include <cstddef>
 #include <unordered_set>
 #include <vector>
 
+#include "checks/name_checks.h"
 #include "tree/use.h"
 
 namespace checks {
@@ -62,7 +61,7 @@ class LookUp {
 }  // namespace
 
 // The facets of a segment are looked up in its component, and need no scope.
-void CheckVisibility(const Root& root, Found& found) {
+void CheckVisibility(const Root& root, DiagnosticList& found) {
   LookUp lookUp(root);
   for (const Use& use : root.AllUses()) {
     if (use.isInScope || use.spelling != Spelling::simple || use.role == UseRole::provides)

@@ -48,7 +48,7 @@ class AgentRun : private mdktoidl::ExportObserver {
   const xmi::Reader& reader_;
   model::Element& artifact_;
   picture::GraphMaker* graph_;
-  checks::Found found_;
+  checks::DiagnosticList found_;
   std::vector<diagnostics::Diagnostic> nameDiagnostics_;
   std::vector<diagnostics::Diagnostic> told_;
   std::vector<std::string> text_;

@@ -4,15 +4,15 @@
 #include <chrono>
 #include <cstdio>
 #include <set>
+#include <span>
 #include <utility>
 
 #include "command/artifact_choice.h"
-#include "command/depfile.h"
 #include "command/settings.h"
 #include "diagnostics/one_line.h"
 #include "picture/graph.h"
 #include "placement/comparison.h"
-#include "placement/written_file.h"
+#include "placement/whole_file.h"
 
 namespace command {
 namespace {
@@ -47,6 +47,32 @@ void CheckThatFilesAreWhole(const StagedExport& exported) {
 
 std::string Counted(std::size_t number, const std::string& what) {
   return std::to_string(number) + " " + what + (number == 1 ? "" : "s");
+}
+
+/// A backslash counts as an escape only before a blank or "#", and is then itself escaped.
+std::string Escaped(const std::string& path) {
+  std::string text;
+  std::size_t backslashes = 0;
+  for (const char character : path) {
+    if (character == ' ' || character == '\t' || character == '#') {
+      text.append(backslashes + 1, '\\');
+    } else if (character == '$') {
+      text += '$';
+    }
+    text += character;
+    backslashes = character == '\\' ? backslashes + 1 : 0;
+  }
+  return text;
+}
+
+/// A rule in the syntax of make: the target depends on the files. Each file gets a rule without
+/// anything to do as well, so that a build doesn't stop when a file is no longer there.
+std::string MakeRule(const std::string& target, std::span<const std::string> files) {
+  std::string text = Escaped(target) + ":";
+  for (const std::string& file : files) text += " \\\n  " + Escaped(file);
+  text += "\n";
+  for (const std::string& file : files) text += "\n" + Escaped(file) + ":\n";
+  return text;
 }
 
 }  // namespace

@@ -66,7 +66,7 @@ class GraphMaker {
   DependencyGraph Finish() &&;
 
  private:
-  class TreePlaces;
+  struct TreePlaces;
 
   std::uint32_t ModuleOf(const mdktoidl::Node& module, std::uint32_t around);
   std::uint32_t NodeOf(const mdktoidl::Node& node, std::uint32_t around);

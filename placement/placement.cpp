@@ -17,8 +17,7 @@
 #include "placement/interruption.h"
 #include "placement/manifest.h"
 #include "placement/pruning.h"
-#include "placement/replacement.h"
-#include "placement/written_file.h"
+#include "placement/whole_file.h"
 
 namespace placement {
 namespace {
@@ -53,6 +52,55 @@ void CheckReplaceable(const fs::path& file) {
   if (fs::is_directory(file, error)) {
     throw Failure(kExportFailed, "can't write '" + file.string() + "': is a directory");
   }
+}
+
+/// Replaces several files, all of them or none.
+class Replacement {
+ public:
+  Replacement() = default;
+  /// Puts everything back as it was, unless it was kept.
+  ~Replacement();
+  Replacement(const Replacement&) = delete;
+  Replacement& operator=(const Replacement&) = delete;
+
+  /// Gives a file a name that another may have now; `kept` is a free name on the same file system
+  /// where the other stays meanwhile. Throws `Failure`.
+  void Replace(const fs::path& file, const fs::path& name, const fs::path& kept);
+
+  void Keep() { steps_.clear(); }
+
+ private:
+  struct Step {
+    fs::path name;
+    fs::path before;  // empty when there was nothing of the name
+  };
+
+  std::vector<Step> steps_;
+};
+
+Replacement::~Replacement() {
+  std::error_code error;
+  for (auto step = steps_.rbegin(); step != steps_.rend(); ++step) {
+    if (step->before.empty()) {
+      fs::remove(step->name, error);
+    } else {
+      fs::rename(step->before, step->name, error);
+    }
+  }
+}
+
+void Replacement::Replace(const fs::path& file, const fs::path& name, const fs::path& kept) {
+  std::error_code error;
+  const bool isThere = fs::exists(fs::symlink_status(name, error));
+  if (isThere) {
+    fs::create_hard_link(name, kept, error);
+    if (error) fs::copy(name, kept, fs::copy_options::copy_symlinks, error);
+  }
+  if (!isThere || !error) fs::rename(file, name, error);
+  if (error) {
+    throw Failure(kExportFailed, "can't write '" + name.string() + "': " + error.message());
+  }
+  steps_.push_back({name, isThere ? kept : fs::path()});
 }
 
 /// The files to replace, of all exports; a file that several make is one. Makes the directories

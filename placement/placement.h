@@ -6,7 +6,7 @@
 #include <memory>
 #include <vector>
 
-#include "placement/staged_export.h"
+#include "placement/staging.h"
 
 namespace placement {
 

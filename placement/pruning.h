@@ -6,7 +6,7 @@
 #include <string>
 
 #include "placement/manifest.h"
-#include "placement/staged_export.h"
+#include "placement/staging.h"
 
 namespace placement {
 

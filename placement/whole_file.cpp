@@ -1,5 +1,7 @@
 #include "placement/whole_file.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -22,6 +24,18 @@ namespace fs = std::filesystem;
 bool WriteAll(std::FILE* file, std::string_view text) {
   const bool isWritten = std::fwrite(text.data(), 1, text.size(), file) == text.size();
   return std::fclose(file) == 0 && isWritten;
+}
+
+/// Devices and pipes can't be replaced by a file; who names one wants the text to go there.
+bool IsReplaceable(const fs::path& file) {
+  std::error_code error;
+  const fs::file_status status = fs::status(file, error);
+  return !fs::exists(status) || fs::is_regular_file(status);
+}
+
+void WriteInto(const fs::path& file, std::string_view text) {
+  std::FILE* out = std::fopen(file.c_str(), "wb");
+  if (out == nullptr || !WriteAll(out, text)) Fail(file, errno);
 }
 
 }  // namespace
@@ -51,6 +65,33 @@ void WholeFile::PutInPlace() {
   fs::rename(temporary_, target_, error);
   if (error) Fail(target_, error.value());
   isInPlace_ = true;
+}
+
+void WriteWhole(const fs::path& file, std::string_view text) {
+  if (!IsReplaceable(file)) return WriteInto(file, text);
+  WholeFile whole(file);
+  whole.Write(text);
+  whole.PutInPlace();
+}
+
+void CheckWritable(const fs::path& file) {
+  std::error_code error;
+  if (fs::is_directory(file, error)) Fail(file, EISDIR);
+  const fs::path parent = file.has_parent_path() ? file.parent_path() : fs::path(".");
+  if (access(parent.c_str(), W_OK | X_OK) != 0 && !fs::exists(file, error)) {
+    Fail(file, errno);
+  }
+}
+
+void Touch(const fs::path& file) {
+  constexpr mode_t mode = 0666;
+  const int descriptor = open(file.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, mode);
+  if (descriptor < 0 || futimens(descriptor, nullptr) != 0) {
+    const int reason = errno;
+    if (descriptor >= 0) close(descriptor);
+    Fail(file, reason);
+  }
+  close(descriptor);
 }
 
 }  // namespace placement

@@ -1,4 +1,5 @@
-// A file that appears under its name complete or not at all.
+// Files other than IDL, which the command makes itself: they appear under their names complete or
+// not at all.
 #pragma once
 
 #include <filesystem>
@@ -30,5 +31,14 @@ class WholeFile {
   RemovedOnInterruption removal_;
   bool isInPlace_ = false;
 };
+
+/// Puts a file in place, whole or not at all. Makes no directories. Throws `Failure`.
+void WriteWhole(const std::filesystem::path& file, std::string_view text);
+
+/// Throws `Failure` when it is already clear that the file can't be written.
+void CheckWritable(const std::filesystem::path& file);
+
+/// Makes the file if it is missing, and sets its time stamp to now. Throws `Failure`.
+void Touch(const std::filesystem::path& file);
 
 }  // namespace placement

@@ -30,13 +30,13 @@ using support::ExportBench;
 class Listener : public mdktoidl::ExportObserver {
  public:
   bool Built(const mdktoidl::Root& root) override {
-    checks::Found found;
+    checks::DiagnosticList found;
     const bool isSafe = checks::CheckFileNames(root, "Out", found);
     Keep(std::move(found).Sorted());
     return isSafe;
   }
   void Evaluated(const mdktoidl::Root& root) override {
-    checks::Found found;
+    checks::DiagnosticList found;
     checks::CheckNames(root, found);
     Keep(std::move(found).Sorted());
   }

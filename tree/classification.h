@@ -49,7 +49,7 @@ inline bool isPublicConstant(mdk::IMdeEntity* member) {
 /// Makes a node of one construct.
 template <typename Construct>
 std::unique_ptr<Node> Make(mdk::IMdeEntity* member, Container* parent) {
-  return std::make_unique<Construct>(member, parent);
+  return MakeNode<Construct>(member, parent);
 }
 
 }  // namespace mdktoidl

@@ -16,7 +16,7 @@ Struct::Struct(mdk::IMdeEntity* element, Container* parent) : Container(element,
   for (mdk::IMdeEntity* member : members) {
     if (!member->IsKindOf(metaclasses::attribute) || !isPublic(member)) continue;
     if (isConstant(member)) Report(Message::structHasConstant);
-    Adopt(std::make_unique<Field>(member, this));
+    Adopt(MakeNode<Field>(member, this));
   }
 }
 
@@ -34,7 +34,7 @@ void Struct::UnparseForward(Writer& out) const {
 Exception::Exception(mdk::IMdeEntity* element, Container* parent) : Container(element, parent) {
   CreateNodeRef();
   for (mdk::IMdeEntity* member : OwnedAttributes(element)) {
-    if (isPublic(member)) Adopt(std::make_unique<Field>(member, this));
+    if (isPublic(member)) Adopt(MakeNode<Field>(member, this));
   }
 }
 
@@ -54,7 +54,7 @@ Enumeration::Enumeration(mdk::IMdeEntity* element, Container* parent) : Containe
   CreateNodeRef();
   const std::list<mdk::IMdeEntity*> literals = Elements(element, properties::literal);
   children.reserve(literals.size());
-  for (mdk::IMdeEntity* literal : literals) Adopt(std::make_unique<Enumerator>(literal, this));
+  for (mdk::IMdeEntity* literal : literals) Adopt(MakeNode<Enumerator>(literal, this));
 }
 
 void Enumeration::IndexLiterals() const {

@@ -102,11 +102,11 @@ ComponentImpl::ComponentImpl(mdk::IMdeEntity* element, Container* parent)
 void ComponentImpl::AdoptMember(mdk::IMdeEntity* member) {
   if (isMarked(member, stereotypes::corbaHomeImpl)) {
     if (homeExecutor != nullptr) return Report(Message::compositionHasMoreHomeExecutors);
-    auto executor = std::make_unique<HomeImpl>(member, this);
+    auto executor = MakeNode<HomeImpl>(member, this);
     homeExecutor = executor.get();
     Adopt(std::move(executor));
   } else if (isMarked(member, stereotypes::corbaSegment)) {
-    auto segment = std::make_unique<Segment>(member, this);
+    auto segment = MakeNode<Segment>(member, this);
     segments.push_back(segment.get());
     Adopt(std::move(segment));
   }

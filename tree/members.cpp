@@ -42,7 +42,7 @@ Operation::Operation(mdk::IMdeEntity* element, Container* parent)
   const std::list<mdk::IMdeEntity*> parameters = Elements(element, properties::parameter);
   children.reserve(parameters.size());
   for (mdk::IMdeEntity* parameter : parameters) {
-    auto node = std::make_unique<Parameter>(parameter, *this);
+    auto node = MakeNode<Parameter>(parameter, *this);
     if (node->isResult()) returnParameter = node.get();
     Adopt(std::move(node));
   }

@@ -7,9 +7,12 @@
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "agent/messages.h"
@@ -143,5 +146,18 @@ class Node : public Definition {
 
 /// Sorts by creation and removes duplicates.
 void SortByCreation(NodeList& nodes);
+
+template <class Owner>
+Owner OwnerOf(const Construct& (Owner::*kind)() const);
+
+/// Makes a node of a construct, which has to have a row of its own: that of a construct it is made
+/// after says other things. Only what can't be made alone may share its row with what is made after
+/// it.
+template <class Made, class... Arguments>
+std::unique_ptr<Made> MakeNode(Arguments&&... arguments) {
+  using Owner = decltype(OwnerOf(&Made::Kind));
+  static_assert(std::is_same_v<Owner, Made> || std::is_abstract_v<Owner>);
+  return std::make_unique<Made>(std::forward<Arguments>(arguments)...);
+}
 
 }  // namespace mdktoidl

@@ -107,7 +107,7 @@ Union::Union(mdk::IMdeEntity* element, Container* parent) : Container(element, p
   for (mdk::IMdeEntity* attribute : OwnedAttributes(element)) {
     if (isMarked(attribute, stereotypes::unionCase)) {
       if (isConstant(attribute)) Report(Message::unionHasConstant);
-      Adopt(std::make_unique<Case>(attribute, this));
+      Adopt(MakeNode<Case>(attribute, this));
     } else if (discriminator == nullptr) {
       discriminator = attribute;
     } else {

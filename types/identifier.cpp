@@ -111,11 +111,11 @@ bool MayBeKeyword(std::string_view name, std::uint32_t hash) {
 std::string_view KeywordLike(std::string_view name, bool isImplementation) {
   const std::uint32_t hash = HashOfName(name);
   if (!MayBeKeyword(name, hash)) return {};
-  for (const Keyword& each :
-       std::ranges::equal_range(AllKeywords().sorted, hash, {}, &Keyword::hash)) {
-    if (IsSameName(each.text, name) && (isImplementation || !each.isImplementation)) {
-      return each.text;
-    }
+  const std::vector<Keyword>& sorted = AllKeywords().sorted;
+  auto each = std::ranges::lower_bound(sorted, hash, {}, &Keyword::hash);
+  for (; each != sorted.end() && each->hash == hash; ++each) {
+    const bool isKeyword = isImplementation || !each->isImplementation;
+    if (isKeyword && IsSameName(each->text, name)) return each->text;
   }
   return {};
 }
