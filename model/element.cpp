@@ -6,9 +6,9 @@
 #include <type_traits>
 
 #include "model/api_error.h"
-#include "model/names.h"
 #include "model/slot.h"
 #include "model/storage.h"
+#include "model/vocabulary.h"
 
 namespace model {
 
@@ -139,7 +139,7 @@ std::span<Element* const> Element::Entities(Symbol property) const {
 }
 
 bool Element::HasKeyword(Symbol keyword) const {
-  const auto keywords = Entities(names::keyword);
+  const auto keywords = Entities(properties::keyword);
   if (keywords.empty()) return false;
   return std::find(keywords.begin(), keywords.end(), model_->impl_->KeywordOf(keyword)) !=
          keywords.end();

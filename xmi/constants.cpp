@@ -1,16 +1,13 @@
 #include "xmi/constants.h"
 
-#include "xmi/symbols.h"
-
 namespace xmi {
 
 bool Constants::IsConstant(ItemIndex index) const {
-  static const std::string kQuestion = "CORBAAttribute (. isConstant .)";
-  static const std::string kName(symbols::name.Text());
   const Item& item = reading_.items[index];
   if (item.element == nullptr || item.type != Word::kProperty) return false;
-  mdk::IMdeEntity* value = item.element->EvalExpression(kQuestion, 0);
-  return value != nullptr && value->GetValue(kName, 0) != "false";
+  const model::Element* value =
+      item.element->TaggedValue(stereotypes::corbaAttribute, tags::isConstant);
+  return value != nullptr && value->Text(properties::name) != "false";
 }
 
 void Constants::Index() {

@@ -1,7 +1,5 @@
 #include "xmi/dependencies.h"
 
-#include "xmi/symbols.h"
-
 namespace xmi {
 namespace {
 
@@ -34,7 +32,7 @@ void Dependencies::Set() {
     const std::span<const Link> links = reading_.LinksOf(index, next);
     if (IsDependency(reading_.items[index].type)) SetOne(index, links, lists);
   }
-  lists.Store(reading_, symbols::clientDependency);
+  lists.Store(reading_, properties::clientDependency);
 }
 
 // Those that an element lists itself stand before the others.
@@ -79,22 +77,23 @@ void Dependencies::SetOne(ItemIndex index, std::span<const Link> links, Lists& l
                   reading_.Describe(index) + " names no " + (namesClient ? "supplier" : "client"));
   }
   if (client != kNoItem) {
-    item.element->SetEntity(symbols::client, reading_.items[client].element);
+    item.element->SetEntity(properties::client, reading_.items[client].element);
   }
   if (supplier != kNoItem) {
-    item.element->SetEntity(symbols::supplier, reading_.items[supplier].element);
+    item.element->SetEntity(properties::supplier, reading_.items[supplier].element);
   }
   SetKeyword(item);
 }
 
 void Dependencies::SetKeyword(const Item& item) {
-  if (item.type == Word::kManifestation) reading_.model.AddKeyword(*item.element, "manifest");
+  if (item.type == Word::kManifestation)
+    reading_.model.AddKeyword(*item.element, keywords::manifest.Text());
   if (item.type != Word::kPackageImport) return;
-  const std::string_view visibility = item.element->Text(symbols::visibility);
-  if (visibility.empty() || visibility == "VkPublic") {
-    reading_.model.AddKeyword(*item.element, "import");
-  } else if (visibility == "VkPrivate") {
-    reading_.model.AddKeyword(*item.element, "access");
+  const std::string_view visibility = item.element->Text(properties::visibility);
+  if (visibility.empty() || visibility == values::publicVisibility) {
+    reading_.model.AddKeyword(*item.element, keywords::import.Text());
+  } else if (visibility == values::privateVisibility) {
+    reading_.model.AddKeyword(*item.element, keywords::access.Text());
   }
 }
 
@@ -106,7 +105,7 @@ void Dependencies::SetGeneralizations() {
     if (item.owner == kNoItem || item.Has(Item::kMember)) continue;
     if (item.type == Word::kGeneralization) lists.Add(item.owner, item.element);
     if (item.type != Word::kInterfaceRealization || !TakesRealizations(item.owner)) continue;
-    item.element->SetEntity(symbols::parent, item.element->Entity(symbols::supplier));
+    item.element->SetEntity(properties::parent, item.element->Entity(properties::supplier));
     lists.Add(item.owner, item.element);
   }
   std::size_t next = 0;
@@ -114,7 +113,7 @@ void Dependencies::SetGeneralizations() {
     const auto index = static_cast<ItemIndex>(i);
     AddRealizations(index, reading_.LinksOf(index, next), lists);
   }
-  lists.Store(reading_, symbols::generalization);
+  lists.Store(reading_, properties::generalization);
 }
 
 // UML lets no class specialise an interface, so these realize the interfaces that they support.
@@ -122,7 +121,7 @@ bool Dependencies::TakesRealizations(ItemIndex classifier) const {
   const model::Element* element = reading_.items[classifier].element;
   if (element == nullptr) return false;
   for (const model::Symbol mark :
-       {symbols::corbaValue, symbols::corbaComponent, symbols::corbaHome}) {
+       {stereotypes::corbaValue, stereotypes::corbaComponent, stereotypes::corbaHome}) {
     if (element->Application(mark) != nullptr) return true;
   }
   return false;
@@ -152,11 +151,11 @@ void Dependencies::AddParent(ItemIndex realization, ItemIndex client, ItemIndex 
                              Lists& lists) {
   model::Element* element = reading_.items[realization].element;
   model::Element* parent = reading_.items[supplier].element;
-  const model::Element* const present = element->Entity(symbols::parent);
+  const model::Element* const present = element->Entity(properties::parent);
   if (present != nullptr && present != parent) {
     element = &reading_.model.Create(element->Metaclass());
   }
-  element->SetEntity(symbols::parent, parent);
+  element->SetEntity(properties::parent, parent);
   lists.Add(client, element);
 }
 

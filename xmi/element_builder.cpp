@@ -3,28 +3,26 @@
 #include <array>
 #include <utility>
 
-#include "xmi/symbols.h"
-
 namespace xmi {
 namespace {
 
 using model::Symbol;
 
 Symbol MetaclassOf(Word type) {
-  if (IsPackage(type)) return symbols::package;
-  if (type >= Word::kClass && type <= Word::kFunctionBehavior) return symbols::classClass;
+  if (IsPackage(type)) return metaclasses::package;
+  if (type >= Word::kClass && type <= Word::kFunctionBehavior) return metaclasses::class_;
   switch (type) {
     case Word::kDataType:
     case Word::kPrimitiveType:
     case Word::kEnumeration:
-      return symbols::dataType;
+      return metaclasses::dataType;
     case Word::kDeploymentSpecification:
-      return Symbol("Artifact");
+      return metaclasses::artifact;
     case Word::kProperty:
     case Word::kExtensionEnd:
-      return Symbol("Attribute");
+      return metaclasses::attribute;
     default:
-      return Symbol(IsDependency(type) ? "Dependency" : TextOf(type));
+      return IsDependency(type) ? metaclasses::dependency : Symbol(TextOf(type));
   }
 }
 
@@ -117,7 +115,7 @@ bool ElementBuilder::SetSimple(ItemIndex item, Word feature, std::string_view te
   Item& subject = reading_.items[item];
   switch (feature) {
     case Word::kName:
-      subject.element->SetTextView(symbols::name, text);
+      subject.element->SetTextView(properties::name, text);
       return true;
     case Word::kVisibility:
       SetVisibility(item, Trimmed(text));
@@ -126,12 +124,13 @@ bool ElementBuilder::SetSimple(ItemIndex item, Word feature, std::string_view te
       SetDirection(item, Trimmed(text));
       return true;
     case Word::kIsReadOnly:
-      if (IsTrue(Trimmed(text))) subject.element->SetTextView(symbols::changeability, "CkFrozen");
+      if (IsTrue(Trimmed(text)))
+        subject.element->SetTextView(properties::changeability, values::frozen);
       return true;
     case Word::kIsAbstract:
       if (IsTrue(Trimmed(text))) {
-        subject.element->SetTextView(symbols::isAbstract, "true");
-        subject.element->SetTextView(symbols::isAbstractLower, "true");
+        subject.element->SetTextView(properties::isAbstract, "true");
+        subject.element->SetTextView(properties::isAbstractInSmall, "true");
       }
       return true;
     case Word::kIsConjugated:
@@ -139,7 +138,7 @@ bool ElementBuilder::SetSimple(ItemIndex item, Word feature, std::string_view te
       return true;
     case Word::kBody:
       if (subject.type == Word::kComment) {
-        subject.element->SetTextView(symbols::text, WithoutCarriageReturns(text));
+        subject.element->SetTextView(properties::text, WithoutCarriageReturns(text));
       }
       return true;
     default:
@@ -148,25 +147,28 @@ bool ElementBuilder::SetSimple(ItemIndex item, Word feature, std::string_view te
 }
 
 void ElementBuilder::SetVisibility(ItemIndex item, std::string_view text) {
-  constexpr std::pair<std::string_view, std::string_view> kValues[] = {{"public", "VkPublic"},
-                                                                       {"private", "VkPrivate"},
-                                                                       {"protected", "VkProtected"},
-                                                                       {"package", "VkPackage"}};
+  constexpr std::pair<std::string_view, std::string_view> kValues[] = {
+      {"public", values::publicVisibility},
+      {"private", values::privateVisibility},
+      {"protected", values::protectedVisibility},
+      {"package", values::packageVisibility}};
   for (const auto& [theirs, ours] : kValues) {
     if (theirs != text) continue;
-    reading_.items[item].element->SetTextView(symbols::visibility, ours);
+    reading_.items[item].element->SetTextView(properties::visibility, ours);
     return;
   }
   WarnOfValue(item, "visibility", text);
 }
 
 void ElementBuilder::SetDirection(ItemIndex item, std::string_view text) {
-  constexpr std::pair<std::string_view, std::string_view> kValues[] = {
-      {"in", "DkIn"}, {"inout", "DkInOut"}, {"out", "DkOut"}, {"return", "DkReturn"}};
+  constexpr std::pair<std::string_view, std::string_view> kValues[] = {{"in", values::in},
+                                                                       {"inout", values::inOut},
+                                                                       {"out", values::out},
+                                                                       {"return", values::return_}};
   if (reading_.items[item].type != Word::kParameter) return;
   for (const auto& [theirs, ours] : kValues) {
     if (theirs != text) continue;
-    if (ours != "DkIn") reading_.items[item].element->SetTextView(symbols::direction, ours);
+    if (ours != values::in) reading_.items[item].element->SetTextView(properties::direction, ours);
     return;
   }
   WarnOfValue(item, "direction", text);

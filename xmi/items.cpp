@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <functional>
 
-#include "xmi/symbols.h"
-
 namespace xmi {
 
 ItemIndex Items::Add(const Item& item) {
@@ -14,7 +12,7 @@ ItemIndex Items::Add(const Item& item) {
 
 std::string_view Items::NameOf(ItemIndex index) const {
   const model::Element* element = items_[index].element;
-  return element == nullptr ? std::string_view() : element->Text(symbols::name);
+  return element == nullptr ? std::string_view() : element->Text(properties::name);
 }
 
 ItemIndex Items::ScopeOf(ItemIndex index) const {

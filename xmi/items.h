@@ -12,9 +12,18 @@
 #include <vector>
 
 #include "model/element.h"
+#include "model/vocabulary.h"
 #include "xmi/words.h"
 
 namespace xmi {
+
+// The reader speaks of the model all the time.
+namespace keywords = model::keywords;
+namespace metaclasses = model::metaclasses;
+namespace properties = model::properties;
+namespace stereotypes = model::stereotypes;
+namespace tags = model::tags;
+namespace values = model::values;
 
 using ItemIndex = std::uint32_t;
 using FileIndex = std::uint16_t;

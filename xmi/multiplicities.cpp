@@ -1,7 +1,5 @@
 #include "xmi/multiplicities.h"
 
-#include "xmi/symbols.h"
-
 namespace xmi {
 
 // What an element's values say stands together, since they are the element's children.
@@ -32,7 +30,7 @@ void Multiplicities::SetFor(ItemIndex item, const Given& given) {
   if (given.standard == nullptr || given.standard->feature != Word::kDefaultValue) return;
   if (reading_.items[item].type == Word::kParameter) return;
   model::Element* const value = values_.ReadDefault(*given.standard);
-  reading_.items[item].element->SetEntity(symbols::defaultValue, value);
+  reading_.items[item].element->SetEntity(properties::defaultValue, value);
 }
 
 Bound Multiplicities::ReadBound(ItemIndex item, const ValueNode* value, const char* name) {
@@ -50,11 +48,11 @@ void Multiplicities::SetRange(ItemIndex item, const Bound& lower, const Bound& u
   model::Element& high = values_.ElementOf(upper);
   model::Element*& range = ranges_[{&low, &high}];
   if (range == nullptr) {
-    range = &reading_.model.Create(symbols::openRange);
-    range->SetEntity(symbols::lowerBound, &low);
-    range->SetEntity(symbols::upperBound, &high);
+    range = &reading_.model.Create(metaclasses::openRange);
+    range->SetEntity(properties::lowerBound, &low);
+    range->SetEntity(properties::upperBound, &high);
   }
-  reading_.items[item].element->SetEntities(symbols::multiplicity, {&range, 1});
+  reading_.items[item].element->SetEntities(properties::multiplicity, {&range, 1});
 }
 
 }  // namespace xmi

@@ -4,8 +4,6 @@
 #include <unordered_set>
 #include <utility>
 
-#include "xmi/symbols.h"
-
 namespace xmi {
 namespace {
 
@@ -79,7 +77,8 @@ void Ports::CollectFrom(ItemIndex index, std::span<const Link> links) {
 bool Ports::IsInterface(ItemIndex classifier) const {
   const Item& item = reading_.items[classifier];
   if (item.element == nullptr) return false;
-  return item.type == Word::kInterface || item.element->Application(symbols::corbaValue) != nullptr;
+  return item.type == Word::kInterface ||
+         item.element->Application(stereotypes::corbaValue) != nullptr;
 }
 
 // Collects from the sources alone, so that a deep hierarchy costs a port what it gets from it.
@@ -154,8 +153,8 @@ void Ports::SetOne(ItemIndex port, ItemIndex type) {
     }
     reading_.items[port].element->SetEntities(property, elements);
   };
-  store(relations.realized, symbols::realized);
-  store(relations.used, symbols::required);
+  store(relations.realized, properties::realized);
+  store(relations.used, properties::required);
 }
 
 }  // namespace xmi

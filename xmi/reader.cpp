@@ -10,7 +10,6 @@
 #include "xmi/remote_parts.h"
 #include "xmi/resolver.h"
 #include "xmi/stereotypes.h"
-#include "xmi/symbols.h"
 #include "xmi/templates.h"
 #include "xmi/types.h"
 #include "xmi/values.h"
@@ -49,12 +48,12 @@ struct Reader::Impl {
 
 void Reader::Impl::SetDefaults(const std::string& path) {
   model::Model& model = reading.model;
-  model.SetDefaultText(symbols::uri, UriOf(path));
-  model.SetDefaultText(symbols::visibility, "VkNoVisibility");
-  model.SetDefaultText(symbols::changeability, "CkUnfrozen");
-  model.SetDefaultText(symbols::isAbstract, "false");
-  model.SetDefaultText(symbols::isAbstractLower, "false");
-  model.SetDefaultText(symbols::direction, "DkIn");
+  model.SetDefaultText(properties::uri, UriOf(path));
+  model.SetDefaultText(properties::visibility, values::noVisibility);
+  model.SetDefaultText(properties::changeability, values::unfrozen);
+  model.SetDefaultText(properties::isAbstract, "false");
+  model.SetDefaultText(properties::isAbstractInSmall, "false");
+  model.SetDefaultText(properties::direction, values::in);
 }
 
 // Files are opened while others are walked; the loop gets to them all.

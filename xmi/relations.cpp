@@ -3,7 +3,6 @@
 #include <unordered_set>
 
 #include "xmi/libraries.h"
-#include "xmi/symbols.h"
 
 namespace xmi {
 
@@ -11,9 +10,9 @@ void Relations::NamePrimitives() {
   for (std::size_t i = 0; i < reading_.items.Size(); ++i) {
     const Item& item = reading_.items[static_cast<ItemIndex>(i)];
     if (item.type != Word::kPrimitiveType || item.Has(Item::kMarked)) continue;
-    const std::string_view name = item.element->Text(symbols::name);
+    const std::string_view name = item.element->Text(properties::name);
     const std::string_view known = PrimitiveName(name);
-    if (known != name) item.element->SetTextView(symbols::name, known);
+    if (known != name) item.element->SetTextView(properties::name, known);
   }
 }
 
@@ -24,7 +23,7 @@ void Relations::SetLinks() {
       SetLink(link, exceptions);
     }
   }
-  exceptions.Store(reading_, symbols::raisedException);
+  exceptions.Store(reading_, properties::raisedException);
 }
 
 void Relations::SetLink(const Link& link, Lists& exceptions) {
@@ -32,20 +31,20 @@ void Relations::SetLink(const Link& link, Lists& exceptions) {
   model::Element* const target = reading_.items[link.to].element;
   switch (link.feature) {
     case Word::kType:
-      if (IsTyped(from.type) && from.element->Entity(symbols::targetType) == nullptr) {
+      if (IsTyped(from.type) && from.element->Entity(properties::targetType) == nullptr) {
         types_.Set(link.from, link.to);
       }
       break;
     case Word::kGeneral:
-      if (from.element->Entity(symbols::parent) == nullptr) {
-        from.element->SetEntity(symbols::parent, target);
+      if (from.element->Entity(properties::parent) == nullptr) {
+        from.element->SetEntity(properties::parent, target);
       }
       break;
     case Word::kRaisedException:
       exceptions.Add(link.from, target);
       break;
     case Word::kSignalReference:
-      from.element->SetEntity(symbols::signal, target);
+      from.element->SetEntity(properties::signal, target);
       break;
     default:
       break;
@@ -56,7 +55,7 @@ void Relations::SetLink(const Link& link, Lists& exceptions) {
 // result.
 bool Relations::IsParameter(const Item& item) const {
   if (item.type != Word::kParameter) return false;
-  if (item.element->Text(symbols::direction) != "DkReturn") return true;
+  if (item.element->Text(properties::direction) != values::return_) return true;
   return item.Has(Item::kTyped) && !item.Has(Item::kTypedVoid);
 }
 
@@ -64,7 +63,7 @@ void Relations::AddMember(ItemIndex index, Lists& members) {
   const Item& item = reading_.items[index];
   if (!item.Has(Item::kMember) || item.Has(Item::kHolder)) return;
   model::Element* member = item.element;
-  if (item.type == Word::kReception) member = item.element->Entity(symbols::signal);
+  if (item.type == Word::kReception) member = item.element->Entity(properties::signal);
   if (member != nullptr) members.Add(reading_.items.ScopeOf(index), member);
 }
 
@@ -82,12 +81,12 @@ void Relations::SetMembers() {
     if (isSignals || IsParameter(item)) parameters.Add(item.owner, item.element);
     if (item.type == Word::kEnumerationLiteral) {
       literals.Add(item.owner, item.element);
-      item.element->SetEntity(symbols::owner, owner.element);
+      item.element->SetEntity(properties::owner, owner.element);
     }
   }
-  members.Store(reading_, symbols::ownedMember);
-  parameters.Store(reading_, symbols::parameter);
-  literals.Store(reading_, symbols::literal);
+  members.Store(reading_, properties::ownedMember);
+  parameters.Store(reading_, properties::parameter);
+  literals.Store(reading_, properties::literal);
   for (const Root& root : reading_.roots) {
     const Item& item = reading_.items[root.item];
     const bool isOwn = item.owner == kNoItem && !reading_.files[item.file].isLibrary;
@@ -103,7 +102,7 @@ void Relations::SetComments() {
     const std::span<const Link> links = reading_.LinksOf(index, next);
     if (reading_.items[index].type == Word::kComment) AddComment(index, links, comments);
   }
-  comments.Store(reading_, symbols::comment);
+  comments.Store(reading_, properties::comment);
 }
 
 // A comment that annotates nothing is its owner's.

@@ -5,7 +5,6 @@
 
 #include "xmi/element_builder.h"
 #include "xmi/start_tag.h"
-#include "xmi/symbols.h"
 
 namespace xmi {
 namespace {
@@ -75,8 +74,8 @@ const IdTarget* Resolver::FindInExtensions(FileIndex file, std::string_view id) 
       const std::string_view nodeId = LocalAttribute(node, "id", true);
       const std::string_view type = LocalAttribute(node, "type", true);
       if (nodeId.empty() || TypeOf(SplitName(type).local) != Word::kPrimitiveType) return;
-      model::Element& element = reading_.model.Create(symbols::dataType);
-      element.SetTextView(symbols::name, LocalAttribute(node, "name", false));
+      model::Element& element = reading_.model.Create(metaclasses::dataType);
+      element.SetTextView(properties::name, LocalAttribute(node, "name", false));
       const ItemIndex item =
           reading_.items.Add({&element, kNoItem, reading_.files[file].document->OffsetOf(node),
                               file, Word::kPrimitiveType, 0});

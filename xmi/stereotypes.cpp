@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "xmi/start_tag.h"
-#include "xmi/symbols.h"
 
 namespace xmi {
 namespace {
@@ -13,22 +12,24 @@ namespace {
 bool IsBase(std::string_view name) { return name.substr(0, 5) == "base_"; }
 
 // The metaclass under which the agent looks for a stereotype, where that is only one.
-model::Symbol MetaclassFor(std::string_view stereotype) {
-  for (const std::string_view name :
-       {"CORBAStruct", "CORBAUnion", "CORBAException", "CORBASequence", "CORBABoxedValue",
-        "CORBAComponent", "CORBAComponentImpl", "CORBAHomeImpl", "CORBASegment"}) {
-    if (name == stereotype) return symbols::classClass;
+model::Symbol MetaclassFor(model::Symbol stereotype) {
+  for (const model::Symbol known :
+       {stereotypes::corbaStruct, stereotypes::corbaUnion, stereotypes::corbaException,
+        stereotypes::corbaSequence, stereotypes::corbaBoxedValue, stereotypes::corbaComponent,
+        stereotypes::corbaComponentImpl, stereotypes::corbaHomeImpl, stereotypes::corbaSegment}) {
+    if (known == stereotype) return metaclasses::class_;
   }
-  for (const std::string_view name : {"CORBAValue", "CORBAEvent", "CORBAHome"}) {
-    if (name == stereotype) return symbols::interface;
+  for (const model::Symbol known :
+       {stereotypes::corbaValue, stereotypes::corbaEvent, stereotypes::corbaHome}) {
+    if (known == stereotype) return metaclasses::interface;
   }
-  return stereotype == "CORBAEnum" ? symbols::dataType : model::Symbol();
+  return stereotype == stereotypes::corbaEnum ? metaclasses::dataType : model::Symbol();
 }
 
 // Where stereotypes ask for different metaclasses, the one that the agent asks for first counts.
 int RankOf(model::Symbol metaclass) {
-  if (metaclass == symbols::classClass) return 0;
-  return metaclass == symbols::interface ? 1 : 2;
+  if (metaclass == metaclasses::class_) return 0;
+  return metaclass == metaclasses::interface ? 1 : 2;
 }
 
 // Tools put "_" before a name that isn't good for theirs.
@@ -55,17 +56,19 @@ void Stereotypes::Apply() {
 const Stereotypes::Known& Stereotypes::KnownOf(std::string_view name) {
   const auto found = known_.find(name);
   if (found != known_.end()) return found->second;
+  const model::Symbol symbol(name);
   Known known;
-  known.element = &reading_.model.Stereotype(name);
-  known.isCorba = name.substr(0, 5) == "CORBA" && profile_.Find(name) != nullptr;
-  known.metaclass = MetaclassFor(name);
-  known.holdsConstants = name == "CORBAConstants";
+  known.element = &reading_.model.Stereotype(symbol);
+  known.isCorba = name.starts_with(stereotypes::corba.Text()) && profile_.Find(name) != nullptr;
+  known.metaclass = MetaclassFor(symbol);
+  known.holdsConstants = symbol == stereotypes::corbaConstants;
   return known_.emplace(name, known).first->second;
 }
 
 void Stereotypes::ApplyOne(const Application& application) {
   const std::string_view name = StereotypeName(application.node.name(), profile_);
-  if (name == "Node") {  // left behind by an export that was broken off; the run makes its own
+  if (name == stereotypes::node
+                  .Text()) {  // left behind by an export that was broken off; the run makes its own
     ++reading_.passedOver[application.node.name()];
     return;
   }
@@ -73,9 +76,9 @@ void Stereotypes::ApplyOne(const Application& application) {
   for (const ItemIndex subject : SubjectsOf(application, name)) {
     model::Element& element = *reading_.items[subject].element;
     bool applied = false;
-    const auto others = element.Entities(symbols::stereotypeInstance);
+    const auto others = element.Entities(properties::stereotypeInstance);
     for (const model::Element* other : others) {
-      applied = applied || other->Entity(symbols::instanceOf) == known.element;
+      applied = applied || other->Entity(properties::instanceOf) == known.element;
     }
     if (applied) {
       reading_.Warn(subject, "stereotype-twice",
@@ -193,14 +196,14 @@ void Stereotypes::SetTag(model::Element& instance, std::string_view stereotype,
 
 void Stereotypes::MakeConstants() {
   if (holders_.empty()) return;
-  model::Element& attribute = reading_.model.Stereotype(symbols::corbaAttribute.Text());
+  model::Element& attribute = reading_.model.Stereotype(stereotypes::corbaAttribute);
   for (std::size_t i = 0; i < reading_.items.Size(); ++i) {
     const Item& item = reading_.items[static_cast<ItemIndex>(i)];
     if (item.type != Word::kProperty || item.owner == kNoItem || item.element == nullptr) continue;
     if (!reading_.items[item.owner].Has(Item::kHolder)) continue;
-    model::Element* application = item.element->Application(symbols::corbaAttribute);
+    model::Element* application = item.element->Application(stereotypes::corbaAttribute);
     if (application == nullptr) application = &reading_.model.Apply(*item.element, attribute);
-    reading_.model.SetTag(*application, symbols::isConstant, "true");
+    reading_.model.SetTag(*application, tags::isConstant, "true");
   }
 }
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "xmi/start_tag.h"
-#include "xmi/symbols.h"
 
 namespace xmi {
 namespace {
@@ -31,12 +30,12 @@ void ForEachTarget(pugi::xml_node node, const char* feature, const Visitor& visi
 void Templates::Find() {
   for (const Part& binding : reading_.bindings) {
     const Item& item = reading_.items[binding.item];
-    const bool taken = item.element->Metaclass() == symbols::templateInstantiation;
+    const bool taken = item.element->Metaclass() == metaclasses::templateInstantiation;
     if (!IsClassifier(item.type) || item.Has(Item::kMarked) || taken) continue;
     const ItemIndex generic = TemplateOf(binding);
     if (generic == kNoItem || !IsTemplateName(reading_.items.NameOf(generic))) continue;
-    item.element->SetMetaclass(symbols::templateInstantiation);
-    item.element->SetEntity(symbols::instanceOf, reading_.items[generic].element);
+    item.element->SetMetaclass(metaclasses::templateInstantiation);
+    item.element->SetEntity(properties::instanceOf, reading_.items[generic].element);
     instantiations_.push_back({binding.item, &binding, {}, {}});
   }
   std::sort(instantiations_.begin(), instantiations_.end(),
@@ -62,7 +61,7 @@ void Templates::Fill(Values& values, Types& types) {
   for (Instantiation& instantiation : instantiations_) FillOne(instantiation, values, types);
   CutCycles(values);
   for (const Instantiation& instantiation : instantiations_) {
-    reading_.items[instantiation.item].element->SetEntities(symbols::actualTemplateParameter,
+    reading_.items[instantiation.item].element->SetEntities(properties::actualTemplateParameter,
                                                             instantiation.actuals);
   }
 }
@@ -128,7 +127,7 @@ void Templates::AddReferred(Instantiation& instantiation, ItemIndex actual, std:
     return;
   }
   model::Element& element = *reading_.items[actual].element;
-  if (element.Metaclass() == symbols::templateInstantiation) {
+  if (element.Metaclass() == metaclasses::templateInstantiation) {
     instantiation.actuals.push_back(&element);
     instantiation.nested.push_back(actual);
   } else {

@@ -4,7 +4,6 @@
 
 #include "xmi/literals.h"
 #include "xmi/start_tag.h"
-#include "xmi/symbols.h"
 
 namespace xmi {
 namespace {
@@ -50,16 +49,17 @@ std::string SymbolOf(pugi::xml_node node) {
 std::string_view BaseName(const model::Element* type) {
   constexpr int kMostSteps = 100;  // typedefs that go round in circles have no base
   for (int step = 0; type != nullptr && step < kMostSteps; ++step) {
-    if (const model::Element* generic = type->Entity(symbols::instanceOf)) {
-      return generic->Text(symbols::name);
+    if (const model::Element* generic = type->Entity(properties::instanceOf)) {
+      return generic->Text(properties::name);
     }
-    if (type->Application(symbols::corbaTypedef) == nullptr) return type->Text(symbols::name);
-    const auto generals = type->Entities(symbols::generalization);
-    const auto members = type->Entities(symbols::ownedMember);
+    if (type->Application(stereotypes::corbaTypedef) == nullptr)
+      return type->Text(properties::name);
+    const auto generals = type->Entities(properties::generalization);
+    const auto members = type->Entities(properties::ownedMember);
     if (!generals.empty()) {
-      type = generals.front()->Entity(symbols::parent);
+      type = generals.front()->Entity(properties::parent);
     } else {
-      type = members.empty() ? nullptr : members.front()->Entity(symbols::type);
+      type = members.empty() ? nullptr : members.front()->Entity(properties::type);
     }
   }
   return {};
@@ -84,13 +84,13 @@ model::Element& Values::Shared(model::Symbol metaclass, std::string_view text) {
   model::Element*& element = shared_[std::move(key)];
   if (element == nullptr) {
     element = &reading_.model.Create(metaclass);
-    element->SetText(symbols::valueString, text);
+    element->SetText(properties::valueString, text);
   }
   return *element;
 }
 
 model::Element& Values::Integer(std::string_view text) {
-  return Shared(symbols::integerValue, text);
+  return Shared(metaclasses::integerValue, text);
 }
 
 model::Element& Values::Ident(std::string_view name, ItemIndex definition) {
@@ -98,10 +98,10 @@ model::Element& Values::Ident(std::string_view name, ItemIndex definition) {
   key += name;
   model::Element*& element = shared_[std::move(key)];
   if (element == nullptr) {
-    element = &reading_.model.Create(symbols::ident);
-    element->SetText(symbols::name, name);
+    element = &reading_.model.Create(metaclasses::ident);
+    element->SetText(properties::name, name);
     if (definition != kNoItem) {
-      element->SetEntity(symbols::definition, reading_.items[definition].element);
+      element->SetEntity(properties::definition, reading_.items[definition].element);
     }
   }
   return *element;
@@ -187,15 +187,15 @@ model::Element* Values::ReadDefault(const ValueNode& value) {
     case Word::kLiteralUnlimitedNatural: {
       const std::string number = text("0");
       const bool isNumber = KindOfLiteral(number) == LiteralKind::kInteger;
-      return &Shared(isNumber ? symbols::integerValue : symbols::opaqueExpression, number);
+      return &Shared(isNumber ? metaclasses::integerValue : metaclasses::opaqueExpression, number);
     }
     case Word::kLiteralReal: {
       const std::string number = text("0.0");
       const bool isNumber = KindOfLiteral(number) != LiteralKind::kNone;
-      return &Shared(isNumber ? symbols::realValue : symbols::opaqueExpression, number);
+      return &Shared(isNumber ? metaclasses::realValue : metaclasses::opaqueExpression, number);
     }
     case Word::kLiteralBoolean:
-      return &Shared(symbols::booleanValue, text("false"));
+      return &Shared(metaclasses::booleanValue, text("false"));
     case Word::kLiteralString:
       return ReadString(value);
     case Word::kInstanceValue:
@@ -215,13 +215,13 @@ model::Element* Values::ReadString(const ValueNode& value) {
   const std::optional<std::string> text = TextOfValue(value);
   if (!text) return nullptr;
   const model::Element& property = *reading_.items[value.item].element;
-  const model::Element* type = property.Entity(symbols::type);
-  if (type == nullptr) type = property.Entity(symbols::targetType);
+  const model::Element* type = property.Entity(properties::type);
+  if (type == nullptr) type = property.Entity(properties::targetType);
   const std::string_view base = BaseName(type);
   if (base == "char" || base == "wchar" || base == "Character") {
-    return &Shared(symbols::characterValue, Quoted(*text, '\'', base == "wchar"));
+    return &Shared(metaclasses::characterValue, Quoted(*text, '\'', base == "wchar"));
   }
-  return &Shared(symbols::charstringValue, Quoted(*text, '"', base == "wstring"));
+  return &Shared(metaclasses::charstringValue, Quoted(*text, '"', base == "wstring"));
 }
 
 model::Element* Values::ReadInstance(const ValueNode& value) {
@@ -238,25 +238,25 @@ model::Element* Values::ReadOpaque(const ValueNode& value, std::string_view body
   const std::string_view text = WithoutBlanks(body);
   switch (KindOfLiteral(text)) {
     case LiteralKind::kInteger:
-      return &Shared(symbols::integerValue, text);
+      return &Shared(metaclasses::integerValue, text);
     case LiteralKind::kReal:
-      return &Shared(symbols::realValue, text);
+      return &Shared(metaclasses::realValue, text);
     case LiteralKind::kCharacter:
-      return &Shared(symbols::characterValue, text);
+      return &Shared(metaclasses::characterValue, text);
     case LiteralKind::kString:
-      return &Shared(symbols::charstringValue, text);
+      return &Shared(metaclasses::charstringValue, text);
     case LiteralKind::kNone:
       break;
   }
   if (IsName(text)) {
     ItemIndex definition = constants_.Find(value.item, text);
-    const model::Element* type = reading_.items[value.item].element->Entity(symbols::type);
+    const model::Element* type = reading_.items[value.item].element->Entity(properties::type);
     if (definition == kNoItem && type != nullptr) {
       definition = constants_.FindLiteral(reading_.items.Find(*type), text);
     }
     if (definition != kNoItem) return &Ident(text, definition);
   }
-  return &Shared(symbols::opaqueExpression, text);
+  return &Shared(metaclasses::opaqueExpression, text);
 }
 
 }  // namespace xmi

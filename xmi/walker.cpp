@@ -1,7 +1,6 @@
 #include "xmi/walker.h"
 
 #include "xmi/profile.h"
-#include "xmi/symbols.h"
 
 namespace xmi {
 namespace {
@@ -287,7 +286,7 @@ void Walker::TakeKeywords(pugi::xml_node node, ItemIndex owner) {
     if (key.empty()) continue;
     model::Element& element = *reading_.items[owner].element;
     reading_.model.AddKeyword(element, key);
-    if (element.Entities(model::Symbol("Keyword")).size() > kMostOfAKind) {
+    if (element.Entities(properties::keyword).size() > kMostOfAKind) {
       FailCrowded(node, "keywords on one element");
     }
   }
@@ -295,7 +294,7 @@ void Walker::TakeKeywords(pugi::xml_node node, ItemIndex owner) {
 
 ItemIndex Walker::BuildItem(Word type, ItemIndex owner) {
   const ItemIndex item = builder_.Build(tag_, type, owner, file_, offset_);
-  if (!uri_.empty()) reading_.items[item].element->SetTextView(symbols::uri, uri_);
+  if (!uri_.empty()) reading_.items[item].element->SetTextView(properties::uri, uri_);
   RememberId(item, false);
   return item;
 }
