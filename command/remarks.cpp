@@ -35,7 +35,7 @@ std::string SummaryOf(const std::map<std::string, std::size_t>& passedOver) {
 
 std::vector<Diagnostic> DiagnosticsOf(const xmi::Reader& reader) {
   std::vector<Diagnostic> diagnostics;
-  for (const xmi::Remark& remark : reader.Remarks()) {
+  for (const xmi::Diagnostic& remark : reader.Diagnostics()) {
     Diagnostic diagnostic;
     if (remark.element != nullptr) PointAt(reader, *remark.element, diagnostic);
     diagnostic.text = remark.text;

@@ -29,7 +29,7 @@ using testing::IsEmpty;
 std::vector<std::string> Findings(const std::string& model) {
   XmiFiles files;
   files.Write("model.uml", model).Read();
-  EXPECT_THAT(files.Remarks(), IsEmpty());
+  EXPECT_THAT(files.Diagnostics(), IsEmpty());
   std::vector<std::string> lines;
   for (const Diagnostic& found : command::CheckNames(files.Reader(), files["out"]).problems) {
     const std::string severity = found.severity == Severity::kError ? "error " : "";

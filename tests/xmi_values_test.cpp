@@ -90,11 +90,11 @@ TEST(XmiMultiplicities, AreRanges) {
       {upper(instance + R"( instance="i7">)"), "1..7", false},
       {upper(instance + R"( instance="nowhere">)"), "", true},
   };
-  for (const auto& [values, range, isRemarked] : cases) {
+  for (const auto& [values, range, isDiagnosed] : cases) {
     XmiFiles files;
     files.ReadModel(Scope(values), kMarks);
     EXPECT_EQ(MultiplicityText(files["a"]), range) << values;
-    EXPECT_EQ(!files.Remarks().empty(), isRemarked) << values;
+    EXPECT_EQ(!files.Diagnostics().empty(), isDiagnosed) << values;
   }
   // The nearest constant counts, not the first.
   XmiFiles files;
@@ -167,7 +167,7 @@ TEST(XmiDefaultValues, AreOfTheirKind) {
     const std::string href = "<type href=\"CORBA.library.uml#" + type + "\"/>";
     files.ReadModel(Scope((type.empty() ? "" : href) + values), kMarks);
     EXPECT_EQ(DefaultText(files["a"]), text) << values;
-    EXPECT_THAT(files.Remarks(), IsEmpty()) << values;
+    EXPECT_THAT(files.Diagnostics(), IsEmpty()) << values;
   }
 }
 
@@ -264,7 +264,7 @@ TEST(XmiTemplates, ThatAreTheirOwnParametersAreCut) {
                 </packagedElement>)";
   files.ReadModel(members);
   EXPECT_EQ(TypeText(files["x"]), "sequence<sequence<sequence<?a>>>");
-  EXPECT_THAT(files.Remarks(), ElementsAre(HasSubstr("Class c is a part of itself")));
+  EXPECT_THAT(files.Diagnostics(), ElementsAre(HasSubstr("Class c is a part of itself")));
 }
 
 }  // namespace

@@ -12,7 +12,7 @@
 #include <string_view>
 #include <vector>
 
-#include "xmi/reader.h"
+#include "xmi/diagnostics.h"
 
 namespace xmi {
 
@@ -32,7 +32,7 @@ class Document {
   std::uint32_t OffsetOf(pugi::xml_node element) const {
     return static_cast<std::uint32_t>(element.name() - text_->data());
   }
-  /// The place of an offset; of the file as a whole for `kNowhere`.
+  /// The location of an offset; of the file as a whole for `kNowhere`.
   Location Locate(std::uint32_t offset) const;
   /// The text that names and attribute values of the tree point into.
   std::shared_ptr<const void> Text() const { return text_; }

@@ -113,8 +113,9 @@ FileIndex Files::OpenReferred(FileIndex from, std::string_view address, std::uin
   const bool local = scheme == "file:";
   if (!scheme.empty() && !local) {
     if (byAddress_.emplace(address, Target::kNoFile).second) {
-      remarks_->Add(files_[from]->document->Locate(offset), "reference-not-local",
-                    "\"" + std::string(address) + "\" is not on the local disk and is not read");
+      diagnostics_->Add(
+          files_[from]->document->Locate(offset), "reference-not-local",
+          "\"" + std::string(address) + "\" is not on the local disk and is not read");
     }
     return Target::kNoFile;
   }
@@ -129,20 +130,20 @@ FileIndex Files::OpenReferred(FileIndex from, std::string_view address, std::uin
   return OpenPath(path, files_[from]->document->Locate(offset));
 }
 
-FileIndex Files::OpenPath(const std::string& path, const Location& place) {
+FileIndex Files::OpenPath(const std::string& path, const Location& location) {
   const auto [entry, isNew] = byPath_.emplace(CanonicalOf(path), Target::kNoFile);
   if (!isNew) return entry->second;
   std::error_code error;
   const auto status = std::filesystem::status(path, error);
   if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
-    remarks_->Add(place, "file-unreadable", "can't read " + path + ": is not a file");
+    diagnostics_->Add(location, "file-unreadable", "can't read " + path + ": is not a file");
     return Target::kNoFile;
   }
   try {
     entry->second = Add(Document::Load(path));
     paths_.push_back(path);
   } catch (const ReadError& problem) {
-    remarks_->Add(place, "file-unreadable", std::string("can't read ") + problem.what());
+    diagnostics_->Add(location, "file-unreadable", std::string("can't read ") + problem.what());
   }
   return entry->second;
 }

@@ -1,7 +1,7 @@
 // The files of one reading: the model file and those that it refers to.
 //
 // An `href` becomes a file and an id in it. Files are opened when they are first referred to, each
-// once; only local files are ever opened. What can't be opened is a remark.
+// once; only local files are ever opened. What can't be opened is a warning.
 #pragma once
 
 #include <map>
@@ -12,9 +12,9 @@
 #include <unordered_map>
 #include <vector>
 
+#include "xmi/diagnostics.h"
 #include "xmi/document.h"
 #include "xmi/items.h"
-#include "xmi/remarks.h"
 
 namespace xmi {
 
@@ -31,7 +31,7 @@ std::string PercentDecoded(std::string_view text);
 
 class Files {
  public:
-  explicit Files(Remarks& remarks) : remarks_(&remarks) {}
+  explicit Files(Diagnostics& diagnostics) : diagnostics_(&diagnostics) {}
 
   struct File {
     std::unique_ptr<Document> document;
@@ -58,10 +58,10 @@ class Files {
   Target InLibrary(std::string_view id);
   FileIndex OpenReferred(FileIndex from, std::string_view address, std::uint32_t offset);
   std::string MappedPath(std::string_view address) const;
-  FileIndex OpenPath(const std::string& path, const Location& place);
+  FileIndex OpenPath(const std::string& path, const Location& location);
   FileIndex Add(std::unique_ptr<Document> document);
 
-  Remarks* remarks_;
+  Diagnostics* diagnostics_;
   std::vector<std::unique_ptr<File>> files_;
   std::vector<std::string> paths_;
   std::map<std::string, std::string> directories_;        // by the prefix of addresses

@@ -19,10 +19,6 @@ namespace xmi {
 
 namespace {
 
-std::string LineOf(const Location& place, const std::string& text) {
-  return place.file + (place.line == 0 ? "" : ":" + std::to_string(place.line)) + ": " + text;
-}
-
 /// Gives back a list's memory, which clearing it would keep.
 template <typename Entry>
 void Release(std::vector<Entry>& list) {
@@ -30,9 +26,6 @@ void Release(std::vector<Entry>& list) {
 }
 
 }  // namespace
-
-ReadError::ReadError(Location place, const std::string& text)
-    : std::runtime_error(LineOf(place, text)), place_(std::move(place)), text_(text) {}
 
 struct Reader::Impl {
   explicit Impl(model::Model& model) : reading(model) {}
@@ -125,7 +118,9 @@ void Reader::Read(const std::string& path) {
 
 const ReadingProgress& Reader::Progress() const { return impl_->reading.progress; }
 
-const std::vector<Remark>& Reader::Remarks() const { return impl_->reading.remarks.All(); }
+const std::vector<Diagnostic>& Reader::Diagnostics() const {
+  return impl_->reading.diagnostics.All();
+}
 
 const std::map<std::string, std::size_t>& Reader::PassedOver() const { return impl_->passedOver; }
 

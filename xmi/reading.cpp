@@ -33,8 +33,8 @@ std::string Reading::Describe(ItemIndex item) const {
          (ownerName.empty() ? Shortened(items.NameOf(owner)) : ownerName);
 }
 
-void Reading::Refuse(const Location& place, const std::string& text) const {
-  throw ReadError(place, text);
+void Reading::Refuse(const Location& location, const std::string& text) const {
+  throw ReadError(location, text);
 }
 
 }  // namespace xmi

@@ -15,10 +15,10 @@
 #include <vector>
 
 #include "model/model.h"
+#include "xmi/diagnostics.h"
 #include "xmi/files.h"
 #include "xmi/ids.h"
 #include "xmi/items.h"
-#include "xmi/remarks.h"
 #include "xmi/words.h"
 
 namespace xmi {
@@ -72,10 +72,10 @@ struct Application {
 inline constexpr std::size_t kMostOfAKind = 1000;
 
 struct Reading {
-  explicit Reading(model::Model& filled) : model(filled), files(remarks) {}
+  explicit Reading(model::Model& filled) : model(filled), files(diagnostics) {}
 
   model::Model& model;
-  Remarks remarks;
+  Diagnostics diagnostics;
   Files files;
   Items items;
   Ids ids;
@@ -108,13 +108,14 @@ struct Reading {
     while (next < links.size() && links[next].from == item) ++next;
     return {links.data() + begin, next - begin};
   }
-  /// How a remark names an item: its kind and its qualified name, shortened when it is very long.
+  /// How a diagnostic names an item: its kind and its qualified name, shortened when it is very
+  /// long.
   std::string Describe(ItemIndex item) const;
-  /// Ends the reading with a `ReadError`: what stands there is in no model.
-  [[noreturn]] void Refuse(const Location& place, const std::string& text) const;
-  /// Adds a remark about an item.
+  /// Ends the reading with a `ReadError`: nothing like that is in a model.
+  [[noreturn]] void Refuse(const Location& location, const std::string& text) const;
+  /// Adds a warning about an item.
   void Warn(ItemIndex item, std::string_view rule, const std::string& text) {
-    remarks.Add(Locate(item), rule, text, items[item].element);
+    diagnostics.Add(Locate(item), rule, text, items[item].element);
   }
 };
 

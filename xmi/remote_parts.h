@@ -16,7 +16,7 @@ class RemoteParts {
  public:
   RemoteParts(Reading& reading, Resolver& resolver) : reading_(reading), resolver_(resolver) {}
 
-  /// What can't be found is left out, with a remark.
+  /// What can't be found is left out, with a warning.
   void Fetch();
 
  private:

@@ -21,11 +21,11 @@ class Resolver {
   void ResolveReferences();
 
   /// The item that a reference leads to: ids with blanks between them, of which the first counts,
-  /// or an href. `kNoItem` for what is no element of the model. A reference to nowhere is a remark
+  /// or an href. `kNoItem` for what is no element of the model. A reference to nowhere is a warning
   /// about `from`.
   ItemIndex Find(ItemIndex from, std::string_view feature, std::string_view text, bool isHref);
   /// The same for a part of `from` that stands at the top of another file and is of a type; of a
-  /// value's for `kNone`. What is something else or stands elsewhere is a remark, too.
+  /// value's for `kNone`. What is something else or stands elsewhere is a warning, too.
   ItemIndex FindRoot(ItemIndex from, std::string_view feature, std::string_view href, Word type);
   /// The entry of the id that an idref or href of a file names; null when there is none.
   const IdTarget* FindEntry(FileIndex file, std::string_view text, bool isHref);

@@ -112,10 +112,10 @@ std::vector<ItemIndex> Stereotypes::SubjectsOf(const Application& application,
     AddSubject(application, href.empty() ? idref : href, !href.empty(), subjects, exists);
   }
   if (!exists) {
-    reading_.remarks.Add(reading_.LocateNode(application.file, application.node),
-                         "stereotype-dangling",
-                         "the stereotype " + std::string(name) +
-                             " is applied to nothing that is in the model; passed over");
+    reading_.diagnostics.Add(reading_.LocateNode(application.file, application.node),
+                             "stereotype-dangling",
+                             "the stereotype " + std::string(name) +
+                                 " is applied to nothing that is in the model; passed over");
   }
   if (subjects.size() > 1) {
     std::unordered_set<ItemIndex> present;

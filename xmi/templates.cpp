@@ -49,7 +49,7 @@ ItemIndex Templates::TemplateOf(const Part& binding) {
   ForEachTarget(binding.node, "signature", [&](std::string_view text, bool isHref) {
     const IdTarget* entry = resolver_.FindEntry(file, text, isHref);
     if (entry == nullptr) {
-      resolver_.Find(binding.source, "signature", text, isHref);  // for its remark
+      resolver_.Find(binding.source, "signature", text, isHref);  // for its warning
     } else if (generic == kNoItem) {
       generic = entry->item;
     }

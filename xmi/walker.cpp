@@ -45,9 +45,9 @@ void Walker::Walk(FileIndex file) {
   tag_.ReadRoot(root, namespaces_);
   const std::string problem = RootProblem(root);
   if (!problem.empty()) {
-    const Location place = reading_.LocateNode(file, root);
-    if (file == 0) throw ReadError(place, problem);
-    return reading_.remarks.Add(place, "file-not-a-model", place.file + " " + problem);
+    const Location location = reading_.LocateNode(file, root);
+    if (file == 0) throw ReadError(location, problem);
+    return reading_.diagnostics.Add(location, "file-not-a-model", location.file + " " + problem);
   }
   const bool isXmi = tag_.space == Space::kXmi;
   offset_ = reading_.files[file].document->OffsetOf(root);
@@ -314,8 +314,9 @@ void Walker::EnterIds() {
     const SeenId& seen = seenIds_[i];
     if (i + kAhead < seenIds_.size()) reading_.ids.Prefetch(file_, seenIds_[i + kAhead].hash);
     if (reading_.ids.Add(file_, seen.id, seen.hash, seen.target)) continue;
-    reading_.remarks.Add(reading_.files[file_].document->Locate(seen.offset), "duplicate-id",
-                         "the id \"" + std::string(seen.id) + "\" stands twice; the first counts");
+    reading_.diagnostics.Add(
+        reading_.files[file_].document->Locate(seen.offset), "duplicate-id",
+        "the id \"" + std::string(seen.id) + "\" stands twice; the first counts");
   }
   seenIds_.clear();
 }
