@@ -2,18 +2,18 @@
 
 #include <utility>
 
-#include "xmi/dependencies.h"
-#include "xmi/multiplicities.h"
-#include "xmi/ports.h"
-#include "xmi/reading.h"
-#include "xmi/relations.h"
-#include "xmi/remote_parts.h"
-#include "xmi/resolver.h"
-#include "xmi/stereotypes.h"
-#include "xmi/templates.h"
-#include "xmi/types.h"
-#include "xmi/values.h"
-#include "xmi/walker.h"
+#include "xmi/passes/dependencies.h"
+#include "xmi/passes/multiplicities.h"
+#include "xmi/passes/ports.h"
+#include "xmi/passes/relations.h"
+#include "xmi/passes/remote_parts.h"
+#include "xmi/passes/resolver.h"
+#include "xmi/passes/stereotypes.h"
+#include "xmi/passes/templates.h"
+#include "xmi/passes/types.h"
+#include "xmi/passes/values.h"
+#include "xmi/passes/walker.h"
+#include "xmi/tables/reading.h"
 
 namespace xmi {
 

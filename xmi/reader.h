@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "model/model.h"
-#include "xmi/diagnostics.h"
+#include "xmi/text/diagnostics.h"
 
 namespace xmi {
 
