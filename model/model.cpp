@@ -1,6 +1,7 @@
 #include "model/model.h"
 
 #include <algorithm>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -158,7 +159,7 @@ void Model::Keep(std::shared_ptr<const void> texts) { impl_->kept.push_back(std:
 
 /// Stereotypes are looked up by name, since the agent asks for one with every node that it makes.
 mdk::IMdeEntity* Model::FindEntity(const std::string& qualifiedName) {
-  constexpr std::string_view profile = "@CORBA@";
+  static const std::string profile = '@' + std::string(stereotypes::corba.Text()) + '@';
   if (qualifiedName.starts_with(profile)) {
     const auto name = Symbol::Find(std::string_view(qualifiedName).substr(profile.size()));
     Element* stereotype = name ? impl_->StereotypeOf(*name) : nullptr;

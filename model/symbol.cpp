@@ -3,7 +3,7 @@
 #include <array>
 #include <string>
 
-#include "model/same_text.h"
+#include "model/short_text.h"
 #include "model/text_table.h"
 
 namespace model {

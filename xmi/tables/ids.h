@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "model/text_hash.h"
+#include "model/short_text.h"
 #include "xmi/tables/items.h"
 
 namespace xmi {

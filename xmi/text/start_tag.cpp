@@ -1,6 +1,6 @@
 #include "xmi/text/start_tag.h"
 
-#include "model/same_text.h"
+#include "model/short_text.h"
 
 namespace xmi {
 namespace {
