@@ -3,6 +3,8 @@
 #include <array>
 #include <utility>
 
+#include "xmi/text/scanning.h"
+
 namespace xmi {
 namespace {
 
@@ -10,7 +12,7 @@ using model::Symbol;
 
 Symbol MetaclassOf(Word type) {
   if (IsPackage(type)) return metaclasses::package;
-  if (type >= Word::kClass && type <= Word::kFunctionBehavior) return metaclasses::class_;
+  if (IsClass(type)) return metaclasses::class_;
   switch (type) {
     case Word::kDataType:
     case Word::kPrimitiveType:
@@ -26,9 +28,9 @@ Symbol MetaclassOf(Word type) {
   }
 }
 
-const std::array<Symbol, static_cast<std::size_t>(Word::kCount)>& Metaclasses() {
+const std::array<Symbol, kWordCount>& Metaclasses() {
   static const auto kMetaclasses = [] {
-    std::array<Symbol, static_cast<std::size_t>(Word::kCount)> result;
+    std::array<Symbol, kWordCount> result;
     for (std::size_t i = 0; i < result.size(); ++i) result[i] = MetaclassOf(static_cast<Word>(i));
     return result;
   }();
@@ -42,13 +44,29 @@ std::size_t UsualProperties(Word type) {
   return type == Word::kComment ? 1 : 2;
 }
 
-bool IsTrue(std::string_view text) { return text == "true" || text == "1"; }
-
-std::string_view Trimmed(std::string_view text) {
-  const std::size_t begin = text.find_first_not_of(" \t\r\n");
-  if (begin == std::string_view::npos) return {};
-  return text.substr(begin, text.find_last_not_of(" \t\r\n") - begin + 1);
+// One of the two spellings that XML has for it; tools put line ends around texts in child elements.
+bool IsTrue(std::string_view text) {
+  text = Trimmed(text);
+  return text == "true" || text == "1";
 }
+
+/// A value of an enumeration, in UML and in the model.
+struct Choice {
+  Word feature;
+  std::string_view theirs;
+  std::string_view ours;
+};
+
+constexpr Choice kChoices[] = {
+    {Word::kVisibility, "public", values::publicVisibility},
+    {Word::kVisibility, "private", values::privateVisibility},
+    {Word::kVisibility, "protected", values::protectedVisibility},
+    {Word::kVisibility, "package", values::packageVisibility},
+    {Word::kDirection, "in", ""},  // which is the default of all elements
+    {Word::kDirection, "inout", values::inOut},
+    {Word::kDirection, "out", values::out},
+    {Word::kDirection, "return", values::return_},
+};
 
 }  // namespace
 
@@ -78,16 +96,6 @@ Word DefaultType(Word feature) {
   return Word::kNone;
 }
 
-bool IsOwnedFeature(Word feature) {
-  return feature >= Word::kPackagedElement && feature <= Word::kDeploymentFeature;
-}
-
-bool IsReferenceFeature(Word feature) {
-  return feature >= Word::kType && feature <= Word::kSignalReference;
-}
-
-bool IsSimpleFeature(Word feature) { return feature >= Word::kName && feature <= Word::kBody; }
-
 ItemIndex ElementBuilder::Build(const StartTag& tag, Word type, ItemIndex owner, FileIndex file,
                                 std::uint32_t offset) {
   const Symbol metaclass =
@@ -104,85 +112,59 @@ ItemIndex ElementBuilder::Build(const StartTag& tag, Word type, ItemIndex owner,
   return item;
 }
 
-ItemIndex ElementBuilder::BuildPlace(const StartTag& tag, ItemIndex owner, FileIndex file,
-                                     std::uint32_t offset) {
+ItemIndex ElementBuilder::BuildPlaceholder(const StartTag& tag, ItemIndex owner, FileIndex file,
+                                           std::uint32_t offset) {
   const ItemIndex item = reading_.items.Add({nullptr, owner, offset, file, Word::kNone, 0});
   Refer(item, tag.tag, tag.href, true);
   return item;
 }
 
-bool ElementBuilder::SetSimple(ItemIndex item, Word feature, std::string_view text) {
+void ElementBuilder::SetSimple(ItemIndex item, Word feature, std::string_view text) {
   Item& subject = reading_.items[item];
+  model::Element& element = *subject.element;
   switch (feature) {
     case Word::kName:
-      subject.element->SetTextView(properties::name, text);
-      return true;
+      return element.SetTextView(properties::name, text);
     case Word::kVisibility:
-      SetVisibility(item, Trimmed(text));
-      return true;
+      return SetChoice(item, feature, properties::visibility, text);
     case Word::kDirection:
-      SetDirection(item, Trimmed(text));
-      return true;
+      if (subject.type == Word::kParameter) SetChoice(item, feature, properties::direction, text);
+      return;
     case Word::kIsReadOnly:
-      if (IsTrue(Trimmed(text)))
-        subject.element->SetTextView(properties::changeability, values::frozen);
-      return true;
+      if (IsTrue(text)) element.SetTextView(properties::changeability, values::frozen);
+      return;
     case Word::kIsAbstract:
-      if (IsTrue(Trimmed(text))) {
-        subject.element->SetTextView(properties::isAbstract, "true");
-        subject.element->SetTextView(properties::isAbstractInSmall, "true");
-      }
-      return true;
+      if (!IsTrue(text)) return;
+      element.SetTextView(properties::isAbstract, "true");
+      return element.SetTextView(properties::isAbstractInSmall, "true");
     case Word::kIsConjugated:
-      if (IsTrue(Trimmed(text))) subject.flags |= Item::kConjugated;
-      return true;
+      if (IsTrue(text)) subject.flags |= Item::kConjugated;
+      return;
     case Word::kBody:
-      if (subject.type == Word::kComment) {
-        subject.element->SetTextView(properties::text, WithoutCarriageReturns(text));
-      }
-      return true;
+      // The bodies of values are read where the value is.
+      if (subject.type != Word::kComment) return;
+      return element.SetTextView(properties::text, WithoutCarriageReturns(text));
     default:
-      return false;
+      return;
   }
 }
 
-void ElementBuilder::SetVisibility(ItemIndex item, std::string_view text) {
-  constexpr std::pair<std::string_view, std::string_view> kValues[] = {
-      {"public", values::publicVisibility},
-      {"private", values::privateVisibility},
-      {"protected", values::protectedVisibility},
-      {"package", values::packageVisibility}};
-  for (const auto& [theirs, ours] : kValues) {
-    if (theirs != text) continue;
-    reading_.items[item].element->SetTextView(properties::visibility, ours);
+void ElementBuilder::SetChoice(ItemIndex item, Word feature, Symbol property,
+                               std::string_view text) {
+  text = Trimmed(text);
+  for (const Choice& choice : kChoices) {
+    if (choice.feature != feature || choice.theirs != text) continue;
+    if (!choice.ours.empty()) reading_.items[item].element->SetTextView(property, choice.ours);
     return;
   }
-  WarnOfValue(item, "visibility", text);
-}
-
-void ElementBuilder::SetDirection(ItemIndex item, std::string_view text) {
-  constexpr std::pair<std::string_view, std::string_view> kValues[] = {{"in", values::in},
-                                                                       {"inout", values::inOut},
-                                                                       {"out", values::out},
-                                                                       {"return", values::return_}};
-  if (reading_.items[item].type != Word::kParameter) return;
-  for (const auto& [theirs, ours] : kValues) {
-    if (theirs != text) continue;
-    if (ours != values::in) reading_.items[item].element->SetTextView(properties::direction, ours);
-    return;
-  }
-  WarnOfValue(item, "direction", text);
-}
-
-void ElementBuilder::WarnOfValue(ItemIndex item, std::string_view feature, std::string_view text) {
   reading_.Warn(item, "value-unknown",
-                std::string(feature) + " \"" + std::string(text) + "\" of " +
+                std::string(TextOf(feature)) + " \"" + std::string(text) + "\" of " +
                     reading_.Describe(item) + " is unknown and passed over");
 }
 
 // Text with line ends of another system, or with them written as character references.
 std::string_view ElementBuilder::WithoutCarriageReturns(std::string_view text) {
-  if (text.find('\r') == std::string_view::npos) return text;
+  if (text.find('\r') == text.npos) return text;
   std::string lines;
   for (std::size_t i = 0; i < text.size(); ++i) {
     const bool first = text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n';

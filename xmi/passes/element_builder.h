@@ -15,17 +15,16 @@ class ElementBuilder {
   /// Makes the element of a start tag, of the type given, with all that its attributes say.
   ItemIndex Build(const StartTag& tag, Word type, ItemIndex owner, FileIndex file,
                   std::uint32_t offset);
-  /// Keeps the place of an element that stands in another file.
-  ItemIndex BuildPlace(const StartTag& tag, ItemIndex owner, FileIndex file, std::uint32_t offset);
-  /// Takes a simple feature; false when it is none. The text must outlive the model.
-  bool SetSimple(ItemIndex item, Word feature, std::string_view text);
+  /// Makes a placeholder for an element that stands in another file.
+  ItemIndex BuildPlaceholder(const StartTag& tag, ItemIndex owner, FileIndex file,
+                             std::uint32_t offset);
+  /// Takes a simple feature. The text must outlive the model.
+  void SetSimple(ItemIndex item, Word feature, std::string_view text);
   /// Takes a reference: ids, or an href, which is followed into its file. The text ends in a NUL.
   void Refer(ItemIndex item, Word feature, std::string_view text, bool isHref);
 
  private:
-  void SetVisibility(ItemIndex item, std::string_view text);
-  void SetDirection(ItemIndex item, std::string_view text);
-  void WarnOfValue(ItemIndex item, std::string_view feature, std::string_view text);
+  void SetChoice(ItemIndex item, Word feature, model::Symbol property, std::string_view text);
   std::string_view WithoutCarriageReturns(std::string_view text);
 
   Reading& reading_;
@@ -33,8 +32,5 @@ class ElementBuilder {
 
 /// The type of an owned element whose start tag names none; `kNone` where it must name one.
 Word DefaultType(Word feature);
-bool IsOwnedFeature(Word feature);
-bool IsReferenceFeature(Word feature);
-bool IsSimpleFeature(Word feature);
 
 }  // namespace xmi

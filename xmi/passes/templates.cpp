@@ -1,181 +1,198 @@
-#include "xmi/passes/templates.h"
-
+// Turns classifiers that bind one of the known templates into "TemplateInstantiation"s.
 #include <algorithm>
+#include <cstdint>
+#include <vector>
 
-#include "xmi/text/start_tag.h"
+#include "xmi/passes/passes.h"
+#include "xmi/passes/resolver.h"
+#include "xmi/tables/libraries.h"
+#include "xmi/text/scanning.h"
 
 namespace xmi {
 namespace {
 
-bool IsTemplateName(std::string_view name) {
-  return name == "sequence" || name == "string" || name == "wstring" || name == "fixed" ||
-         name == "array";
+// The targets of a reference, an attribute of ids or child elements.
+std::vector<IdOrHref> TargetsOf(pugi::xml_node node, const char* feature) {
+  std::vector<IdOrHref> targets;
+  ForEachWord(node.attribute(feature).value(), [&](std::string_view id) {
+    targets.push_back({id, false});
+  });
+  for (const pugi::xml_node child : node.children(feature)) {
+    const IdOrHref target = ReferenceOf(child);
+    if (!target.text.empty()) targets.push_back(target);
+  }
+  return targets;
 }
 
-// Calls `visit(text, isHref)` for the targets of a reference: an attribute of ids or child
-// elements.
-template <typename Visitor>
-void ForEachTarget(pugi::xml_node node, const char* feature, const Visitor& visit) {
-  ForEachWord(node.attribute(feature).value(), [&](std::string_view id) { visit(id, false); });
-  for (const pugi::xml_node child : node.children(feature)) {
-    const std::string_view href = LocalAttribute(child, "href", false);
-    const std::string_view idref = LocalAttribute(child, "idref", true);
-    if (!href.empty()) visit(href, true);
-    if (href.empty() && !idref.empty()) visit(idref, false);
+// The template that a binding binds; `kNoItem` when there is none. It is named by its signature,
+// the id of which is one inside of the template.
+ItemIndex TemplateOf(Reading& reading, const Part& binding) {
+  ItemIndex found = kNoItem;
+  const FileIndex file = reading.items[binding.source].file;
+  for (const IdOrHref& signature : TargetsOf(binding.node, "signature")) {
+    const IdTarget* target = FindTarget(reading, file, signature);
+    if (target == nullptr) {
+      FindItem(reading, binding.source, "signature", signature);  // for its warning
+    } else if (found == kNoItem) {
+      found = target->item;
+    }
   }
+  return found;
 }
+
+class Filler {
+ public:
+  Filler(Reading& reading, Values& values) : reading_(reading), values_(values) {}
+
+  void Run() {
+    for (const Instantiation& instantiation : reading_.instantiations) Fill(instantiation);
+    CutCycles();
+    for (const Filled& filled : filled_) {
+      reading_.items[filled.item].element->SetEntities(properties::actualTemplateParameter,
+                                                       filled.actuals);
+    }
+  }
+
+ private:
+  struct Filled {
+    ItemIndex item;
+    std::vector<model::Element*> actuals;
+    std::vector<ItemIndex> nested;  // the actuals that are instantiations themselves
+  };
+
+  void Fill(const Instantiation& instantiation) {
+    filled_.push_back({instantiation.item, {}, {}});
+    const Part& binding = reading_.bindings[instantiation.binding];
+    for (const pugi::xml_node given : binding.node.children("parameterSubstitution")) {
+      const std::string_view href = PlainAttribute(given, "href");
+      if (href.empty()) {
+        AddActuals(given, binding.source);
+        continue;
+      }
+      const ItemIndex root = FindRoot(reading_, binding.source, "parameterSubstitution", href,
+                                      Word::kTemplateParameterSubstitution);
+      if (root != kNoItem) AddActuals(reading_.RootNode(root), root);
+    }
+  }
+
+  // `source` is an item of the file in which the substitution stands. What the substitution owns
+  // counts: "actual" only repeats its id.
+  void AddActuals(pugi::xml_node substitution, ItemIndex source) {
+    const pugi::xml_node owned = substitution.child("ownedActual");
+    if (owned && PlainAttribute(owned, "href").empty()) {
+      for (const pugi::xml_node actual : substitution.children("ownedActual")) {
+        AddOwned(actual, source);
+      }
+      return;
+    }
+    for (const IdOrHref& target : TargetsOf(substitution, owned ? "ownedActual" : "actual")) {
+      const ItemIndex actual = FindItem(reading_, source, "actual", target);
+      const pugi::xml_node root = reading_.RootNode(actual);
+      if (root && IsValue(reading_.items[actual].type)) {
+        AddOwned(root, actual);
+      } else {
+        AddReferred(actual, target.text);
+      }
+    }
+  }
+
+  void AddOwned(pugi::xml_node actual, ItemIndex source) {
+    const ItemIndex item = filled_.back().item;
+    const ValueSpec value = MakeValueSpec(item, source, actual);
+    const Bound bound = values_.ReadBound(value);
+    model::Element* element = nullptr;
+    if (bound.kind != Bound::kUnreadable) {
+      element = &values_.ElementOf(bound);
+    } else if (!IsClassifier(value.type)) {
+      reading_.Warn(
+          item, "template-parameter-unreadable",
+          "a template parameter of " + reading_.Describe(item) + " is neither a number nor a name");
+      element = values_.ReadDefault(value);
+    }
+    if (element == nullptr) element = &values_.Ident(PlainAttribute(actual, "name"), kNoItem);
+    filled_.back().actuals.push_back(element);
+  }
+
+  void AddReferred(ItemIndex actual, std::string_view text) {
+    Filled& filled = filled_.back();
+    if (actual == kNoItem || reading_.items[actual].element == nullptr) {
+      filled.actuals.push_back(&values_.Ident(text, kNoItem));
+      return;
+    }
+    model::Element& element = *reading_.items[actual].element;
+    const bool isNested = element.Metaclass() == metaclasses::templateInstantiation;
+    filled.actuals.push_back(isNested ? &element : &reading_.IdentOf(actual));
+    if (isNested) filled.nested.push_back(actual);
+  }
+
+  // A template that is its own parameter would have no end: there it is cut.
+  void CutCycles() {
+    enum State : std::uint8_t { kNew, kOpen, kDone };
+    struct Step {
+      std::size_t index;
+      std::size_t next;
+    };
+    std::vector<State> states(filled_.size(), kNew);
+    std::vector<Step> path;
+    for (std::size_t start = 0; start < filled_.size(); ++start) {
+      if (states[start] == kNew) path.push_back({start, 0});
+      while (!path.empty()) {
+        Step& step = path.back();
+        Filled& filled = filled_[step.index];
+        states[step.index] = kOpen;
+        if (step.next == filled.nested.size()) {
+          states[step.index] = kDone;
+          path.pop_back();
+          continue;
+        }
+        const ItemIndex nested = filled.nested[step.next++];
+        const std::size_t index = IndexOf(nested);
+        if (states[index] == kOpen) Cut(filled, nested);
+        if (states[index] == kNew) path.push_back({index, 0});
+      }
+    }
+  }
+
+  std::size_t IndexOf(ItemIndex item) const {
+    const auto found =
+        std::lower_bound(filled_.begin(), filled_.end(), item,
+                         [](const Filled& a, ItemIndex wanted) { return a.item < wanted; });
+    return static_cast<std::size_t>(found - filled_.begin());
+  }
+
+  void Cut(Filled& filled, ItemIndex nested) {
+    reading_.Warn(
+        filled.item, "template-recursive",
+        "the template instantiation " + reading_.Describe(filled.item) + " is a part of itself");
+    model::Element& cut = values_.Ident(reading_.items.NameOf(nested), kNoItem);
+    std::replace(filled.actuals.begin(), filled.actuals.end(), reading_.items[nested].element,
+                 &cut);
+  }
+
+  Reading& reading_;
+  Values& values_;
+  std::vector<Filled> filled_;  // in the order of their items
+};
 
 }  // namespace
 
-void Templates::Find() {
-  for (const Part& binding : reading_.bindings) {
-    const Item& item = reading_.items[binding.item];
-    const bool taken = item.element->Metaclass() == metaclasses::templateInstantiation;
-    if (!IsClassifier(item.type) || item.Has(Item::kMarked) || taken) continue;
-    const ItemIndex generic = TemplateOf(binding);
-    if (generic == kNoItem || !IsTemplateName(reading_.items.NameOf(generic))) continue;
+void FindTemplates(Reading& reading) {
+  for (std::size_t i = 0; i < reading.bindings.size(); ++i) {
+    const Part& binding = reading.bindings[i];
+    const Item& item = reading.items[binding.item];
+    // A second binding has nothing to say, and a mark says more than any binding.
+    const bool isTaken = item.element->Metaclass() == metaclasses::templateInstantiation;
+    if (!IsClassifier(item.type) || item.Has(Item::kMarked) || isTaken) continue;
+    const ItemIndex generic = TemplateOf(reading, binding);
+    if (generic == kNoItem || !IsTemplateName(reading.items.NameOf(generic))) continue;
     item.element->SetMetaclass(metaclasses::templateInstantiation);
-    item.element->SetEntity(properties::instanceOf, reading_.items[generic].element);
-    instantiations_.push_back({binding.item, &binding, {}, {}});
+    item.element->SetEntity(properties::instanceOf, reading.items[generic].element);
+    reading.instantiations.push_back({binding.item, i});
   }
-  std::sort(instantiations_.begin(), instantiations_.end(),
+  std::sort(reading.instantiations.begin(), reading.instantiations.end(),
             [](const Instantiation& a, const Instantiation& b) { return a.item < b.item; });
 }
 
-// A signature's id is an id inside of the template.
-ItemIndex Templates::TemplateOf(const Part& binding) {
-  ItemIndex generic = kNoItem;
-  const FileIndex file = reading_.items[binding.source].file;
-  ForEachTarget(binding.node, "signature", [&](std::string_view text, bool isHref) {
-    const IdTarget* entry = resolver_.FindEntry(file, text, isHref);
-    if (entry == nullptr) {
-      resolver_.Find(binding.source, "signature", text, isHref);  // for its warning
-    } else if (generic == kNoItem) {
-      generic = entry->item;
-    }
-  });
-  return generic;
-}
-
-void Templates::Fill(Values& values, Types& types) {
-  for (Instantiation& instantiation : instantiations_) FillOne(instantiation, values, types);
-  CutCycles(values);
-  for (const Instantiation& instantiation : instantiations_) {
-    reading_.items[instantiation.item].element->SetEntities(properties::actualTemplateParameter,
-                                                            instantiation.actuals);
-  }
-}
-
-void Templates::FillOne(Instantiation& instantiation, Values& values, Types& types) {
-  const Part& binding = *instantiation.binding;
-  for (const pugi::xml_node given : binding.node.children("parameterSubstitution")) {
-    const std::string_view href = LocalAttribute(given, "href", false);
-    if (href.empty()) {
-      AddActuals(instantiation, given, binding.source, values, types);
-      continue;
-    }
-    const ItemIndex root = resolver_.FindRoot(binding.source, "parameterSubstitution", href,
-                                              Word::kTemplateParameterSubstitution);
-    if (root != kNoItem) {
-      AddActuals(instantiation, reading_.RootNode(root), root, values, types);
-    }
-  }
-}
-
-void Templates::AddActuals(Instantiation& instantiation, pugi::xml_node substitution,
-                           ItemIndex source, Values& values, Types& types) {
-  const pugi::xml_node owned = substitution.child("ownedActual");
-  if (owned && LocalAttribute(owned, "href", false).empty()) {
-    for (const pugi::xml_node actual : substitution.children("ownedActual")) {
-      AddOwned(instantiation, actual, source, values);
-    }
-    return;
-  }
-  ForEachTarget(substitution, owned ? "ownedActual" : "actual",
-                [&](std::string_view text, bool isHref) {
-                  const ItemIndex actual = resolver_.Find(source, "actual", text, isHref);
-                  const pugi::xml_node root = reading_.RootNode(actual);
-                  if (root && IsValue(reading_.items[actual].type)) {
-                    AddOwned(instantiation, root, actual, values);
-                  } else {
-                    AddReferred(instantiation, actual, text, values, types);
-                  }
-                });
-}
-
-void Templates::AddOwned(Instantiation& instantiation, pugi::xml_node actual, ItemIndex source,
-                         Values& values) {
-  const ValueNode value = MakeValueNode(instantiation.item, source, actual);
-  const Bound bound = values.ReadBound(value);
-  model::Element* element = nullptr;
-  if (bound.kind != Bound::kUnreadable) {
-    element = &values.ElementOf(bound);
-  } else if (!IsClassifier(value.type)) {
-    reading_.Warn(instantiation.item, "template-parameter-unreadable",
-                  "a template parameter of " + reading_.Describe(instantiation.item) +
-                      " is neither a number nor a name");
-    element = values.ReadDefault(value);
-  }
-  if (element == nullptr) element = &values.Ident(LocalAttribute(actual, "name", false), kNoItem);
-  instantiation.actuals.push_back(element);
-}
-
-void Templates::AddReferred(Instantiation& instantiation, ItemIndex actual, std::string_view text,
-                            Values& values, Types& types) {
-  if (actual == kNoItem || reading_.items[actual].element == nullptr) {
-    instantiation.actuals.push_back(&values.Ident(text, kNoItem));
-    return;
-  }
-  model::Element& element = *reading_.items[actual].element;
-  if (element.Metaclass() == metaclasses::templateInstantiation) {
-    instantiation.actuals.push_back(&element);
-    instantiation.nested.push_back(actual);
-  } else {
-    instantiation.actuals.push_back(&types.IdentOf(actual));
-  }
-}
-
-// A template that is its own parameter would have no end: there it is cut.
-void Templates::CutCycles(Values& values) {
-  enum State : std::uint8_t { kNew, kOpen, kDone };
-  std::vector<State> states(instantiations_.size(), kNew);
-  const auto indexOf = [this](ItemIndex item) {
-    const auto found =
-        std::lower_bound(instantiations_.begin(), instantiations_.end(), item,
-                         [](const Instantiation& a, ItemIndex wanted) { return a.item < wanted; });
-    return static_cast<std::size_t>(found - instantiations_.begin());
-  };
-  struct Step {
-    std::size_t index;
-    std::size_t next;
-  };
-  std::vector<Step> path;
-  for (std::size_t start = 0; start < instantiations_.size(); ++start) {
-    if (states[start] == kNew) path.push_back({start, 0});
-    while (!path.empty()) {
-      Step& step = path.back();
-      Instantiation& instantiation = instantiations_[step.index];
-      states[step.index] = kOpen;
-      if (step.next == instantiation.nested.size()) {
-        states[step.index] = kDone;
-        path.pop_back();
-        continue;
-      }
-      const ItemIndex nested = instantiation.nested[step.next++];
-      const std::size_t index = indexOf(nested);
-      if (states[index] == kOpen) Cut(instantiation, nested, values);
-      if (states[index] == kNew) path.push_back({index, 0});
-    }
-  }
-}
-
-void Templates::Cut(Instantiation& instantiation, ItemIndex nested, Values& values) {
-  reading_.Warn(instantiation.item, "template-recursive",
-                "the template instantiation " + reading_.Describe(instantiation.item) +
-                    " is a part of itself");
-  model::Element& cut = values.Ident(reading_.items.NameOf(nested), kNoItem);
-  std::replace(instantiation.actuals.begin(), instantiation.actuals.end(),
-               reading_.items[nested].element, &cut);
-}
+void FillTemplates(Reading& reading, Values& values) { Filler(reading, values).Run(); }
 
 }  // namespace xmi

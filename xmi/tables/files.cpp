@@ -1,42 +1,18 @@
 #include "xmi/tables/files.h"
 
-#include <cctype>
-#include <cstdlib>
 #include <filesystem>
 
-#include "xmi/tables/built_in.h"
 #include "xmi/tables/libraries.h"
+#include "xmi/text/scanning.h"
 
 namespace xmi {
-
-std::string PercentDecoded(std::string_view text) {
-  std::string result;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool escape = text[i] == '%' && i + 2 < text.size() &&
-                        std::isxdigit(static_cast<unsigned char>(text[i + 1])) != 0 &&
-                        std::isxdigit(static_cast<unsigned char>(text[i + 2])) != 0;
-    if (!escape) {
-      result += text[i];
-      continue;
-    }
-    const std::string digits(text.substr(i + 1, 2));
-    result += static_cast<char>(std::strtol(digits.c_str(), nullptr, 16));
-    i += 2;
-  }
-  return result;
-}
-
 namespace {
-
-std::string_view LastPart(std::string_view path) {
-  return path.substr(path.find_last_of("/\\") + 1);
-}
 
 // "http:", "pathmap:" and the like; a relative path has none.
 std::string_view SchemeOf(std::string_view address) {
   const std::size_t end = address.find_first_of(":/\\");
-  if (end == std::string_view::npos || address[end] != ':') return {};
-  return address.substr(0, end + 1);
+  const bool isScheme = end != address.npos && address[end] == ':';
+  return isScheme ? address.substr(0, end + 1) : std::string_view();
 }
 
 std::string CanonicalOf(const std::string& path) {
@@ -75,14 +51,15 @@ Target Files::Follow(FileIndex from, std::string_view href, std::uint32_t offset
 Target Files::Resolve(FileIndex from, std::string_view href, std::uint32_t offset) {
   const std::size_t hash = href.find('#');
   const std::string_view address = href.substr(0, hash);
-  std::string_view id = hash == std::string_view::npos ? std::string_view() : href.substr(hash + 1);
-  id = id.substr(0, id.find('?'));
+  std::string_view id = hash == href.npos ? std::string_view() : href.substr(hash + 1);
+  id = id.substr(0, id.find('?'));  // some tools put a hint for readers behind the id
   if (address.empty()) return {from, id};
-  const std::string_view name = LastPart(address);
+  const std::string_view name = address.substr(address.find_last_of("/\\") + 1);
   if (name == kLibraryFile) return InLibrary(id);
   const LibraryReference reference = FindInLibrary(name, id);
   if (!reference.type.empty()) return InLibrary(reference.type);
-  if (reference.known && !SchemeOf(address).empty()) return {};
+  // What no type here stands for isn't worth a warning, unless it's a file beside the model.
+  if (reference.isKnown && !SchemeOf(address).empty()) return {};
   return {OpenReferred(from, address, offset), id};
 }
 
@@ -107,27 +84,27 @@ std::string Files::MappedPath(std::string_view address) const {
 }
 
 FileIndex Files::OpenReferred(FileIndex from, std::string_view address, std::uint32_t offset) {
+  const Location location = files_[from]->document->Locate(offset);
   const std::string mapped = MappedPath(address);
-  if (!mapped.empty()) return OpenPath(mapped, files_[from]->document->Locate(offset));
+  if (!mapped.empty()) return OpenPath(mapped, location);
   const std::string_view scheme = SchemeOf(address);
-  const bool local = scheme == "file:";
-  if (!scheme.empty() && !local) {
-    if (byAddress_.emplace(address, Target::kNoFile).second) {
+  const bool isLocal = scheme == "file:";
+  if (!scheme.empty() && !isLocal) {
+    if (notLocal_.emplace(address).second) {
       diagnostics_->Add(
-          files_[from]->document->Locate(offset), "reference-not-local",
+          location, "reference-not-local",
           "\"" + std::string(address) + "\" is not on the local disk and is not read");
     }
     return Target::kNoFile;
   }
-  if (local) {
+  if (isLocal) {
     address.remove_prefix(scheme.size());
-    if (address.substr(0, 2) == "//") address.remove_prefix(2);
-    if (address.substr(0, 10) == "localhost/") address.remove_prefix(9);
+    if (address.starts_with("//")) address.remove_prefix(2);
+    if (address.starts_with("localhost/")) address.remove_prefix(9);
   }
-  const std::filesystem::path base = std::filesystem::path(files_[from]->document->Path());
-  const std::string path =
-      (base.parent_path() / PercentDecoded(address)).lexically_normal().string();
-  return OpenPath(path, files_[from]->document->Locate(offset));
+  const std::filesystem::path base(files_[from]->document->Path());
+  const auto path = (base.parent_path() / PercentDecoded(address)).lexically_normal();
+  return OpenPath(path.string(), location);
 }
 
 FileIndex Files::OpenPath(const std::string& path, const Location& location) {

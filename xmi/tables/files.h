@@ -10,6 +10,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "xmi/tables/items.h"
@@ -26,16 +27,13 @@ struct Target {
   std::string_view id;       ///< As it stands behind the "#".
 };
 
-/// The text of an address with its escapes, "%20" and the like, resolved.
-std::string PercentDecoded(std::string_view text);
-
 class Files {
  public:
   explicit Files(Diagnostics& diagnostics) : diagnostics_(&diagnostics) {}
 
   struct File {
     std::unique_ptr<Document> document;
-    std::vector<pugi::xml_node> extensions;                ///< What was skipped as a tool's own.
+    std::vector<pugi::xml_node> extensions;                ///< Not yet read: a tool's own blocks.
     bool isLibrary = false;                                ///< The built-in library of types.
     std::unordered_map<std::string_view, Target> targets;  ///< The hrefs seen in it.
   };
@@ -47,7 +45,7 @@ class Files {
   /// Follows an `href` of a file; `offset` is where it stands. The text is borrowed.
   Target Follow(FileIndex from, std::string_view href, std::uint32_t offset);
 
-  std::size_t Size() const { return files_.size(); }
+  FileIndex Size() const { return static_cast<FileIndex>(files_.size()); }
   File& operator[](FileIndex index) { return *files_[index]; }
   const File& operator[](FileIndex index) const { return *files_[index]; }
   /// The paths of all files but the built-in one, in the order in which they were opened.
@@ -64,9 +62,9 @@ class Files {
   Diagnostics* diagnostics_;
   std::vector<std::unique_ptr<File>> files_;
   std::vector<std::string> paths_;
-  std::map<std::string, std::string> directories_;        // by the prefix of addresses
-  std::unordered_map<std::string, FileIndex> byPath_;     // by canonical path
-  std::unordered_map<std::string, FileIndex> byAddress_;  // addresses that are no local files
+  std::map<std::string, std::string> directories_;     // by the prefix of addresses
+  std::unordered_map<std::string, FileIndex> byPath_;  // by canonical path
+  std::unordered_set<std::string> notLocal_;           // addresses told of
   FileIndex library_ = Target::kNoFile;
 };
 

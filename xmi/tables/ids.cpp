@@ -18,23 +18,23 @@ void Ids::AddFile(std::size_t bytes) {
   Grow(tables_.back(), SizeFor(std::max(kSmallest, bytes / kBytesPerId)));
 }
 
-// The place where the id stands or, if it is not in the table, belongs.
-std::size_t Ids::PlaceOf(const Table& table, std::string_view id, std::uint32_t hash) {
-  std::size_t place = FirstPlace(table, hash);
-  for (; table.entries[place].text != nullptr; place = NextPlace(table, place)) {
-    const Entry& entry = table.entries[place];
+// The slot where the id stands or, if it is not in the table, belongs.
+std::size_t Ids::SlotOf(const Table& table, std::string_view id, std::uint32_t hash) {
+  std::size_t slot = FirstSlot(table, hash);
+  for (; table.entries[slot].text != nullptr; slot = NextSlot(table, slot)) {
+    const Entry& entry = table.entries[slot];
     if (entry.hash == hash && std::strncmp(entry.text, id.data(), id.size()) == 0 &&
         entry.text[id.size()] == '\0') {
       break;
     }
   }
-  return place;
+  return slot;
 }
 
 bool Ids::Add(FileIndex file, const char* id, std::uint32_t hash, IdTarget target) {
   Table& table = tables_[file];
   if (SizeFor(table.count + 1) > table.entries.size()) Grow(table, 2 * table.entries.size());
-  Entry& entry = table.entries[PlaceOf(table, id, hash)];
+  Entry& entry = table.entries[SlotOf(table, id, hash)];
   if (entry.text != nullptr) return false;
   entry = {id, hash, target};
   ++table.count;
@@ -44,7 +44,7 @@ bool Ids::Add(FileIndex file, const char* id, std::uint32_t hash, IdTarget targe
 const IdTarget* Ids::Find(FileIndex file, std::string_view id, std::uint32_t hash) const {
   if (file >= tables_.size()) return nullptr;  // it was opened for this question and isn't read
   const Table& table = tables_[file];
-  const Entry& entry = table.entries[PlaceOf(table, id, hash)];
+  const Entry& entry = table.entries[SlotOf(table, id, hash)];
   return entry.text == nullptr ? nullptr : &entry.target;
 }
 
@@ -77,9 +77,9 @@ void Ids::Grow(Table& table, std::size_t size) {
   old.swap(table.entries);
   for (const Entry& entry : old) {
     if (entry.text == nullptr) continue;
-    std::size_t place = FirstPlace(table, entry.hash);
-    while (table.entries[place].text != nullptr) place = NextPlace(table, place);
-    table.entries[place] = entry;
+    std::size_t slot = FirstSlot(table, entry.hash);
+    while (table.entries[slot].text != nullptr) slot = NextSlot(table, slot);
+    table.entries[slot] = entry;
   }
 }
 

@@ -37,7 +37,7 @@ class Ids {
   /// Fetches what `Add` and `Find` will read of the table, which doesn't fit into caches.
   void Prefetch(FileIndex file, std::uint32_t hash) const {
     const Table& table = tables_[file];
-    __builtin_prefetch(&table.entries[FirstPlace(table, hash)]);
+    __builtin_prefetch(&table.entries[FirstSlot(table, hash)]);
   }
   /// Gives every item its new index, by its old one.
   void Renumber(const std::vector<ItemIndex>& numbers);
@@ -46,7 +46,7 @@ class Ids {
 
  private:
   struct Entry {
-    const char* text = nullptr;  // null in a free place
+    const char* text = nullptr;  // null in a free slot
     std::uint32_t hash = 0;
     IdTarget target{};
   };
@@ -56,13 +56,13 @@ class Ids {
   };
 
   /// Where an entry of that hash stands unless others are in its way.
-  static std::size_t FirstPlace(const Table& table, std::uint32_t hash) {
+  static std::size_t FirstSlot(const Table& table, std::uint32_t hash) {
     return static_cast<std::size_t>(hash * std::uint64_t{table.entries.size()} >> 32);
   }
-  static std::size_t NextPlace(const Table& table, std::size_t place) {
-    return place + 1 == table.entries.size() ? 0 : place + 1;
+  static std::size_t NextSlot(const Table& table, std::size_t slot) {
+    return slot + 1 == table.entries.size() ? 0 : slot + 1;
   }
-  static std::size_t PlaceOf(const Table& table, std::string_view id, std::uint32_t hash);
+  static std::size_t SlotOf(const Table& table, std::string_view id, std::uint32_t hash);
   static void Grow(Table& table, std::size_t size);
 
   std::vector<Table> tables_;                // by file

@@ -1,13 +1,14 @@
 #include "xmi/tables/items.h"
 
-#include <algorithm>
 #include <functional>
+#include <span>
+#include <unordered_set>
 
 namespace xmi {
 
 ItemIndex Items::Add(const Item& item) {
   items_.push_back(item);
-  return static_cast<ItemIndex>(items_.size() - 1);
+  return Size() - 1;
 }
 
 std::string_view Items::NameOf(ItemIndex index) const {
@@ -19,6 +20,11 @@ ItemIndex Items::ScopeOf(ItemIndex index) const {
   const ItemIndex owner = items_[index].owner;
   if (owner == kNoItem || !items_[owner].Has(Item::kHolder)) return owner;
   return items_[owner].owner;
+}
+
+ItemIndex Items::RootOf(ItemIndex index) const {
+  while (items_[index].owner != kNoItem) index = items_[index].owner;
+  return index;
 }
 
 std::string Items::QualifiedName(ItemIndex index) const {
@@ -47,11 +53,6 @@ std::string Items::ShortName(ItemIndex index) const {
   return result;
 }
 
-std::string Shortened(std::string_view name) {
-  constexpr std::size_t most = 200;
-  return name.size() <= most ? std::string(name) : std::string(name.substr(0, most)) + "...";
-}
-
 void Items::Renumber(const std::vector<ItemIndex>& order, const std::vector<ItemIndex>& numbers) {
   std::vector<Item> renumbered;
   renumbered.reserve(order.size());
@@ -69,8 +70,8 @@ ItemIndex Items::Find(const model::Element& element) const {
     sortedSize_ = items_.size();
     byAddress_.clear();
     byAddress_.reserve(items_.size());
-    for (std::size_t i = 0; i < items_.size(); ++i) {
-      if (items_[i].element != nullptr) byAddress_.push_back(static_cast<ItemIndex>(i));
+    for (ItemIndex index = 0; index < Size(); ++index) {
+      if (address(index) != nullptr) byAddress_.push_back(index);
     }
     // Elements are made one behind the other, so there is nearly always nothing to sort.
     const auto isBefore = [&](ItemIndex a, ItemIndex b) { return before(address(a), address(b)); };
@@ -84,26 +85,32 @@ ItemIndex Items::Find(const model::Element& element) const {
   return found != byAddress_.end() && address(*found) == &element ? *found : kNoItem;
 }
 
-bool IsPackage(Word type) {
-  return type == Word::kPackage || type == Word::kModel || type == Word::kProfile;
+std::string Shortened(std::string_view name) {
+  constexpr std::size_t most = 200;
+  return name.size() <= most ? std::string(name) : std::string(name.substr(0, most)) + "...";
 }
 
-bool IsClassifier(Word type) {
-  return type >= Word::kClass && type <= Word::kDeploymentSpecification;
+void RemoveRepeated(std::vector<ItemIndex>& list) {
+  if (list.size() < 2) return;
+  std::unordered_set<ItemIndex> known;
+  std::erase_if(list, [&](ItemIndex item) { return !known.insert(item).second; });
 }
 
-bool IsDependency(Word type) { return type >= Word::kDependency && type <= Word::kPackageImport; }
-
-bool IsValue(Word type) { return type >= Word::kLiteralInteger && type <= Word::kExpression; }
-
-bool IsPart(Word type) {
-  return IsValue(type) || type == Word::kTemplateBindingType ||
-         type == Word::kTemplateParameterSubstitution;
-}
-
-bool IsTyped(Word type) {
-  return type == Word::kProperty || type == Word::kExtensionEnd || type == Word::kPort ||
-         type == Word::kParameter;
+void Lists::Store(const Items& items, model::Symbol property) const {
+  if (entries_.empty()) return;
+  std::vector<std::uint32_t> ends(items.Size() + 1, 0);
+  for (const Entry& entry : entries_) ++ends[entry.owner + 1];
+  for (std::size_t i = 1; i < ends.size(); ++i) ends[i] += ends[i - 1];
+  // Each owner's end starts at its begin and moves on while the entries are put there.
+  std::vector<model::Element*> sorted(entries_.size());
+  for (const Entry& entry : entries_) sorted[ends[entry.owner]++] = entry.element;
+  std::uint32_t begin = 0;
+  for (ItemIndex owner = 0; begin < sorted.size(); ++owner) {
+    const std::uint32_t end = ends[owner];
+    if (end == begin) continue;
+    items[owner].element->SetEntities(property, std::span(sorted).subspan(begin, end - begin));
+    begin = end;
+  }
 }
 
 }  // namespace xmi

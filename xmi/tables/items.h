@@ -41,7 +41,7 @@ struct Item {
     kOverridden = 64,  ///< a stereotype decided its metaclass
   };
 
-  model::Element* element = nullptr;  ///< Null for the place of an element of another file.
+  model::Element* element = nullptr;  ///< Null for the placeholder of an element of another file.
   ItemIndex owner = kNoItem;
   std::uint32_t offset = 0;  ///< In the file's text.
   FileIndex file = 0;
@@ -61,7 +61,7 @@ void ReserveMore(std::vector<Entry>& list, std::size_t more) {
 class Items {
  public:
   ItemIndex Add(const Item& item);
-  std::size_t Size() const { return items_.size(); }
+  ItemIndex Size() const { return static_cast<ItemIndex>(items_.size()); }
   /// Makes room for so many more.
   void Reserve(std::size_t more) { ReserveMore(items_, more); }
   Item& operator[](ItemIndex index) { return items_[index]; }
@@ -70,6 +70,8 @@ class Items {
   std::string_view NameOf(ItemIndex index) const;
   /// The owner in which an element has its name: the package for the constants of a holder.
   ItemIndex ScopeOf(ItemIndex index) const;
+  /// The outermost owner; the item itself when it has none.
+  ItemIndex RootOf(ItemIndex index) const;
   /// The "::"-qualified name below the root; empty for a root.
   std::string QualifiedName(ItemIndex index) const;
   /// The same for people: the outer names of a deep element and the end of a long name are left
@@ -90,15 +92,25 @@ class Items {
 /// A name, or the beginning of a very long one.
 std::string Shortened(std::string_view name);
 
-/// True for a type whose elements own members under their names.
-bool IsPackage(Word type);
-bool IsClassifier(Word type);
-bool IsDependency(Word type);
-/// A value: a literal, an expression or an instance's.
-bool IsValue(Word type);
-/// What is no element of its own: a value, the binding of a template, or a part of that.
-bool IsPart(Word type);
-/// A property or parameter.
-bool IsTyped(Word type);
+/// Leaves out what stands in the list already.
+void RemoveRepeated(std::vector<ItemIndex>& list);
+
+/// Collects the entries of a multi-valued property of many elements, then stores each list once.
+///
+/// Entries are put down in any order of owners and keep their order within each owner. So no list
+/// grows in the model, and the work is proportional to the entries.
+class Lists {
+ public:
+  void Add(ItemIndex owner, model::Element* entry) { entries_.push_back({owner, entry}); }
+  /// Gives every owner its list.
+  void Store(const Items& items, model::Symbol property) const;
+
+ private:
+  struct Entry {
+    ItemIndex owner;
+    model::Element* element;
+  };
+  std::vector<Entry> entries_;
+};
 
 }  // namespace xmi

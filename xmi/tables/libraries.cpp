@@ -1,8 +1,14 @@
 #include "xmi/tables/libraries.h"
 
+#include <algorithm>
+#include <iterator>
+#include <span>
+
 namespace xmi {
 namespace {
 
+/// A type of a library and the id of ours that serves for it. Types that IDL has nothing for are
+/// left out: what is typed by them has no type.
 struct Row {
   std::string_view theirs;
   std::string_view ours;
@@ -35,41 +41,51 @@ constexpr Row kXml[] = {{"String", "string"},
                         {"UnsignedInt", "unsigned_long"},
                         {"UnsignedLong", "unsigned_long_long"}};
 
-template <std::size_t size>
-LibraryReference Find(const Row (&rows)[size], std::string_view fragment) {
-  for (const Row& row : rows) {
-    if (row.theirs == fragment) return {true, row.ours};
-  }
-  return {true, {}};
-}
+/// A library by the name of its file: tools keep it at different addresses.
+struct Library {
+  std::string_view file;
+  std::span<const Row> rows;
+};
 
-bool IsUmlFile(std::string_view name) {
-  for (const std::string_view known :
-       {"UMLPrimitiveTypes.library.uml", "UMLPrimitiveTypes.library.uml2", "PrimitiveTypes.xmi",
-        "PrimitiveTypes.uml", "UML.xmi", "uml.xmi", "uml.xml", "UML.xml", "UML.metamodel.uml"}) {
-    if (name == known) return true;
+constexpr Library kLibraries[] = {{"UMLPrimitiveTypes.library.uml", kUml},
+                                  {"UMLPrimitiveTypes.library.uml2", kUml},
+                                  {"PrimitiveTypes.xmi", kUml},
+                                  {"PrimitiveTypes.uml", kUml},
+                                  {"UML.xmi", kUml},
+                                  {"uml.xmi", kUml},
+                                  {"uml.xml", kUml},
+                                  {"UML.xml", kUml},
+                                  {"UML.metamodel.uml", kUml},
+                                  {"EcorePrimitiveTypes.library.uml", kEcore},
+                                  {"Ecore", kEcore},
+                                  {"JavaPrimitiveTypes.library.uml", kJava},
+                                  {"XMLPrimitiveTypes.library.uml", kXml}};
+
+std::string_view Find(std::span<const Row> rows, std::string_view name) {
+  for (const Row& row : rows) {
+    if (row.theirs == name) return row.ours;
   }
-  return false;
+  return {};
 }
 
 }  // namespace
 
 LibraryReference FindInLibrary(std::string_view fileName, std::string_view fragment) {
-  if (fragment.substr(0, 2) == "//") fragment.remove_prefix(2);
-  if (IsUmlFile(fileName)) return Find(kUml, fragment);
-  if (fileName == "EcorePrimitiveTypes.library.uml" || fileName == "Ecore") {
-    return Find(kEcore, fragment);
+  if (fragment.starts_with("//")) fragment.remove_prefix(2);  // the name in a package of Ecore
+  for (const Library& library : kLibraries) {
+    if (library.file == fileName) return {true, Find(library.rows, fragment)};
   }
-  if (fileName == "JavaPrimitiveTypes.library.uml") return Find(kJava, fragment);
-  if (fileName == "XMLPrimitiveTypes.library.uml") return Find(kXml, fragment);
   return {};
 }
 
 std::string_view PrimitiveName(std::string_view name) {
-  for (const Row& row : kUml) {
-    if (row.theirs == name) return row.ours;
-  }
-  return name;
+  const std::string_view ours = Find(kUml, name);
+  return ours.empty() ? name : ours;
+}
+
+bool IsTemplateName(std::string_view name) {
+  constexpr std::string_view kTemplates[] = {"sequence", "string", "wstring", "fixed", "array"};
+  return std::find(std::begin(kTemplates), std::end(kTemplates), name) != std::end(kTemplates);
 }
 
 }  // namespace xmi

@@ -3,10 +3,15 @@
 #include <pugixml.hpp>
 #include <utility>
 
-#include "xmi/tables/built_in.h"
 #include "xmi/text/document.h"
+#include "xmi/text/start_tag.h"
 
 namespace xmi {
+
+namespace built_in {
+extern const std::string_view CORBA_profile_uml;
+}  // namespace built_in
+
 namespace {
 
 // The name of the enumeration literal with that id.
@@ -31,7 +36,7 @@ Profile::Tag ReadTag(pugi::xml_node property, pugi::xml_node root) {
   tag.name = property.attribute("name").value();
   tag.isList = property.child("upperValue").attribute("value").value() == std::string_view("*");
   const std::string_view type = property.child("type").attribute("href").value();
-  tag.isText = type.size() >= 7 && type.substr(type.size() - 7) == "#String";
+  tag.isText = type.ends_with("#String");
   tag.defaultValue = DefaultOf(property, root);
   return tag;
 }
@@ -43,15 +48,16 @@ Profile::Stereotype ReadStereotype(pugi::xml_node element, pugi::xml_node root) 
     stereotype.generals.push_back(generalization.attribute("general").value());
   }
   for (const pugi::xml_node property : element.children("ownedAttribute")) {
-    const std::string_view name = property.attribute("name").value();
-    if (name.substr(0, 5) != "base_") stereotype.tags.push_back(ReadTag(property, root));
+    if (IsBase(property.attribute("name").value())) continue;
+    stereotype.tags.push_back(ReadTag(property, root));
   }
   return stereotype;
 }
 
 }  // namespace
 
-// The ids of the profile's stereotypes are their names.
+// The ids of the profile's stereotypes are their names, so "general" holds names. The file is our
+// own: what other tools may write instead isn't looked for.
 Profile::Profile(std::string text) {
   const auto document = Document::Parse("CORBA.profile.uml", std::move(text));
   const pugi::xml_node root = document->Root();

@@ -1,6 +1,7 @@
 #include "xmi/tables/reading.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace xmi {
 
@@ -16,25 +17,28 @@ pugi::xml_node Reading::RootNode(ItemIndex item) const {
   return root.item == item ? root.node : pugi::xml_node();
 }
 
-std::string Reading::Describe(ItemIndex item) const {
-  std::string_view kind = TextOf(items[item].type);
-  if (items[item].element == nullptr) kind = "part";
-  if (kind.empty()) kind = items[item].element->Metaclass().Text();
-  const std::string name = items.ShortName(item);
-  if (!items.NameOf(item).empty() && !name.empty()) return std::string(kind) + " " + name;
-  const ItemIndex owner = items.ScopeOf(item);
-  if (owner == kNoItem) {
-    const std::string_view rootName = items.NameOf(item);
-    return rootName.empty() ? "a " + std::string(kind)
-                            : std::string(kind) + " " + Shortened(rootName);
+model::Element& Reading::IdentOf(ItemIndex designated) {
+  if (idents.size() <= designated) idents.resize(items.Size());
+  model::Element*& ident = idents[designated];
+  if (ident == nullptr) {
+    ident = &model.Create(metaclasses::ident);
+    ident->SetTextView(properties::name, items.NameOf(designated));
+    ident->SetEntity(properties::definition, items[designated].element);
   }
-  const std::string ownerName = items.ShortName(owner);
-  return "a " + std::string(kind) + " in " +
-         (ownerName.empty() ? Shortened(items.NameOf(owner)) : ownerName);
+  return *ident;
 }
 
-void Reading::Refuse(const Location& location, const std::string& text) const {
-  throw ReadError(location, text);
+std::string Reading::Describe(ItemIndex item) const {
+  std::string kind(TextOf(items[item].type));
+  if (items[item].element == nullptr) kind = "part";
+  if (kind.empty()) kind = items[item].element->Metaclass().Text();
+  const std::string_view name = items.NameOf(item);
+  const std::string path = items.ShortName(item);
+  if (!name.empty() && !path.empty()) return kind + " " + path;
+  const ItemIndex owner = items.ScopeOf(item);
+  if (owner == kNoItem) return name.empty() ? "a " + kind : kind + " " + Shortened(name);
+  const std::string ownerPath = items.ShortName(owner);
+  return "a " + kind + " in " + (ownerPath.empty() ? Shortened(items.NameOf(owner)) : ownerPath);
 }
 
 }  // namespace xmi

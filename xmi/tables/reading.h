@@ -1,12 +1,11 @@
-// The state of one reading, which its phases share.
+// The state of one reading, which its passes share.
 //
-// The first phase goes through the files, makes the elements and puts down what can't be decided
-// before everything is read; the later phases work that off, so references may lead anywhere.
+// The first pass goes through the files, makes the elements and puts down what can't be decided
+// before everything is read; the later passes work that off, so references may lead anywhere.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
-#include <iterator>
 #include <pugixml.hpp>
 #include <span>
 #include <string>
@@ -48,7 +47,7 @@ struct Part {
 };
 
 /// A bound, a default value or the value of an instance.
-struct ValueNode : Part {
+struct ValueSpec : Part {
   Word feature = Word::kNone;
   Word type = Word::kNone;
   std::string_view value;  ///< The attribute "value"; empty without one.
@@ -67,6 +66,12 @@ struct Application {
   pugi::xml_node node;
 };
 
+/// A classifier that is an instantiation of a template, and its binding among the bindings.
+struct Instantiation {
+  ItemIndex item = kNoItem;
+  std::size_t binding = 0;
+};
+
 /// How many stereotypes or keywords an element may have, tags a stereotype, and namespaces a tag.
 /// Far more than any tool writes; they are looked through one by one.
 inline constexpr std::size_t kMostOfAKind = 1000;
@@ -81,11 +86,13 @@ struct Reading {
   Ids ids;
 
   std::vector<Reference> references;
-  std::vector<ValueNode> values;
+  std::vector<ValueSpec> values;
   std::vector<Part> bindings;  ///< Of templates.
   std::vector<Application> applications;
-  std::vector<Link> links;  ///< In the order of the items that they come from.
-  std::vector<Root> roots;  ///< Of all files, in the order of their items.
+  std::vector<Instantiation> instantiations;  ///< In the order of their items.
+  std::vector<Link> links;                    ///< In the order of the items that they come from.
+  std::vector<Root> roots;                    ///< Of all files, in the order of their items.
+  std::vector<model::Element*> idents;        ///< By what they designate; null where not yet made.
   std::unordered_map<std::string, std::size_t> passedOver;
   ReadingProgress progress;
 
@@ -98,21 +105,23 @@ struct Reading {
   }
   /// What was read as an element at the top of a file; null for an item that is none.
   pugi::xml_node RootNode(ItemIndex item) const;
-  /// The element at the top of the file under which an item was read, before any was moved.
-  ItemIndex RootOf(ItemIndex item) const { return std::prev(RootBehind(item))->item; }
   /// The first root behind an item.
   std::vector<Root>::const_iterator RootBehind(ItemIndex item) const;
-  /// The links of an item, for loops over all items in order; `next` starts at 0.
-  std::span<const Link> LinksOf(ItemIndex item, std::size_t& next) const {
-    const std::size_t begin = next;
-    while (next < links.size() && links[next].from == item) ++next;
-    return {links.data() + begin, next - begin};
+  /// Calls `visit(item, links)` for every item, in order, with the links that come from it.
+  template <typename Visit>
+  void ForEachItem(const Visit& visit) const {
+    std::size_t end = 0;
+    for (ItemIndex item = 0; item < items.Size(); ++item) {
+      const std::size_t begin = end;
+      while (end < links.size() && links[end].from == item) ++end;
+      visit(item, std::span(links).subspan(begin, end - begin));
+    }
   }
+  /// The "Ident" that designates an item's element; the same for all that refer to it.
+  model::Element& IdentOf(ItemIndex designated);
   /// How a diagnostic names an item: its kind and its qualified name, shortened when it is very
   /// long.
   std::string Describe(ItemIndex item) const;
-  /// Ends the reading with a `ReadError`: nothing like that is in a model.
-  [[noreturn]] void Refuse(const Location& location, const std::string& text) const;
   /// Adds a warning about an item.
   void Warn(ItemIndex item, std::string_view rule, const std::string& text) {
     diagnostics.Add(Locate(item), rule, text, items[item].element);

@@ -8,6 +8,7 @@
 #include <fstream>
 
 #include "xmi/text/encoding.h"
+#include "xmi/text/scanning.h"
 
 namespace xmi {
 namespace {
@@ -17,7 +18,6 @@ namespace {
 // beside the root element is kept to be refused.
 constexpr unsigned kParseOptions = pugi::parse_default | pugi::parse_ws_pcdata_single |
                                    pugi::parse_embed_pcdata | pugi::parse_fragment;
-constexpr const char* kBlanks = " \t\r\n";
 constexpr std::string_view kMayBeLast = "> \t\r\n";
 
 std::string Bytes(const std::string& path) {
@@ -45,12 +45,9 @@ std::string Bytes(const std::string& path) {
 }
 
 bool StartsAsHtml(std::string_view text) {
-  const std::size_t start = text.find_first_not_of(kBlanks);
-  if (start == std::string_view::npos) return false;
-  std::string head(text.substr(start, 14));
-  std::transform(head.begin(), head.end(), head.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return head == "<!doctype html" || head.substr(0, 5) == "<html";
+  text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+  const std::string head = Lowered(text.substr(0, 14));
+  return head == "<!doctype html" || head.starts_with("<html");
 }
 
 std::string ProblemText(const pugi::xml_parse_result& result) {
@@ -99,7 +96,7 @@ void Document::RequireOneRoot() const {
     const bool isElement = node.type() == pugi::node_element;
     const char* const begin = isElement ? node.name() : node.value();
     const auto offset =
-        static_cast<std::size_t>(begin - text_->data()) + std::strspn(begin, kBlanks);
+        static_cast<std::size_t>(begin - text_->data()) + std::strspn(begin, kBlanks.data());
     Fail(offset, std::string("is no well-formed XML: there is ") +
                      (isElement ? "another element" : "text") + " beside its root element");
   }

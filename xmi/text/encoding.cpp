@@ -1,18 +1,19 @@
 #include "xmi/text/encoding.h"
 
-#include <algorithm>
 #include <array>
-#include <cctype>
 #include <cstdint>
 #include <cstring>
 #include <string_view>
+
+#include "xmi/text/scanning.h"
 
 namespace xmi {
 namespace {
 
 enum class Encoding { kUtf8, kAscii, kLatin1, kWindows1252, kUnknown };
 
-// What windows-1252 has for the bytes 0x80 to 0x9F.
+// What windows-1252 has for the bytes 0x80 to 0x9F. Files have been seen to hold the five that are
+// undefined there; those stand for themselves, as in ISO-8859-1.
 constexpr std::array<char32_t, 32> kWindows1252 = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
@@ -36,19 +37,15 @@ void AppendUtf8(std::string& text, char32_t c) {
   }
 }
 
+// What the XML declaration says, in lower case; empty without one. A file that never ends its
+// declaration isn't searched as a whole.
 std::string DeclaredEncoding(std::string_view bytes) {
-  if (bytes.substr(0, 5) != "<?xml") return "";
+  if (!bytes.starts_with("<?xml")) return "";
   const std::string_view declaration = bytes.substr(0, bytes.substr(0, 400).find("?>"));
-  std::size_t at = declaration.find("encoding");
-  if (at == std::string_view::npos) return "";
-  at = declaration.find_first_of("\"'", at);
-  if (at == std::string_view::npos) return "";
+  const std::size_t at = declaration.find_first_of("\"'", declaration.find("encoding"));
+  if (at == bytes.npos) return "";
   const std::size_t end = declaration.find(declaration[at], at + 1);
-  if (end == std::string_view::npos) return "";
-  std::string name(declaration.substr(at + 1, end - at - 1));
-  std::transform(name.begin(), name.end(), name.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return name;
+  return end == bytes.npos ? "" : Lowered(declaration.substr(at + 1, end - at - 1));
 }
 
 Encoding EncodingOf(const std::string& name) {
@@ -59,7 +56,8 @@ Encoding EncodingOf(const std::string& name) {
   return Encoding::kUnknown;
 }
 
-// The length of the well-formed UTF-8 sequence at the start of a text; 0 when there is none.
+// The length of the well-formed UTF-8 sequence at the start of a text; 0 when there is none. The
+// narrower ranges of second bytes shut out overlong forms, surrogates and what lies above U+10FFFF.
 std::size_t Utf8Length(std::string_view text) {
   const auto byte = [&](std::size_t i) {
     return i < text.size() ? static_cast<unsigned char>(text[i]) : 0u;
@@ -157,11 +155,12 @@ EncodingProblem FromUtf16(std::string& bytes, bool bigEndian) {
 
 EncodingProblem ToUtf8(std::string& bytes) {
   const std::string_view start(bytes);
-  if (start.substr(0, 2) == "\xFF\xFE") return FromUtf16(bytes, false);
-  if (start.substr(0, 2) == "\xFE\xFF") return FromUtf16(bytes, true);
+  if (start.starts_with("\xFF\xFE")) return FromUtf16(bytes, false);
+  if (start.starts_with("\xFE\xFF")) return FromUtf16(bytes, true);
   const std::size_t nul = start.find('\0');
-  if (nul != std::string_view::npos) return {nul, "the text holds a NUL byte"};
-  const bool marked = start.substr(0, 3) == "\xEF\xBB\xBF";
+  if (nul != start.npos) return {nul, "the text holds a NUL byte"};
+  // A byte order mark outweighs what the file declares: it can't be in the text by accident.
+  const bool marked = start.starts_with("\xEF\xBB\xBF");
   const std::string name = DeclaredEncoding(marked ? start.substr(3) : start);
   const Encoding encoding = marked ? Encoding::kUtf8 : EncodingOf(name);
   EncodingProblem problem;

@@ -5,6 +5,18 @@
 namespace xmi {
 namespace {
 
+Space SpaceOf(std::string_view uri) {
+  if (uri.starts_with("http://www.eclipse.org/uml2/") && uri.ends_with("/UML")) return Space::kUml;
+  if (uri.starts_with("http://www.omg.org/spec/UML/")) return Space::kUml;
+  if (uri.starts_with("http://schema.omg.org/spec/UML/")) return Space::kUml;
+  for (const std::string_view family : {"http://www.omg.org/XMI", "http://www.omg.org/spec/XMI",
+                                        "http://schema.omg.org/spec/XMI"}) {
+    if (uri == family || (uri.starts_with(family) && uri[family.size()] == '/')) return Space::kXmi;
+  }
+  if (uri == "http://www.w3.org/2001/XMLSchema-instance") return Space::kXsi;
+  return uri.empty() ? Space::kNone : Space::kForeign;
+}
+
 void BindDeclared(pugi::xml_node element, Namespaces& namespaces) {
   for (const pugi::xml_attribute attribute : element.attributes()) {
     const QualifiedName name = SplitName(attribute.name());
@@ -13,21 +25,63 @@ void BindDeclared(pugi::xml_node element, Namespaces& namespaces) {
   }
 }
 
+std::string_view AttributeOf(pugi::xml_node element, std::string_view local, bool hasPrefix) {
+  for (const pugi::xml_attribute attribute : element.attributes()) {
+    const QualifiedName name = SplitName(attribute.name());
+    if (name.local == local && name.prefix.empty() != hasPrefix) return attribute.value();
+  }
+  return {};
+}
+
 }  // namespace
 
-Word TypeOf(std::string_view name) {
-  const Word word = FindWord(name);
-  return word >= Word::kPackage ? word : Word::kNone;
+// Some files leave out the declarations of these two prefixes.
+Namespaces::Namespaces() {
+  Bind("xmi", "http://www.omg.org/XMI");
+  Bind("xsi", "http://www.w3.org/2001/XMLSchema-instance");
+}
+
+void Namespaces::Bind(std::string_view prefix, std::string_view uri) {
+  bindings_.push_back({prefix, uri, SpaceOf(uri)});
+  last_ = bindings_.size() - 1;
+  ++version_;
+}
+
+const Namespaces::Binding* Namespaces::Lookup(std::string_view prefix) const {
+  if (last_ != 0 && bindings_[last_].prefix == prefix) return &bindings_[last_];
+  for (std::size_t i = bindings_.size(); i-- > 0;) {
+    if (bindings_[i].prefix != prefix) continue;
+    last_ = i;
+    return &bindings_[i];
+  }
+  return nullptr;
+}
+
+Space Namespaces::Find(std::string_view prefix) const {
+  if (const Binding* binding = Lookup(prefix)) return binding->space;
+  return prefix.empty() ? Space::kNone : Space::kForeign;
+}
+
+std::string_view Namespaces::UriOf(std::string_view prefix) const {
+  const Binding* binding = Lookup(prefix);
+  return binding == nullptr ? std::string_view() : binding->uri;
+}
+
+QualifiedName SplitName(std::string_view name) {
+  const std::size_t colon = name.find(':');
+  if (colon == std::string_view::npos) return {{}, name};
+  return {name.substr(0, colon), name.substr(colon + 1)};
 }
 
 void StartTag::Clear() {
   id = idref = href = typeName = {};
-  nil = hasBase = false;
+  isNil = hasBase = false;
   typeSpace = Space::kNone;
   type = Word::kNone;
   features.clear();
 }
 
+// What is in the cell may be of another name or of older namespaces; then it is looked up anew.
 const StartTag::Known& StartTag::Look(std::string_view qualified, const Namespaces& namespaces) {
   const std::size_t size = qualified.size();
   const auto letter = [&](std::size_t i) { return static_cast<unsigned char>(qualified[i]); };
@@ -68,13 +122,13 @@ bool StartTag::ReadAttributes(pugi::xml_node element, const Namespaces& namespac
        attribute = attribute.next_attribute()) {
     const Known& known = Look(attribute.name(), namespaces);
     if (known.hasPrefix) {
-      declares = declares || known.text.substr(0, 6) == "xmlns:";
+      declares = declares || known.text.starts_with("xmlns:");
       ReadPrefixed(known, attribute.value(), namespaces);
     } else if (known.word == Word::kHref) {
       href = attribute.value();
     } else if (known.word != Word::kNone) {
       features.push_back({known.word, attribute.value()});
-    } else if (known.local.substr(0, 5) == "base_") {
+    } else if (IsBase(known.local)) {
       hasBase = true;
     } else if (known.local == "xmlns") {
       declares = true;
@@ -94,15 +148,15 @@ void StartTag::ReadPrefixed(const Known& attribute, std::string_view value,
       idref = value;
       break;
     case Word::kNil:
-      nil = value == "true" || value == "1";
+      isNil = value == "true" || value == "1";
       break;
     case Word::kType: {
       const Known& known = Look(value, namespaces);
       typeName = known.local;
-      type = known.word >= Word::kPackage ? known.word : Word::kNone;
+      type = IsType(known.word) ? known.word : Word::kNone;
       typeSpace = known.space;
       if (!known.hasPrefix) typeSpace = namespaces.Find({});
-      if (typeSpace == Space::kNone) typeSpace = Space::kUml;
+      if (typeSpace == Space::kNone) typeSpace = Space::kUml;  // what else could be meant?
       break;
     }
     default:
@@ -110,12 +164,18 @@ void StartTag::ReadPrefixed(const Known& attribute, std::string_view value,
   }
 }
 
-std::string_view LocalAttribute(pugi::xml_node element, std::string_view local, bool prefixed) {
-  for (const pugi::xml_attribute attribute : element.attributes()) {
-    const QualifiedName split = SplitName(attribute.name());
-    if (split.local == local && split.prefix.empty() != prefixed) return attribute.value();
-  }
-  return {};
+std::string_view PlainAttribute(pugi::xml_node element, std::string_view name) {
+  return AttributeOf(element, name, false);
+}
+
+std::string_view PrefixedAttribute(pugi::xml_node element, std::string_view local) {
+  return AttributeOf(element, local, true);
+}
+
+IdOrHref ReferenceOf(pugi::xml_node element) {
+  const std::string_view href = PlainAttribute(element, "href");
+  if (!href.empty()) return {href, true};
+  return {PrefixedAttribute(element, "idref"), false};
 }
 
 }  // namespace xmi
