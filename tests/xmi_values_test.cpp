@@ -267,4 +267,19 @@ TEST(XmiTemplates, ThatAreTheirOwnParametersAreCut) {
   EXPECT_THAT(files.Diagnostics(), ElementsAre(HasSubstr("Class c is a part of itself")));
 }
 
+TEST(XmiTemplates, TakeNoElementForAnInstantiationByItsTypeAlone) {
+  for (const char* actual : {"before", "behind"}) {
+    XmiFiles files;
+    files.ReadModel(
+        R"(<packagedElement xmi:type="uml:TemplateInstantiation" xmi:id="before" name="T"/>
+           <packagedElement xmi:type="uml:Class" xmi:id="s"><templateBinding>
+             <signature href="CORBA.library.uml#sequence_signature"/>
+             <parameterSubstitution actual=")" +
+        std::string(actual) + R"("/></templateBinding></packagedElement>
+           <packagedElement xmi:type="uml:TemplateInstantiation" xmi:id="behind" name="T"/>)");
+    EXPECT_EQ(support::Names(files["s"], "ActualTemplateParameter"), "T") << actual;
+    EXPECT_THAT(files.Diagnostics(), IsEmpty()) << actual;
+  }
+}
+
 }  // namespace

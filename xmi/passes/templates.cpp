@@ -120,8 +120,10 @@ class Filler {
       return;
     }
     model::Element& element = *reading_.items[actual].element;
-    const bool isNested = element.Metaclass() == metaclasses::templateInstantiation;
-    filled.actuals.push_back(isNested ? &element : &reading_.IdentOf(actual));
+    const bool isInstantiation = element.Metaclass() == metaclasses::templateInstantiation;
+    filled.actuals.push_back(isInstantiation ? &element : &reading_.IdentOf(actual));
+    // A file may have an element that only claims to be one: an unknown type is its metaclass.
+    const bool isNested = isInstantiation && IsClassifier(reading_.items[actual].type);
     if (isNested) filled.nested.push_back(actual);
   }
 
