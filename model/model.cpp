@@ -50,7 +50,7 @@ Model::Model() : impl_(std::make_unique<Impl>()) {
 Model::~Model() = default;
 
 Element& Model::Create(Symbol metaclass, std::size_t properties) {
-  auto& made = *new (impl_->elements.Place()) Element(*this, metaclass);
+  auto& made = *new (impl_->elements.Allocate()) Element(*this, metaclass);
   if (properties != 0) made.GrowSlots(std::min<std::size_t>(properties, 8));
   return made;
 }

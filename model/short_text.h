@@ -16,11 +16,11 @@ std::uint64_t Load(const char* bytes) {
   return word;
 }
 
-/// Whether two texts have the same words at some places; words may overlap.
+/// Whether two texts have the same words at some offsets; words may overlap.
 template <typename Word, std::size_t count>
-bool SameWords(std::string_view left, std::string_view right, const std::size_t (&places)[count]) {
+bool SameWords(std::string_view left, std::string_view right, const std::size_t (&offsets)[count]) {
   std::uint64_t difference = 0;
-  for (const std::size_t at : places) {
+  for (const std::size_t at : offsets) {
     difference |= Load<Word>(left.data() + at) ^ Load<Word>(right.data() + at);
   }
   return difference == 0;

@@ -18,7 +18,7 @@ namespace model {
 class ElementStore {
  public:
   /// Room for the next element, to be made there at once.
-  void* Place() {
+  void* Allocate() {
     if (used_ == chunkSize || chunks_.empty()) {
       chunks_.push_back(std::make_unique_for_overwrite<std::byte[]>(chunkSize * sizeof(Element)));
       used_ = 0;

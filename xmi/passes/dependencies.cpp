@@ -26,6 +26,7 @@ int SupplierRank(Word type, Word feature) {
   }
 }
 
+// An import is one of two kinds, which UML tells by its visibility and names by these keywords.
 void SetKeyword(model::Model& model, const Item& item) {
   if (item.type == Word::kManifestation) {
     model.AddKeyword(*item.element, keywords::manifest.Text());

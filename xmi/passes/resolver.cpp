@@ -44,7 +44,7 @@ const IdTarget* FindInExtensions(Reading& reading, FileIndex file, std::string_v
 void ResolveAll(Reading& reading, const Reference& reference) {
   const std::string_view feature = TextOf(reference.feature);
   const std::string_view text = reference.text;
-  // A library may have such a type, under this id, that isn't read.
+  // The type may stand in a library that isn't read; its id says enough.
   const bool isVoid = reference.isHref && text.ends_with("#void");
   if (isVoid) reading.items[reference.from].flags |= Item::kTypedVoid;
   const auto add = [&](std::string_view one) {

@@ -221,7 +221,7 @@ class FileWalker {
       type = DefaultType(tag_.tag);
       if (type == Word::kNone) return PassOver({Mode::kIds, owner});
     } else if (tag_.typeSpace != Space::kUml) {
-      return PassOver({});
+      return PassOver({});  // nothing of UML refers to what is in it
     }
     // An element of a type that means nothing to the agent is made all the same: what it owns may.
     if (type == Word::kNone) ++reading_.passedOver[KindOf(tag_)];

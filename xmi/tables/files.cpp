@@ -98,7 +98,7 @@ FileIndex Files::OpenReferred(FileIndex from, std::string_view address, std::uin
     return Target::kNoFile;
   }
   if (isLocal) {
-    address.remove_prefix(scheme.size());
+    address.remove_prefix(scheme.size());  // "file:/a", "file:///a" or "file://localhost/a"
     if (address.starts_with("//")) address.remove_prefix(2);
     if (address.starts_with("localhost/")) address.remove_prefix(9);
   }
@@ -107,6 +107,7 @@ FileIndex Files::OpenReferred(FileIndex from, std::string_view address, std::uin
   return OpenPath(path.string(), location);
 }
 
+// A file that can't be read is remembered, too: it is told of once.
 FileIndex Files::OpenPath(const std::string& path, const Location& location) {
   const auto [entry, isNew] = byPath_.emplace(CanonicalOf(path), Target::kNoFile);
   if (!isNew) return entry->second;

@@ -77,6 +77,7 @@ void Document::Fill(std::string text) {
   if (text_->find_first_not_of(kBlanks) == std::string::npos) {
     throw ReadError({path_}, "is empty");
   }
+  // A page that an address answered with says more than what is wrong with its encoding.
   if (StartsAsHtml(*text_)) Fail(0, "is an HTML page, no UML model");
   if (!problem.text.empty()) Fail(problem.offset, problem.text);
   tree_ = std::make_unique<pugi::xml_document>();
