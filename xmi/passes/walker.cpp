@@ -31,13 +31,13 @@ std::string KindOf(const StartTag& tag) {
 
 /// Why a file is no model; empty when it is one. `tag` is its root's.
 std::string RootProblem(pugi::xml_node root, const StartTag& tag, const Namespaces& namespaces) {
-  const std::string ecoreModel = "is an Ecore model, no UML model";
+  constexpr const char* kEcoreModel = "is an Ecore model, no UML model";
   const QualifiedName name = SplitName(tag.name);
   if (root.attribute("xmi.version")) {
     return "is XMI of UML 1, which is not supported; export the model as UML 2 in XMI 2";
   }
   if (name.local == "Diagram") return "is a diagram, no UML model";
-  if (namespaces.UriOf(name.prefix) == kEcoreUri) return ecoreModel;
+  if (namespaces.UriOf(name.prefix) == kEcoreUri) return kEcoreModel;
   if (name.local == "html" || name.local == "HTML") return "is an HTML page, no UML model";
   if (tag.space == Space::kUml) return "";
   const bool isXmi = tag.space == Space::kXmi && tag.tag == Word::kXmi;
@@ -48,7 +48,7 @@ std::string RootProblem(pugi::xml_node root, const StartTag& tag, const Namespac
     StartTag below;
     below.ReadRoot(child, scope);
     if (below.space == Space::kUml || below.hasBase || BaseChild(child)) return "";
-    if (scope.UriOf(SplitName(below.name).prefix) == kEcoreUri) return ecoreModel;
+    if (scope.UriOf(SplitName(below.name).prefix) == kEcoreUri) return kEcoreModel;
   }
   return "is no UML model: there is no UML element in it";
 }
