@@ -11,7 +11,7 @@
 namespace xmi {
 
 /// Goes through all files, also those that are opened meanwhile, and makes the elements. Throws
-/// `ReadError` when the model file is no model or a file is nested too deeply.
+/// `ReadError` when the model file is no model, or a file has more of something than a model can.
 void WalkFiles(Reading& reading);
 
 /// Puts the elements of other files where the model has placeholders for them. From here on the
