@@ -26,7 +26,8 @@ foreach(file CORBA.profile.uml CORBA.library.uml)
   list(APPEND built_in_sources ${source})
 endforeach()
 
-file(GLOB xmi_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/xmi/*.cpp)
+file(GLOB xmi_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/xmi/*.cpp
+     ${PROJECT_SOURCE_DIR}/xmi/*/*.cpp)
 add_library(idlxmi STATIC ${xmi_sources} ${built_in_sources})
 if(TARGET pugixml::static)
   set(pugixml pugixml::static)

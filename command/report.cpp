@@ -65,7 +65,7 @@ void Report::Fail(const std::string& text) {
 
 void Report::FailToRead(const xmi::ReadError& error) {
   const Diagnostic diagnostic{Severity::kError, error.Text(), "model-unreadable",
-                              error.Place(),    {},           {}};
+                              error.Where(),    {},           {}};
   Keep(diagnostic);
   if (options_.diagnostics == DiagnosticForm::kGcc) return Tell(diagnostic);
   Say(error.what());

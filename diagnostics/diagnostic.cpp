@@ -57,7 +57,7 @@ Diagnostic Locate(const mdktoidl::Diagnostic& found, const xmi::Reader& reader,
 
 std::vector<Diagnostic> DiagnosticsOf(const xmi::Reader& reader) {
   std::vector<Diagnostic> diagnostics;
-  for (const xmi::Remark& remark : reader.Remarks()) {
+  for (const xmi::Diagnostic& remark : reader.Diagnostics()) {
     Diagnostic diagnostic;
     if (remark.element != nullptr) PointAt(reader, *remark.element, diagnostic);
     diagnostic.text = remark.text;

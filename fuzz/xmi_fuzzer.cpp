@@ -39,8 +39,8 @@ void AskAll(const xmi::Reader& reader) {
     reader.FindByName(reader.QualifiedName(*artifact));
     reader.Locate(*artifact);
   }
-  for (const xmi::Remark& remark : reader.Remarks()) {
-    if (remark.text.empty()) fuzz::Fail("an empty remark");
+  for (const xmi::Diagnostic& diagnostic : reader.Diagnostics()) {
+    if (diagnostic.text.empty()) fuzz::Fail("an empty diagnostic");
   }
 }
 

@@ -1,16 +1,45 @@
 #include "model/element.h"
 
 #include <algorithm>
+#include <bit>
 #include <limits>
 #include <new>
 #include <type_traits>
 
 #include "model/api_error.h"
-#include "model/names.h"
-#include "model/slot.h"
 #include "model/storage.h"
+#include "model/vocabulary.h"
 
 namespace model {
+
+/// One property: its name and what it holds, in 16 bytes.
+struct Element::Slot {
+  enum Kind : std::uint32_t { unset, text, entity, list };
+
+  explicit Slot(Symbol name) : property(name.Id()), kind(unset) {}
+
+  std::string_view Text() const { return {content.text, size}; }
+  std::span<Element*> List() const { return {content.list, size}; }
+
+  std::uint32_t property : 30;
+  std::uint32_t kind : 2;
+  std::uint32_t size = 0;  // of a text, in bytes, or of a list
+  union {
+    const char* text;
+    Element* entity;
+    Element** list;
+  } content{};
+
+  /// How many slots an element gets room for that is to have that many and has no room.
+  static std::size_t SlotCapacity(std::size_t count) {
+    return count <= 8 ? (count + 1) / 2 * 2 : std::bit_ceil(count);
+  }
+
+  /// How many elements a list with that many has room for.
+  static std::size_t ListCapacity(std::size_t count) {
+    return count == 0 ? 0 : std::bit_ceil(count);
+  }
+};
 
 static_assert(sizeof(Element) == 32 && std::is_trivially_destructible_v<Element>);
 
@@ -139,7 +168,7 @@ std::span<Element* const> Element::Entities(Symbol property) const {
 }
 
 bool Element::HasKeyword(Symbol keyword) const {
-  const auto keywords = Entities(names::keyword);
+  const auto keywords = Entities(properties::keyword);
   if (keywords.empty()) return false;
   return std::find(keywords.begin(), keywords.end(), model_->impl_->KeywordOf(keyword)) !=
          keywords.end();

@@ -49,6 +49,9 @@ class Element final : public mdk::IMdeEntity {
 
   /// The application of a stereotype of that name, or of one that specialises it; null when none.
   Element* Application(Symbol stereotype) const;
+  /// The value of a tag of that stereotype, or its default; null when there is none or the
+  /// stereotype isn't applied.
+  Element* TaggedValue(Symbol stereotype, Symbol tag) const;
   /// True when the element has the keyword.
   bool HasKeyword(Symbol keyword) const;
 

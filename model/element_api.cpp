@@ -7,8 +7,8 @@
 #include "model/element.h"
 #include "model/expression.h"
 #include "model/model.h"
-#include "model/names.h"
 #include "model/storage.h"
+#include "model/vocabulary.h"
 
 namespace model {
 
@@ -25,10 +25,10 @@ Symbol TargetOf(Symbol property) {
 
 /// True when the application is one of the stereotype or of one that specialises it.
 bool AnswersFor(const Element& application, const Element& stereotype) {
-  const Element* applied = application.Entity(names::instanceOf);
+  const Element* applied = application.Entity(properties::instanceOf);
   if (applied == &stereotype) return true;
   if (applied == nullptr) return false;
-  for (const Element* general : applied->Entities(names::answersFor)) {
+  for (const Element* general : applied->Entities(properties::answersFor)) {
     if (general == &stereotype) return true;
   }
   return false;
@@ -36,24 +36,13 @@ bool AnswersFor(const Element& application, const Element& stereotype) {
 
 /// The default of a tag that an application leaves out: the stereotype's own or an inherited one.
 Element* DefaultOf(const Element& application, Symbol tag) {
-  const Element* stereotype = application.Entity(names::instanceOf);
-  for (const Element* general : stereotype->Entities(names::answersFor)) {
-    const Element* defaults = general->Entity(names::tagDefaults);
+  const Element* stereotype = application.Entity(properties::instanceOf);
+  for (const Element* general : stereotype->Entities(properties::answersFor)) {
+    const Element* defaults = general->Entity(properties::tagDefaults);
     Element* value = defaults == nullptr ? nullptr : defaults->Entity(tag);
     if (value != nullptr) return value;
   }
   return nullptr;
-}
-
-/// The value of a tag. Of several applications the first that has a value of its own answers.
-Element* TagOf(const Element& subject, const Element& stereotype, Symbol tag) {
-  const Element* first = nullptr;
-  for (const Element* application : subject.Entities(names::stereotypeInstance)) {
-    if (!AnswersFor(*application, stereotype)) continue;
-    if (Element* value = application->Entity(tag)) return value;
-    if (first == nullptr) first = application;
-  }
-  return first == nullptr ? nullptr : DefaultOf(*first, tag);
 }
 
 void AppendLive(std::span<Element* const> elements, std::list<mdk::IMdeEntity*>& result) {
@@ -63,7 +52,7 @@ void AppendLive(std::span<Element* const> elements, std::list<mdk::IMdeEntity*>&
 }  // namespace
 
 Element* Element::Application(Symbol stereotype) const {
-  const auto applications = Entities(names::stereotypeInstance);
+  const auto applications = Entities(properties::stereotypeInstance);
   if (applications.empty()) return nullptr;
   const Element* wanted = model_->impl_->StereotypeOf(stereotype);
   if (wanted == nullptr) return nullptr;
@@ -71,6 +60,21 @@ Element* Element::Application(Symbol stereotype) const {
     if (AnswersFor(*application, *wanted)) return application;
   }
   return nullptr;
+}
+
+/// Of several applications the first that has a value of its own answers.
+Element* Element::TaggedValue(Symbol stereotype, Symbol tag) const {
+  const auto applications = Entities(properties::stereotypeInstance);
+  if (applications.empty()) return nullptr;
+  const Element* wanted = model_->impl_->StereotypeOf(stereotype);
+  if (wanted == nullptr) return nullptr;
+  const Element* first = nullptr;
+  for (const Element* application : applications) {
+    if (!AnswersFor(*application, *wanted)) continue;
+    if (Element* value = application->Entity(tag)) return value;
+    if (first == nullptr) first = application;
+  }
+  return first == nullptr ? nullptr : DefaultOf(*first, tag);
 }
 
 Element* Element::Marking(Symbol name) const {
@@ -94,7 +98,7 @@ std::string Element::GetValue(const std::string& property, int) {
 mdk::IMdeEntity* Element::GetEntity(const std::string& property, int) {
   const auto symbol = Symbol::Find(property);
   if (!symbol) return nullptr;
-  return *symbol == names::session ? model_->impl_->session : Entity(*symbol);
+  return *symbol == properties::session ? model_->impl_->session : Entity(*symbol);
 }
 
 void Element::GetEntities(const std::string& property, std::list<mdk::IMdeEntity*>& result) {
@@ -114,8 +118,8 @@ std::string Element::GetMetaclass() { return std::string(metaclass_.Text()); }
 void Element::GetReferrers(const std::string& property, std::list<mdk::IMdeEntity*>& result) {
   const auto symbol = Symbol::Find(property);
   if (!symbol) return;
-  if (*symbol == names::instanceOf && Find(names::answersFor) != nullptr) {
-    return AppendLive(Entities(names::instance), result);
+  if (*symbol == properties::instanceOf && Find(properties::answersFor) != nullptr) {
+    return AppendLive(Entities(properties::instance), result);
   }
   const Element* last = nullptr;
   for (Element* referrer : model_->impl_->Referrers(*symbol, *this)) {
@@ -125,26 +129,25 @@ void Element::GetReferrers(const std::string& property, std::list<mdk::IMdeEntit
 }
 
 mdk::IMdeEntity* Element::EvalExpression(const std::string& expression, int) {
-  const auto applications = Entities(names::stereotypeInstance);
-  if (applications.empty() && Find(names::keyword) == nullptr) return nullptr;
+  const auto applications = Entities(properties::stereotypeInstance);
+  if (applications.empty() && Find(properties::keyword) == nullptr) return nullptr;
   const Expression& asked = Expression::Of(expression);
   if (!asked.valid) return nullptr;
   if (asked.tag == Symbol()) return Marking(asked.stereotype);
-  const Element* stereotype = model_->impl_->StereotypeOf(asked.stereotype);
-  return stereotype == nullptr ? nullptr : TagOf(*this, *stereotype, asked.tag);
+  return TaggedValue(asked.stereotype, asked.tag);
 }
 
 bool Element::IsKindOf(const std::string& metaclass) { return metaclass_.Text() == metaclass; }
 
 void Element::AddEntity(const std::string& property, mdk::DefinitionRef definition, int,
                         mdk::Changer&) {
-  if (property != names::stereotypeInstance.Text()) {
+  if (property != properties::stereotypeInstance.Text()) {
     Fail("AddEntity: nothing can be made in the property \"" + property + "\"");
   }
   if (definition == nullptr) Fail("AddEntity: there is no stereotype to apply");
   auto* stereotype = const_cast<Element*>(static_cast<const Element*>(definition));
   if (stereotype->model_ != model_ || stereotype->deleted_ != 0 ||
-      stereotype->Find(names::answersFor) == nullptr) {
+      stereotype->Find(properties::answersFor) == nullptr) {
     Fail("AddEntity: the definition is not a stereotype of this model");
   }
   model_->Apply(*this, *stereotype);
@@ -159,7 +162,7 @@ void Element::SetExpression(const std::string& expression, const std::string& va
   Element* application = Application(asked.stereotype);
   if (application == nullptr) {
     Fail("SetExpression: the stereotype " + std::string(asked.stereotype.Text()) +
-         " is not applied to \"" + std::string(Text(names::name)) + "\"");
+         " is not applied to \"" + std::string(Text(properties::name)) + "\"");
   }
   model_->SetTag(*application, asked.tag, value);
 }
@@ -170,7 +173,7 @@ void Element::Delete(mdk::Changer&) {
   if (this == model_->impl_->session || this == model_->impl_->profile) {
     Fail("Delete: the session and the profile belong to the model itself");
   }
-  for (Element* application : Entities(names::stereotypeInstance)) application->deleted_ = 1;
+  for (Element* application : Entities(properties::stereotypeInstance)) application->deleted_ = 1;
   deleted_ = 1;
   model_->impl_->hasDeleted = true;
 }

@@ -20,9 +20,9 @@ class HashIndex {
   /// The number of that hash for which `isSame(number)` holds; `none` when there is none.
   template <typename IsSame>
   std::uint32_t Find(std::uint32_t hash, const IsSame& isSame) const {
-    std::size_t place = First(hash);
-    for (; cells_[place].number != none; place = Next(place)) {
-      const Cell& cell = cells_[place];
+    std::size_t at = First(hash);
+    for (; cells_[at].number != none; at = Next(at)) {
+      const Cell& cell = cells_[at];
       if (cell.hash == hash && isSame(cell.number)) return cell.number;
     }
     return none;
@@ -46,12 +46,12 @@ class HashIndex {
   };
 
   std::size_t First(std::uint32_t hash) const { return hash & (cells_.size() - 1); }
-  std::size_t Next(std::size_t place) const { return (place + 1) & (cells_.size() - 1); }
+  std::size_t Next(std::size_t at) const { return (at + 1) & (cells_.size() - 1); }
 
   void Put(const Cell& cell) {
-    std::size_t place = First(cell.hash);
-    while (cells_[place].number != none) place = Next(place);
-    cells_[place] = cell;
+    std::size_t at = First(cell.hash);
+    while (cells_[at].number != none) at = Next(at);
+    cells_[at] = cell;
   }
 
   void Grow() {

@@ -1,11 +1,12 @@
 #include "model/model.h"
 
 #include <algorithm>
+#include <string>
 #include <utility>
 #include <vector>
 
-#include "model/names.h"
 #include "model/storage.h"
+#include "model/vocabulary.h"
 
 namespace model {
 
@@ -14,7 +15,7 @@ namespace {
 std::vector<Element*> MembersOf(const std::vector<Element*>& owners) {
   std::vector<Element*> members;
   for (const Element* owner : owners) {
-    const auto owned = owner->Entities(names::ownedMember);
+    const auto owned = owner->Entities(properties::ownedMember);
     members.insert(members.end(), owned.begin(), owned.end());
   }
   return members;
@@ -28,7 +29,7 @@ Element* Walk(std::vector<Element*> candidates, std::string_view path) {
     const std::string_view name = path.substr(0, path.find('@'));
     path.remove_prefix(name.size());
     std::erase_if(candidates, [&](const Element* candidate) {
-      return name.empty() || candidate->Text(names::name) != name;
+      return name.empty() || candidate->Text(properties::name) != name;
     });
     if (path.empty()) return candidates.empty() ? nullptr : candidates.front();
     candidates = MembersOf(candidates);
@@ -39,17 +40,17 @@ Element* Walk(std::vector<Element*> candidates, std::string_view path) {
 }  // namespace
 
 Model::Model() : impl_(std::make_unique<Impl>()) {
-  impl_->session = &Create(names::session);
-  impl_->profile = &Create(names::package);
-  impl_->profile->SetText(names::name, names::corba.Text());
-  Stereotype(names::corba.Text());
-  Stereotype(names::node.Text());
+  impl_->session = &Create(metaclasses::session);
+  impl_->profile = &Create(metaclasses::package);
+  impl_->profile->SetText(properties::name, stereotypes::corba.Text());
+  Stereotype(stereotypes::corba);
+  Stereotype(stereotypes::node);
 }
 
 Model::~Model() = default;
 
 Element& Model::Create(Symbol metaclass, std::size_t properties) {
-  auto& made = *new (impl_->elements.Place()) Element(*this, metaclass);
+  auto& made = *new (impl_->elements.Allocate()) Element(*this, metaclass);
   if (properties != 0) made.GrowSlots(std::min<std::size_t>(properties, 8));
   return made;
 }
@@ -65,72 +66,71 @@ std::span<Element* const> Model::Roots() const {
 
 Element& Model::Session() { return *impl_->session; }
 
-Element& Model::Stereotype(std::string_view name) {
-  const Symbol symbol(name);
-  if (Element* known = impl_->StereotypeOf(symbol)) return *known;
-  Element& made = Create(names::stereotype);
-  made.SetTextView(names::name, symbol.Text());
-  made.AddEntity(names::answersFor, made);
-  impl_->profile->AddEntity(names::ownedMember, made);
-  impl_->Make(symbol).stereotype = &made;
+Element& Model::Stereotype(Symbol name) {
+  if (Element* known = impl_->StereotypeOf(name)) return *known;
+  Element& made = Create(metaclasses::stereotype);
+  made.SetTextView(properties::name, name.Text());
+  made.AddEntity(properties::answersFor, made);
+  impl_->profile->AddEntity(properties::ownedMember, made);
+  impl_->Make(name).stereotype = &made;
   return made;
 }
 
 /// Every stereotype that answers for `special` answers for all that `general` answers for, too.
 void Model::Specialise(Element& special, Element& general) {
-  const auto inherited = general.Entities(names::answersFor);
+  const auto inherited = general.Entities(properties::answersFor);
   const std::vector<Element*> generals(inherited.begin(), inherited.end());
-  for (Element* stereotype : impl_->profile->Entities(names::ownedMember)) {
-    const auto answers = stereotype->Entities(names::answersFor);
+  for (Element* stereotype : impl_->profile->Entities(properties::ownedMember)) {
+    const auto answers = stereotype->Entities(properties::answersFor);
     std::vector<Element*> extended(answers.begin(), answers.end());
     if (std::find(extended.begin(), extended.end(), &special) == extended.end()) continue;
     for (Element* candidate : generals) {
       const bool known = std::find(extended.begin(), extended.end(), candidate) != extended.end();
       if (!known) extended.push_back(candidate);
     }
-    stereotype->SetEntities(names::answersFor, extended);
+    stereotype->SetEntities(properties::answersFor, extended);
   }
 }
 
 void Model::SetTagDefault(Element& stereotype, Symbol tag, std::string_view value) {
-  Element* defaults = stereotype.Entity(names::tagDefaults);
+  Element* defaults = stereotype.Entity(properties::tagDefaults);
   if (defaults == nullptr) {
-    defaults = &Create(names::tagDefaults);
-    stereotype.SetEntity(names::tagDefaults, defaults);
+    defaults = &Create(metaclasses::tagDefaults);
+    stereotype.SetEntity(properties::tagDefaults, defaults);
   }
   SetTag(*defaults, tag, value);
 }
 
 Element& Model::Apply(Element& subject, Element& stereotype) {
-  Element& application = Create(names::stereotypeInstance, 1);
-  application.SetEntity(names::instanceOf, &stereotype);
-  subject.AddEntity(names::stereotypeInstance, application);
-  stereotype.AddEntity(names::instance, application);
+  Element& application = Create(metaclasses::stereotypeInstance, 1);
+  application.SetEntity(properties::instanceOf, &stereotype);
+  subject.AddEntity(properties::stereotypeInstance, application);
+  stereotype.AddEntity(properties::instance, application);
   return application;
 }
 
 void Model::SetTag(Element& application, Symbol tag, std::string_view value) {
-  if (tag == names::instanceOf) return;
+  if (tag == properties::instanceOf) return;
   Element* tagged = application.Entity(tag);
-  if (tagged == nullptr || tagged->Metaclass() != names::taggedValue) {
-    tagged = &Create(names::taggedValue);
+  if (tagged == nullptr || tagged->Metaclass() != metaclasses::taggedValue) {
+    tagged = &Create(metaclasses::taggedValue);
     application.SetEntity(tag, tagged);
   }
   const std::string_view text = Store(value);
-  tagged->SetTextView(names::name, text);
-  tagged->SetTextView(names::valueString, text);
+  tagged->SetTextView(properties::name, text);
+  tagged->SetTextView(properties::valueString, text);
 }
 
 void Model::SetListTag(Element& application, Symbol tag, std::span<const std::string_view> values) {
-  if (tag == names::instanceOf) return;
-  Element& list = Create(names::listExpr);
+  if (tag == properties::instanceOf) return;
+  Element& list = Create(metaclasses::listExpr);
   for (const std::string_view value : values) {
     const std::string_view text = Store(value);
-    Element& item = Create(names::taggedValue);
-    for (const Symbol property : {names::value, names::name, names::valueString}) {
+    Element& item = Create(metaclasses::taggedValue);
+    for (const Symbol property : {properties::value, properties::name, properties::valueString}) {
       item.SetTextView(property, text);
     }
-    list.AddEntity(names::expression, item);
+    list.AddEntity(properties::expression, item);
   }
   application.SetEntity(tag, &list);
 }
@@ -140,11 +140,11 @@ void Model::AddKeyword(Element& subject, std::string_view keyword) {
   if (subject.HasKeyword(symbol)) return;
   Element* element = impl_->KeywordOf(symbol);
   if (element == nullptr) {
-    element = &Create(names::keyword);
-    element->SetTextView(names::name, symbol.Text());
+    element = &Create(metaclasses::keyword);
+    element->SetTextView(properties::name, symbol.Text());
     impl_->Make(symbol).keyword = element;
   }
-  subject.AddEntity(names::keyword, *element);
+  subject.AddEntity(properties::keyword, *element);
 }
 
 void Model::SetDefaultText(Symbol property, std::string_view text) {
@@ -159,7 +159,7 @@ void Model::Keep(std::shared_ptr<const void> texts) { impl_->kept.push_back(std:
 
 /// Stereotypes are looked up by name, since the agent asks for one with every node that it makes.
 mdk::IMdeEntity* Model::FindEntity(const std::string& qualifiedName) {
-  constexpr std::string_view profile = "@CORBA@";
+  static const std::string profile = '@' + std::string(stereotypes::corba.Text()) + '@';
   if (qualifiedName.starts_with(profile)) {
     const auto name = Symbol::Find(std::string_view(qualifiedName).substr(profile.size()));
     Element* stereotype = name ? impl_->StereotypeOf(*name) : nullptr;

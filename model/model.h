@@ -56,7 +56,8 @@ class Model final : public mdk::IMdeModel {
 
   /// The stereotype of that name, made in the package "CORBA" when it is new. That package and its
   /// stereotypes "CORBA" and "Node" are there from the start; it is none of the roots.
-  Element& Stereotype(std::string_view name);
+  Element& Stereotype(Symbol name);
+  Element& Stereotype(std::string_view name) { return Stereotype(Symbol(name)); }
   /// Declares that `special` specialises `general`: its applications answer for both.
   void Specialise(Element& special, Element& general);
   /// The value of a tag where an application leaves it out.

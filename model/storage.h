@@ -1,18 +1,47 @@
-// What a model consists of besides its elements; for the sources of model/ only.
+// What a model consists of; for the sources of model/ only.
 #pragma once
 
 #include <cstddef>
 #include <deque>
 #include <memory>
+#include <new>
 #include <string_view>
 #include <vector>
 
 #include "model/arena.h"
-#include "model/element_store.h"
 #include "model/model.h"
 #include "model/referrer_index.h"
 
 namespace model {
+
+/// Keeps the elements of a model: in creation order, at addresses that never change.
+class ElementStore {
+ public:
+  /// Room for the next element, to be made there at once.
+  void* Allocate() {
+    if (used_ == chunkSize || chunks_.empty()) {
+      chunks_.push_back(std::make_unique_for_overwrite<std::byte[]>(chunkSize * sizeof(Element)));
+      used_ = 0;
+    }
+    return chunks_.back().get() + sizeof(Element) * used_++;
+  }
+
+  /// Calls `visit` with every element made so far.
+  template <typename Visitor>
+  void ForEach(const Visitor& visit) {
+    for (std::size_t chunk = 0; chunk < chunks_.size(); ++chunk) {
+      const std::size_t size = chunk + 1 == chunks_.size() ? used_ : chunkSize;
+      auto* elements = std::launder(reinterpret_cast<Element*>(chunks_[chunk].get()));
+      for (std::size_t i = 0; i < size; ++i) visit(elements[i]);
+    }
+  }
+
+ private:
+  static constexpr std::size_t chunkSize = 1024;
+
+  std::vector<std::unique_ptr<std::byte[]>> chunks_;
+  std::size_t used_ = 0;  // of the last chunk
+};
 
 struct Model::Impl {
   /// The stereotype and the keyword of one name, by the name's symbol.

@@ -3,7 +3,7 @@
 #include <array>
 #include <string>
 
-#include "model/same_text.h"
+#include "model/short_text.h"
 #include "model/text_table.h"
 
 namespace model {
@@ -24,24 +24,24 @@ TextTable& Symbols() {
 
 Symbol::Symbol(std::string_view text) : id_(Symbols().Enter(text)) {}
 
-/// Whoever asks for a name keeps it in one place, as a rule. What was found for a place is tried
-/// first: to see that the text there is the same costs less than to hash it.
+/// Whoever asks for a name keeps it at one address, as a rule. What was found for an address is
+/// tried first: to see that the text there is the same costs less than to hash it.
 std::optional<Symbol> Symbol::Find(std::string_view text) {
   struct Found {
-    const char* place = nullptr;
+    const char* address = nullptr;
     std::string_view text;
     Symbol symbol;
   };
   constexpr std::size_t stringSize = sizeof(std::string);
   static std::array<Found, 256> found;
-  const auto address = reinterpret_cast<std::uintptr_t>(text.data());
-  Found& last = found[address / stringSize % found.size()];
-  if (last.place == text.data() && SameText(last.text, text)) return last.symbol;
+  const auto cell = reinterpret_cast<std::uintptr_t>(text.data()) / stringSize % found.size();
+  Found& last = found[cell];
+  if (last.address == text.data() && SameText(last.text, text)) return last.symbol;
   const auto number = Symbols().Find(text);
   if (!number) return std::nullopt;
   last.symbol.id_ = *number;
   last.text = last.symbol.Text();
-  last.place = text.data();
+  last.address = text.data();
   return last.symbol;
 }
 

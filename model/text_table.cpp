@@ -1,7 +1,6 @@
 #include "model/text_table.h"
 
-#include "model/same_text.h"
-#include "model/text_hash.h"
+#include "model/short_text.h"
 
 namespace model {
 

@@ -1,5 +1,5 @@
 // The options of the command: the manual page and the completions know those that it has, and no
-// others.
+// others. The passes of the reader: the page on the architecture has them in their order.
 #include <gtest/gtest.h>
 
 #include <regex>
@@ -14,14 +14,19 @@
 
 namespace {
 
-/// What the first group of the expression matches, at all places in the text.
-std::set<std::string> Found(const std::string& text, const std::string& expression) {
+/// What the first group of the expression matches, one after the other.
+std::vector<std::string> InOrder(const std::string& text, const std::string& expression) {
   const std::regex pattern(expression);
-  std::set<std::string> found;
+  std::vector<std::string> found;
   for (std::sregex_iterator each(text.begin(), text.end(), pattern), end; each != end; ++each) {
-    found.insert((*each)[1]);
+    found.push_back((*each)[1]);
   }
   return found;
+}
+
+std::set<std::string> Found(const std::string& text, const std::string& expression) {
+  const std::vector<std::string> found = InOrder(text, expression);
+  return {found.begin(), found.end()};
 }
 
 std::string Source(const std::string& file) {
@@ -87,6 +92,17 @@ TEST(Documentation, NamesTheValuesThatThereAre) {
                        " -l " + option + " -x -a '([^']*)'"),
               values);
   }
+}
+
+TEST(Documentation, NamesThePassesOfTheReaderInTheirOrder) {
+  const auto run = InOrder(Source("xmi/reader.cpp"), "\n  (\\w+)\\(reading(?:, values)?\\);");
+  const std::string page = Source("docs/architecture.md");
+  const std::size_t begin = page.find("## How a file becomes elements");
+  ASSERT_NE(begin, page.npos);
+  const std::string section = page.substr(begin, page.find("\n## ", begin) - begin);
+  EXPECT_EQ(InOrder(section, "\n\\| `(\\w+)` \\|"), run);
+  EXPECT_EQ(InOrder(Source("xmi/passes/passes.h"), "\nvoid (\\w+)\\("), run);
+  EXPECT_GT(run.size(), 10u);
 }
 
 TEST(Documentation, ManualPageIsWellFormed) {

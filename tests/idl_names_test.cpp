@@ -35,7 +35,7 @@ std::vector<Diagnostic> FoundIn(XmiFiles& files) {
 std::vector<std::string> Findings(const std::string& model) {
   XmiFiles files;
   files.Write("model.uml", model).Read();
-  EXPECT_THAT(files.Remarks(), IsEmpty());
+  EXPECT_THAT(files.Diagnostics(), IsEmpty());
   std::vector<std::string> lines;
   for (const Diagnostic& found : FoundIn(files)) {
     const std::string severity = found.severity == Severity::kError ? "error " : "";

@@ -73,8 +73,8 @@ TEST(XmiElements, AreTheSameInBothDialects) {
                      R"(<C:CORBAInterface><base_Interface xmi:idref="i"/></C:CORBAInterface>)");
   const std::string tree = Tree(attributes["root"]);
   EXPECT_EQ(tree, Tree(elements["root"]));
-  EXPECT_THAT(attributes.Remarks(), IsEmpty());
-  EXPECT_THAT(elements.Remarks(), IsEmpty());
+  EXPECT_THAT(attributes.Diagnostics(), IsEmpty());
+  EXPECT_THAT(elements.Diagnostics(), IsEmpty());
   EXPECT_THAT(tree, HasSubstr("  Package P VkPrivate CkUnfrozen false DkIn"));
   EXPECT_THAT(tree, HasSubstr("    Interface I VkNoVisibility CkUnfrozen true DkIn type() range() "
                               "value() (J) (E1) () () (Says <this>) marked"));
@@ -165,7 +165,7 @@ TEST(XmiElements, OfOwnPrimitiveTypesHaveNamesThatTheAgentKnows) {
     xmi:id="X_String" name="string"/></primitivetypes></xmi:Extension>)");
   EXPECT_EQ(Names(files["root"], "OwnedMember"), "Charstring Natural unsigned long String");
   EXPECT_EQ(TypeText(files["a"]) + " " + TypeText(files["x"]), "Charstring string");
-  EXPECT_THAT(files.Remarks(), ElementsAre(HasSubstr("\"X_none\", which is not in the file")));
+  EXPECT_THAT(files.Diagnostics(), ElementsAre(HasSubstr("\"X_none\", which is not in the file")));
 }
 
 TEST(XmiElements, HaveTheirCommentsInDocumentOrder) {
@@ -182,7 +182,7 @@ TEST(XmiElements, HaveTheirCommentsInDocumentOrder) {
   EXPECT_EQ(Names(files["c"], "Comment"), "one\nline two own four");
   EXPECT_EQ(Names(files["d"], "Comment"), "one\nline three");
   EXPECT_EQ(files["root"].Entities(model::Symbol("Comment")).size(), 1u);
-  EXPECT_THAT(files.Remarks(), ElementsAre(HasSubstr("which is not in the file")));
+  EXPECT_THAT(files.Diagnostics(), ElementsAre(HasSubstr("which is not in the file")));
 }
 
 TEST(XmiElements, AreFoundByIdAndName) {
@@ -205,10 +205,10 @@ TEST(XmiElements, AreFoundByIdAndName) {
   EXPECT_EQ(reader.QualifiedName(files["root"]), "");
   EXPECT_EQ(reader.IdOf(files["a2"]), "a2");
   EXPECT_EQ(reader.FindById("nowhere"), nullptr);
-  const xmi::Location place = reader.Locate(files["a2"]);
-  EXPECT_EQ(place.line, 5u);
-  EXPECT_EQ(place.column, 7u);
-  EXPECT_THAT(files.Remarks(),
+  const xmi::Location location = reader.Locate(files["a2"]);
+  EXPECT_EQ(location.line, 5u);
+  EXPECT_EQ(location.column, 7u);
+  EXPECT_THAT(files.Diagnostics(),
               ElementsAre("model.uml:6: the id \"a1\" stands twice; the first counts"));
 }
 
@@ -219,10 +219,10 @@ TEST(XmiElements, WithValuesThatAreUnknownAnswerTheDefault) {
       </ownedOperation></packagedElement>)");
   EXPECT_EQ(files["c"].GetValue("Visibility", 0), "VkNoVisibility");
   EXPECT_EQ(files["q"].GetValue("Direction", 0), "DkIn");
-  EXPECT_THAT(files.Remarks(), ElementsAre("model.uml:2: visibility \"Public\" of Class C is "
-                                           "unknown and passed over",
-                                           "model.uml:3: direction \"sideways\" of Parameter "
-                                           "C::o::q is unknown and passed over"));
+  EXPECT_THAT(files.Diagnostics(), ElementsAre("model.uml:2: visibility \"Public\" of Class C is "
+                                               "unknown and passed over",
+                                               "model.uml:3: direction \"sideways\" of Parameter "
+                                               "C::o::q is unknown and passed over"));
 }
 
 TEST(XmiStereotypes, GiveTagsWithTheirDefaults) {
@@ -261,7 +261,7 @@ TEST(XmiStereotypes, GiveTagsWithTheirDefaults) {
   }
   EXPECT_TRUE(files["v"].HasStereotype("CORBA", 0));
   EXPECT_FALSE(files["root"].HasStereotype("CORBA", 0));
-  EXPECT_THAT(files.Remarks(), IsEmpty());
+  EXPECT_THAT(files.Diagnostics(), IsEmpty());
 }
 
 TEST(XmiStereotypes, DecideTheMetaclassOfClassifiers) {
@@ -278,7 +278,7 @@ TEST(XmiStereotypes, DecideTheMetaclassOfClassifiers) {
     files.ReadModel("<packagedElement xmi:id=\"e\" xmi:type=\"uml:" + type + "\"/>",
                     "<C:" + stereotype + " base_Element=\"e\" base_NamedElement=\"e\"/>");
     EXPECT_EQ(files["e"].GetMetaclass(), metaclass) << stereotype;
-    EXPECT_THAT(files.Remarks(), IsEmpty());
+    EXPECT_THAT(files.Diagnostics(), IsEmpty());
   }
 }
 
@@ -305,7 +305,7 @@ TEST(XmiStereotypes, MakeTheAttributesOfAHolderConstantsOfThePackage) {
   EXPECT_EQ(files.Reader().QualifiedName(files["x"]), "P::X");
 }
 
-TEST(XmiStereotypes, WithoutAnElementAreRemarks) {
+TEST(XmiStereotypes, WithoutAnElementAreDiagnosed) {
   XmiFiles files;
   files.ReadModel(R"(<packagedElement xmi:type="uml:Class" xmi:id="c" name="C"/>)", R"(
     <C:CORBAStruct/>
@@ -314,7 +314,7 @@ TEST(XmiStereotypes, WithoutAnElementAreRemarks) {
     <C:CORBAStruct base_Class="c"/>
     <n:Shape xmlns:n="http://www.eclipse.org/gmf/notation"/>
     <C:Node base_Element="c" node="7"/>)");
-  EXPECT_THAT(files.Remarks(),
+  EXPECT_THAT(files.Diagnostics(),
               ElementsAre("model.uml:3: the stereotype CORBAStruct is applied to nothing that is "
                           "in the model; passed over",
                           "model.uml:4: the stereotype CORBAStruct is applied to nothing that is "

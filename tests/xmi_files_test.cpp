@@ -139,7 +139,7 @@ TEST(XmiReferences, LeadIntoOtherFilesWhichAreReadOnce) {
   EXPECT_EQ(TypeText(files["a"]) + TypeText(files["b"]) + TypeText(files["own"]), "KKT");
   EXPECT_EQ(TypeText(files["back"]) + TypeText(files["up"]) + TypeText(files["self"]), "KTK");
   EXPECT_EQ(files["a"].GetEntity("Type", 0), files["self"].GetEntity("Type", 0));
-  EXPECT_THAT(files.Remarks(), IsEmpty());
+  EXPECT_THAT(files.Diagnostics(), IsEmpty());
   EXPECT_THAT(files.Reader().Files(),
               ElementsAre(files.Path("model.uml"), files.Path("sub dir/lib.uml")));
   EXPECT_EQ(files["t"].GetValue("Uri", 0), files.Path("model.uml"));
@@ -169,10 +169,11 @@ TEST(XmiReferences, FollowMappedAddresses) {
         <ownedAttribute xmi:id="other"><type href="pathmap://Y/types.uml#t"/></ownedAttribute>
       </packagedElement>)");
   EXPECT_EQ(TypeText(files["a"]) + TypeText(files["b"]), "NearFar");
-  EXPECT_THAT(files.Remarks(), ElementsAre(HasSubstr("\"pathmap://Y/types.uml\" is not on the")));
+  EXPECT_THAT(files.Diagnostics(),
+              ElementsAre(HasSubstr("\"pathmap://Y/types.uml\" is not on the")));
 }
 
-TEST(XmiReferences, ToWhatCantBeReadAreOneRemarkForEachFile) {
+TEST(XmiReferences, ToWhatCantBeReadAreOneDiagnosticForEachFile) {
   XmiFiles files;
   files.Write("bad.uml", "<a>").Write("diagram.di", "<Diagram/>").ReadModel(R"(
       <packagedElement xmi:type="uml:Class" xmi:id="c" name="C">
@@ -189,7 +190,7 @@ TEST(XmiReferences, ToWhatCantBeReadAreOneRemarkForEachFile) {
       </packagedElement>)");
   EXPECT_EQ(Names(files["c"], "Generalization"), "- - - - - - - - - -");
   EXPECT_THAT(
-      files.Remarks(),
+      files.Diagnostics(),
       ElementsAre(
           "model.uml:4: can't read missing.uml: No such file or directory",
           "model.uml:6: \"http://example.org/a.uml\" is not on the local disk and is not read",
@@ -235,7 +236,7 @@ TEST(XmiFragments, AreHungIntoTheModel) {
   EXPECT_EQ(files.Reader().QualifiedName(files["k"]), "P::F::K");
   EXPECT_EQ(files.Reader().Locate(files["k"]).file, files.Path("parts/f.uml"));
   EXPECT_EQ(support::MultiplicityText(files["bound"]), "1..MAX=MAX");
-  EXPECT_THAT(files.Remarks(), ElementsAre(HasSubstr("belongs elsewhere: Package P::F")));
+  EXPECT_THAT(files.Diagnostics(), ElementsAre(HasSubstr("belongs elsewhere: Package P::F")));
 }
 
 TEST(XmiFragments, StandAmongTheirSiblingsInOrder) {
@@ -275,7 +276,7 @@ TEST(XmiFragments, StandAmongTheirSiblingsInOrder) {
   EXPECT_EQ(generals[0]->GetEntity("Parent", 0), &files["a"]);
   EXPECT_EQ(files.Reader().QualifiedName(files["k"]), "P::K");
   EXPECT_EQ(files.Reader().IdOf(files["l"]), "l");
-  EXPECT_THAT(files.Remarks(), IsEmpty());
+  EXPECT_THAT(files.Diagnostics(), IsEmpty());
 }
 
 // Values and template bindings are no elements of their own, but may be parts of their own.
@@ -310,8 +311,8 @@ TEST(XmiFragments, MayBeValuesAndBindings) {
   EXPECT_EQ(files["d"].GetEntity("DefaultValue", 0)->GetEntity("Definition", 0), &files["r"]);
   EXPECT_EQ(support::MultiplicityText(files["lost"]), "");
   EXPECT_EQ(files["lost"].GetEntity("DefaultValue", 0), nullptr);
-  EXPECT_THAT(files.Remarks(), ElementsAre(HasSubstr("\"nowhere\", which is not in"),
-                                           HasSubstr("belongs elsewhere: Class C")));
+  EXPECT_THAT(files.Diagnostics(), ElementsAre(HasSubstr("\"nowhere\", which is not in"),
+                                               HasSubstr("belongs elsewhere: Class C")));
 }
 
 TEST(XmiFragments, ThatDontFitTheirPlaceAreToldOf) {
@@ -333,8 +334,8 @@ TEST(XmiFragments, ThatDontFitTheirPlaceAreToldOf) {
           <parameterSubstitution href="b.uml#k"/></templateBinding></nestedClassifier>
     </packagedElement>)");
   EXPECT_EQ(Names(files["c"], "OwnedMember"), "a b c T U");
-  EXPECT_EQ(files.Remarks().size(), 6u);
-  EXPECT_THAT(files.Remarks(), ::testing::Each(HasSubstr("but belongs elsewhere: ")));
+  EXPECT_EQ(files.Diagnostics().size(), 6u);
+  EXPECT_THAT(files.Diagnostics(), ::testing::Each(HasSubstr("but belongs elsewhere: ")));
 }
 
 TEST(XmiFragments, ThatHoldEachOtherDontLoop) {
@@ -347,7 +348,7 @@ TEST(XmiFragments, ThatHoldEachOtherDontLoop) {
   files.Write("a.uml", fragment("a", "b")).Write("b.uml", fragment("b", "a")).Read("a.uml");
   EXPECT_EQ(Names(files["a"], "OwnedMember"), "b");
   EXPECT_EQ(Names(files["b"], "OwnedMember"), "");
-  EXPECT_THAT(files.Remarks(), ElementsAre(HasSubstr("belongs elsewhere: Package ")));
+  EXPECT_THAT(files.Diagnostics(), ElementsAre(HasSubstr("belongs elsewhere: Package ")));
 }
 
 TEST(XmiLibraries, AreKnownWithoutTheirFiles) {
@@ -372,7 +373,7 @@ TEST(XmiLibraries, AreKnownWithoutTheirFiles) {
         "\"/></ownedAttribute></packagedElement>");
     EXPECT_EQ(TypeText(files["a"]), name) << href;
     EXPECT_EQ(files["a"].GetEntity("Type", 0)->GetMetaclass(), "DataType");
-    EXPECT_THAT(files.Remarks(), IsEmpty());
+    EXPECT_THAT(files.Diagnostics(), IsEmpty());
     EXPECT_EQ(files.Reader().Files().size(), 1u);
   }
 }

@@ -132,7 +132,7 @@ TEST(XmiHostile, AFileThatIsTooLargeIsRefusedBeforeItIsRead) {
   EXPECT_EQ(files.ErrorOf("f"), "f: is too large");
 }
 
-TEST(XmiHostile, AHugeNameIsReadAndNotRepeatedByRemarks) {
+TEST(XmiHostile, AHugeNameIsReadAndNotRepeatedByDiagnostics) {
   const std::string huge(20 * million, 'n');
   XmiFiles files;
   files.ReadModel("<packagedElement xmi:type=\"uml:Package\" xmi:id=\"p\" name=\"" + huge + "\">" +
@@ -141,8 +141,9 @@ TEST(XmiHostile, AHugeNameIsReadAndNotRepeatedByRemarks) {
                            "<ownedAttribute name=\"a$\" type=\"nowhere\"/></packagedElement>") +
                   "</packagedElement>");
   EXPECT_EQ(files["p"].GetValue("Name", 0).size(), huge.size());
-  EXPECT_EQ(files.Reader().Remarks().size(), 1000u);
-  for (const xmi::Remark& remark : files.Reader().Remarks()) EXPECT_LT(remark.text.size(), 1000u);
+  EXPECT_EQ(files.Reader().Diagnostics().size(), 1000u);
+  for (const xmi::Diagnostic& diagnostic : files.Reader().Diagnostics())
+    EXPECT_LT(diagnostic.text.size(), 1000u);
 }
 
 TEST(XmiHostile, WhatIsLookedThroughOneByOneMayNotBeMany) {

@@ -50,7 +50,7 @@ TEST(XmiDependencies, AreListedByTheirClients) {
   std::list<mdk::IMdeEntity*> users;
   files["a"].GetReferrers("Supplier", users);
   EXPECT_EQ(users.size(), 2u);
-  EXPECT_THAT(files.Remarks(), ElementsAre("model.uml:12: a Dependency in P names no client"));
+  EXPECT_THAT(files.Diagnostics(), ElementsAre("model.uml:12: a Dependency in P names no client"));
 }
 
 TEST(XmiGeneralizations, OfValuesAndComponentsTakeInRealizations) {
@@ -73,7 +73,7 @@ TEST(XmiGeneralizations, OfValuesAndComponentsTakeInRealizations) {
                         <C:CORBASupports base_InterfaceRealization="r"/>)");
     EXPECT_EQ(Names(files["x"], "Generalization"), parents) << stereotype;
     EXPECT_TRUE(files["r"].HasStereotype("CORBASupports", 0));
-    EXPECT_THAT(files.Remarks(), IsEmpty());
+    EXPECT_THAT(files.Diagnostics(), IsEmpty());
   }
 }
 

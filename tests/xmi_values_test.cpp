@@ -90,11 +90,11 @@ TEST(XmiMultiplicities, AreRanges) {
       {upper(instance + R"( instance="i7">)"), "1..7", false},
       {upper(instance + R"( instance="nowhere">)"), "", true},
   };
-  for (const auto& [values, range, isRemarked] : cases) {
+  for (const auto& [values, range, isDiagnosed] : cases) {
     XmiFiles files;
     files.ReadModel(Scope(values), kMarks);
     EXPECT_EQ(MultiplicityText(files["a"]), range) << values;
-    EXPECT_EQ(!files.Remarks().empty(), isRemarked) << values;
+    EXPECT_EQ(!files.Diagnostics().empty(), isDiagnosed) << values;
   }
   // The nearest constant counts, not the first.
   XmiFiles files;
@@ -167,7 +167,7 @@ TEST(XmiDefaultValues, AreOfTheirKind) {
     const std::string href = "<type href=\"CORBA.library.uml#" + type + "\"/>";
     files.ReadModel(Scope((type.empty() ? "" : href) + values), kMarks);
     EXPECT_EQ(DefaultText(files["a"]), text) << values;
-    EXPECT_THAT(files.Remarks(), IsEmpty()) << values;
+    EXPECT_THAT(files.Diagnostics(), IsEmpty()) << values;
   }
 }
 
@@ -264,7 +264,22 @@ TEST(XmiTemplates, ThatAreTheirOwnParametersAreCut) {
                 </packagedElement>)";
   files.ReadModel(members);
   EXPECT_EQ(TypeText(files["x"]), "sequence<sequence<sequence<?a>>>");
-  EXPECT_THAT(files.Remarks(), ElementsAre(HasSubstr("Class c is a part of itself")));
+  EXPECT_THAT(files.Diagnostics(), ElementsAre(HasSubstr("Class c is a part of itself")));
+}
+
+TEST(XmiTemplates, TakeNoElementForAnInstantiationByItsTypeAlone) {
+  for (const char* actual : {"before", "behind"}) {
+    XmiFiles files;
+    files.ReadModel(
+        R"(<packagedElement xmi:type="uml:TemplateInstantiation" xmi:id="before" name="T"/>
+           <packagedElement xmi:type="uml:Class" xmi:id="s"><templateBinding>
+             <signature href="CORBA.library.uml#sequence_signature"/>
+             <parameterSubstitution actual=")" +
+        std::string(actual) + R"("/></templateBinding></packagedElement>
+           <packagedElement xmi:type="uml:TemplateInstantiation" xmi:id="behind" name="T"/>)");
+    EXPECT_EQ(support::Names(files["s"], "ActualTemplateParameter"), "T") << actual;
+    EXPECT_THAT(files.Diagnostics(), IsEmpty()) << actual;
+  }
 }
 
 }  // namespace

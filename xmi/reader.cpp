@@ -1,28 +1,10 @@
 #include "xmi/reader.h"
 
-#include <utility>
-
-#include "xmi/dependencies.h"
-#include "xmi/multiplicities.h"
-#include "xmi/ports.h"
-#include "xmi/reading.h"
-#include "xmi/relations.h"
-#include "xmi/remote_parts.h"
-#include "xmi/resolver.h"
-#include "xmi/stereotypes.h"
-#include "xmi/symbols.h"
-#include "xmi/templates.h"
-#include "xmi/types.h"
-#include "xmi/values.h"
-#include "xmi/walker.h"
+#include "xmi/passes/passes.h"
 
 namespace xmi {
 
 namespace {
-
-std::string LineOf(const Location& place, const std::string& text) {
-  return place.file + (place.line == 0 ? "" : ":" + std::to_string(place.line)) + ": " + text;
-}
 
 /// Gives back a list's memory, which clearing it would keep.
 template <typename Entry>
@@ -32,15 +14,11 @@ void Release(std::vector<Entry>& list) {
 
 }  // namespace
 
-ReadError::ReadError(Location place, const std::string& text)
-    : std::runtime_error(LineOf(place, text)), place_(std::move(place)), text_(text) {}
-
 struct Reader::Impl {
   explicit Impl(model::Model& model) : reading(model) {}
 
   void SetDefaults(const std::string& path);
-  void Walk();
-  void Connect();
+  void RunPasses();
   void Finish();
 
   Reading reading;
@@ -49,63 +27,52 @@ struct Reader::Impl {
 
 void Reader::Impl::SetDefaults(const std::string& path) {
   model::Model& model = reading.model;
-  model.SetDefaultText(symbols::uri, UriOf(path));
-  model.SetDefaultText(symbols::visibility, "VkNoVisibility");
-  model.SetDefaultText(symbols::changeability, "CkUnfrozen");
-  model.SetDefaultText(symbols::isAbstract, "false");
-  model.SetDefaultText(symbols::isAbstractLower, "false");
-  model.SetDefaultText(symbols::direction, "DkIn");
+  model.SetDefaultText(properties::uri, UriOf(path));
+  model.SetDefaultText(properties::visibility, values::noVisibility);
+  model.SetDefaultText(properties::changeability, values::unfrozen);
+  model.SetDefaultText(properties::isAbstract, "false");
+  model.SetDefaultText(properties::isAbstractInSmall, "false");
+  model.SetDefaultText(properties::direction, values::in);
 }
 
-// Files are opened while others are walked; the loop gets to them all.
-void Reader::Impl::Walk() {
-  Walker walker(reading);
-  for (std::size_t file = 0; file < reading.files.Size(); ++file) {
-    walker.Walk(static_cast<FileIndex>(file));
-  }
-}
-
-// What later steps ask for, earlier steps have set: stereotypes decide what is a template and what
+// What later passes ask for, earlier ones have set: stereotypes decide what is a template and what
 // a constant, templates what a type answers. What has been worked off is let go: its memory serves
-// the next steps.
-void Reader::Impl::Connect() {
-  Resolver resolver(reading);
-  Types types(reading);
-  Values values(reading, resolver);
-  Templates templates(reading, resolver);
-  Relations relations(reading, types);
-  Dependencies dependencies(reading);
-
-  resolver.FillPlaces();
-  RemoteParts(reading, resolver).Fetch();
-  Stereotypes(reading, resolver).Apply();
+// the next passes.
+void Reader::Impl::RunPasses() {
+  Values values(reading);
+  WalkFiles(reading);
+  PlaceFragments(reading);
+  FetchParts(reading);
+  ApplyStereotypes(reading);
   Release(reading.applications);
-  relations.NamePrimitives();
-  templates.Find();
-  resolver.ResolveReferences();
+  NamePrimitives(reading);
+  FindTemplates(reading);
+  ResolveReferences(reading);
   Release(reading.references);
-  relations.SetLinks();
-  relations.SetMembers();
-  relations.SetComments();
-  dependencies.Set();
-  dependencies.SetGeneralizations();
-  templates.Fill(values, types);
-  Multiplicities(reading, values).Set();
-  Ports(reading).Set();
+  SetLinks(reading);
+  SetMembers(reading);
+  SetComments(reading);
+  SetDependencies(reading);
+  SetGeneralizations(reading);
+  FillTemplates(reading, values);
+  SetMultiplicities(reading, values);
+  SetPorts(reading);
 }
 
-// From here on only the elements, their places and the texts that they point into are needed.
+// From here on only the elements, their locations and the texts that they point into are needed.
 void Reader::Impl::Finish() {
-  for (std::size_t file = 0; file < reading.files.Size(); ++file) {
-    Files::File& read = reading.files[static_cast<FileIndex>(file)];
+  for (FileIndex file = 0; file < reading.files.Size(); ++file) {
+    Files::File& read = reading.files[file];
     reading.model.Keep(read.document->Text());
     read.document->DropTree();
     Release(read.extensions);
   }
   Release(reading.values);
   Release(reading.bindings);
+  Release(reading.instantiations);
   Release(reading.links);
-  for (const auto& [kind, count] : reading.passedOver) passedOver[kind] = count;
+  Release(reading.idents);
+  passedOver.insert(reading.passedOver.begin(), reading.passedOver.end());
 }
 
 Reader::Reader(model::Model& model) : impl_(std::make_unique<Impl>(model)) {}
@@ -119,14 +86,15 @@ void Reader::Map(const std::string& prefix, const std::string& directory) {
 void Reader::Read(const std::string& path) {
   impl_->SetDefaults(path);
   impl_->reading.files.Open(path);
-  impl_->Walk();
-  impl_->Connect();
+  impl_->RunPasses();
   impl_->Finish();
 }
 
 const ReadingProgress& Reader::Progress() const { return impl_->reading.progress; }
 
-const std::vector<Remark>& Reader::Remarks() const { return impl_->reading.remarks.All(); }
+const std::vector<Diagnostic>& Reader::Diagnostics() const {
+  return impl_->reading.diagnostics.All();
+}
 
 const std::map<std::string, std::size_t>& Reader::PassedOver() const { return impl_->passedOver; }
 
@@ -134,10 +102,10 @@ const std::vector<std::string>& Reader::Files() const { return impl_->reading.fi
 
 model::Element* Reader::FindById(std::string_view id) const {
   const Reading& reading = impl_->reading;
-  for (std::size_t file = 0; file < reading.files.Size(); ++file) {
-    if (reading.files[static_cast<FileIndex>(file)].isLibrary) continue;
-    const IdTarget* entry = reading.ids.Find(static_cast<FileIndex>(file), id);
-    if (entry != nullptr && !entry->inner) return reading.items[entry->item].element;
+  for (FileIndex file = 0; file < reading.files.Size(); ++file) {
+    if (reading.files[file].isLibrary) continue;
+    const IdTarget* target = reading.ids.Find(file, id);
+    if (target != nullptr && !target->inner) return reading.items[target->item].element;
   }
   return nullptr;
 }
@@ -145,17 +113,13 @@ model::Element* Reader::FindById(std::string_view id) const {
 std::vector<model::Element*> Reader::FindByName(std::string_view qualifiedName) const {
   std::vector<model::Element*> found;
   const Items& items = impl_->reading.items;
-  const std::string_view last = qualifiedName.substr(
-      qualifiedName.rfind(':') == std::string_view::npos ? 0 : qualifiedName.rfind(':') + 1);
-  for (std::size_t i = 0; i < items.Size(); ++i) {
-    const auto index = static_cast<ItemIndex>(i);
+  const std::string_view last = qualifiedName.substr(qualifiedName.rfind(':') + 1);
+  for (ItemIndex index = 0; index < items.Size(); ++index) {
     const Item& item = items[index];
     if (item.element == nullptr || items.NameOf(index) != last) continue;
     if (impl_->reading.files[item.file].isLibrary) continue;
-    ItemIndex root = index;
-    while (items[root].owner != kNoItem) root = items[root].owner;
     const std::string name = items.QualifiedName(index);
-    const std::string rootName(items.NameOf(root));
+    const std::string rootName(items.NameOf(items.RootOf(index)));
     const std::string full = name.empty() ? rootName : rootName + "::" + name;
     if (qualifiedName == name || qualifiedName == full) found.push_back(item.element);
   }
@@ -165,11 +129,10 @@ std::vector<model::Element*> Reader::FindByName(std::string_view qualifiedName) 
 std::vector<model::Element*> Reader::Artifacts() const {
   std::vector<model::Element*> artifacts;
   const Items& items = impl_->reading.items;
-  for (std::size_t i = 0; i < items.Size(); ++i) {
-    const Item& item = items[static_cast<ItemIndex>(i)];
-    const bool isArtifact =
-        item.type == Word::kArtifact || item.type == Word::kDeploymentSpecification;
-    if (isArtifact) artifacts.push_back(item.element);
+  for (ItemIndex index = 0; index < items.Size(); ++index) {
+    const Word type = items[index].type;
+    const bool isArtifact = type == Word::kArtifact || type == Word::kDeploymentSpecification;
+    if (isArtifact) artifacts.push_back(items[index].element);
   }
   return artifacts;
 }

@@ -1,53 +1,20 @@
 // Reads XMI files of UML models into the in-memory model.
 //
 // One reader reads one model file, with every file that it refers to, and gives the model that the
-// agent sees. What is wrong with the input but does not stop the reading becomes a remark.
+// agent sees. What is wrong with the input but does not stop the reading becomes a diagnostic.
 #pragma once
 
 #include <cstddef>
 #include <map>
 #include <memory>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "model/model.h"
-#include "xmi/reading_progress.h"
+#include "xmi/text/diagnostics.h"
 
 namespace xmi {
-
-/// A place in an input file. Lines, and columns in characters, count from 1; 0 is unknown.
-struct Location {
-  std::string file;
-  std::size_t line = 0;
-  std::size_t column = 0;
-};
-
-/// A warning about the input. Its text names the element concerned and ends without a full stop;
-/// its rule is a short stable name of what is wrong ("dangling-reference").
-struct Remark {
-  Location location;
-  std::string_view rule;
-  std::string text;
-  /// The element of the model that it is about; null when there is none.
-  const model::Element* element = nullptr;
-};
-
-/// Thrown when the model file can't be read as a model. `what()` is one line, "FILE:LINE: text" or
-/// "FILE: text" where no line is to blame.
-class ReadError : public std::runtime_error {
- public:
-  ReadError(Location place, const std::string& text);
-
-  const Location& Place() const { return place_; }
-  /// What is wrong, without the place.
-  const std::string& Text() const { return text_; }
-
- private:
-  Location place_;
-  std::string text_;
-};
 
 class Reader {
  public:
@@ -67,8 +34,8 @@ class Reader {
   /// How far `Read` is; valid as long as the reader.
   const ReadingProgress& Progress() const;
 
-  /// What is wrong with the input, in the order found; each text once for a place.
-  const std::vector<Remark>& Remarks() const;
+  /// What is wrong with the input, in the order found; each text once for a line.
+  const std::vector<Diagnostic>& Diagnostics() const;
 
   /// How many parts of the files were passed over, by kind ("xmi:Extension", "uml:Activity", ...).
   const std::map<std::string, std::size_t>& PassedOver() const;

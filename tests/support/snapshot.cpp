@@ -3,6 +3,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "model/vocabulary.h"
+
 namespace support {
 
 using model::Element;
@@ -49,11 +51,12 @@ class Walk {
   }
 
   bool IsOmitted(const Element* element) const {
-    if (omit_ == Omit::kNothing || element->Metaclass() != Symbol("StereotypeInstance")) {
+    if (omit_ == Omit::kNothing || element->Metaclass() != model::metaclasses::stereotypeInstance) {
       return false;
     }
-    const Element* stereotype = element->Entity(Symbol("InstanceOf"));
-    return stereotype != nullptr && stereotype->Text(Symbol("Name")) == "Node";
+    const Element* stereotype = element->Entity(model::properties::instanceOf);
+    return stereotype != nullptr &&
+           stereotype->Text(model::properties::name) == model::stereotypes::node.Text();
   }
 
   void Refer(Element* element) {

@@ -137,14 +137,14 @@ class Generator {
     Element& enumeration = *choices_.Of(enumerations_);
     auto& made = b_.Class(m, Name('U'), "CORBAUnion");
     b_.Attribute(made, Name('d'), enumeration);
-    for (Element* literal : enumeration.Entities(Symbol("Literal"))) {
+    for (Element* literal : enumeration.Entities(properties::literal)) {
       if (choices_.Chance(30)) continue;
       auto& member = b_.Keyword(b_.Attribute(made, Name('f'), Type()), "case");
-      b_.Mark(member, "case", {{"label", literal->Text(Symbol("Name"))}});
+      b_.Mark(member, "case", {{"label", literal->Text(properties::name)}});
     }
     // A default case needs a value that no other case has.
-    const bool hasAll = made.Entities(Symbol("OwnedMember")).size() ==
-                        enumeration.Entities(Symbol("Literal")).size() + 1;
+    const bool hasAll = made.Entities(properties::ownedMember).size() ==
+                        enumeration.Entities(properties::literal).size() + 1;
     if (!hasAll) {
       auto& rest = b_.Keyword(b_.Attribute(made, Name('f'), Type()), "case");
       b_.Mark(rest, "case", {{"isDefault", "true"}});
@@ -245,10 +245,10 @@ ValidModel GenerateValidModel(ModelBuilder& builder, Choices& choices) {
 
 void ShuffleMembers(const ValidModel& model, Choices& choices) {
   for (Element* scope : model.scopes) {
-    const auto members = scope->Entities(Symbol("OwnedMember"));
+    const auto members = scope->Entities(properties::ownedMember);
     std::vector<Element*> order(members.begin(), members.end());
     choices.Shuffle(order);
-    scope->SetEntities(Symbol("OwnedMember"), order);
+    scope->SetEntities(properties::ownedMember, order);
   }
 }
 

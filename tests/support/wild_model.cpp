@@ -4,6 +4,8 @@
 #include <string_view>
 #include <vector>
 
+#include "model/vocabulary.h"
+
 namespace support {
 
 using model::Element;
@@ -86,8 +88,8 @@ class Generator {
   }
 
   Element& MakeArtifact() {
-    Element& artifact = model_.Create(Symbol("Artifact"));
-    artifact.SetText(Symbol("Name"), "Out");
+    Element& artifact = model_.Create(model::metaclasses::artifact);
+    artifact.SetText(model::properties::name, "Out");
     Element& settings = model_.Apply(artifact, model_.Stereotype("IDLGenerator"));
     constexpr Text mappings[] = {"ONE_FILE", "MODULE_FLAT", "MODULE_STRUCTURED", "MODULE_DEEP"};
     model_.SetTag(settings, Symbol("targetDir"), "out");
@@ -102,7 +104,7 @@ class Generator {
 
   Element& MakeElement() {
     Element& made = model_.Create(Symbol(choices_.Of(metaclasses)));
-    made.SetText(Symbol("Name"), AnyName());
+    made.SetText(model::properties::name, AnyName());
     if (choices_.Chance(70)) Mark(made);
     if (choices_.Chance(20)) model_.AddKeyword(made, choices_.Of(keywords));
     return made;
@@ -124,15 +126,15 @@ class Generator {
   void Manifest(Element& artifact) {
     const std::size_t count = 1 + choices_.Below(3);
     for (std::size_t i = 0; i < count; ++i) {
-      Element& dependency = model_.Create(Symbol("Dependency"));
+      Element& dependency = model_.Create(model::metaclasses::dependency);
       Element& supplier = *choices_.Of(elements_);
-      if (!choices_.Chance(10)) dependency.SetEntity(Symbol("Supplier"), &supplier);
+      if (!choices_.Chance(10)) dependency.SetEntity(model::properties::supplier, &supplier);
       if (!choices_.Chance(10)) model_.AddKeyword(dependency, "manifest");
       if (choices_.Chance(60)) {
-        supplier.SetMetaclass(Symbol("Package"));
+        supplier.SetMetaclass(model::metaclasses::package);
         model_.Apply(supplier, model_.Stereotype("CORBAModule"));
       }
-      artifact.AddEntity(Symbol("ClientDependency"), dependency);
+      artifact.AddEntity(model::properties::clientDependency, dependency);
     }
     elements_.push_back(&artifact);
   }

@@ -106,14 +106,14 @@ model::Element& XmiFiles::operator[](std::string_view id) {
   return found == nullptr ? nobody : *found;
 }
 
-std::vector<std::string> XmiFiles::Remarks() const {
-  std::vector<std::string> remarks;
-  for (const xmi::Remark& remark : reader_.Remarks()) {
-    const std::string place =
-        remark.location.file + ":" + std::to_string(remark.location.line) + ": ";
-    remarks.push_back(WithoutDirectory(place + remark.text));
+std::vector<std::string> XmiFiles::Diagnostics() const {
+  std::vector<std::string> lines;
+  for (const xmi::Diagnostic& diagnostic : reader_.Diagnostics()) {
+    const std::string where =
+        diagnostic.location.file + ":" + std::to_string(diagnostic.location.line) + ": ";
+    lines.push_back(WithoutDirectory(where + diagnostic.text));
   }
-  return remarks;
+  return lines;
 }
 
 std::string Names(IMdeEntity& element, const std::string& property) {

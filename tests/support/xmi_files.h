@@ -36,8 +36,8 @@ class XmiFiles {
   /// An element by its id. Fails the test when there is none.
   model::Element& operator[](std::string_view id);
   xmi::Reader& Reader() { return reader_; }
-  /// The remarks, each "FILE:LINE: text", with the directory left out.
-  std::vector<std::string> Remarks() const;
+  /// The diagnostics, each "FILE:LINE: text", with the directory left out.
+  std::vector<std::string> Diagnostics() const;
   std::string Path(const std::string& name) const { return (directory_.Path() / name).string(); }
 
  private:
