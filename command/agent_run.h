@@ -16,7 +16,7 @@
 namespace command {
 
 /// Exports one artifact and follows the run from inside: checks the names in its tree, and keeps
-/// all that is told, with its place in the model.
+/// all that is told, with its location in the model.
 class AgentRun : private mdktoidl::ExportObserver {
  public:
   /// Runs the agent with the directory as the current one, since paths from there are what it can

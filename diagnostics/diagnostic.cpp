@@ -5,6 +5,8 @@
 #include <utility>
 #include <vector>
 
+#include "model/vocabulary.h"
+
 namespace diagnostics {
 namespace {
 
@@ -33,7 +35,7 @@ std::string SummaryOf(const std::map<std::string, std::size_t>& passedOver) {
 void PointAt(const xmi::Reader& reader, const model::Element& element, Diagnostic& diagnostic) {
   diagnostic.location = reader.Locate(element);
   diagnostic.element = reader.QualifiedName(element);
-  if (diagnostic.element.empty()) diagnostic.element = element.Text(model::Symbol("Name"));
+  if (diagnostic.element.empty()) diagnostic.element = element.Text(model::properties::name);
   diagnostic.id = reader.IdOf(element);
 }
 
@@ -57,12 +59,12 @@ Diagnostic Locate(const mdktoidl::Diagnostic& found, const xmi::Reader& reader,
 
 std::vector<Diagnostic> DiagnosticsOf(const xmi::Reader& reader) {
   std::vector<Diagnostic> diagnostics;
-  for (const xmi::Diagnostic& remark : reader.Diagnostics()) {
+  for (const xmi::Diagnostic& found : reader.Diagnostics()) {
     Diagnostic diagnostic;
-    if (remark.element != nullptr) PointAt(reader, *remark.element, diagnostic);
-    diagnostic.text = remark.text;
-    diagnostic.rule = remark.rule;
-    diagnostic.location = remark.location;
+    if (found.element != nullptr) PointAt(reader, *found.element, diagnostic);
+    diagnostic.text = found.text;
+    diagnostic.rule = found.rule;
+    diagnostic.location = found.location;
     diagnostics.push_back(std::move(diagnostic));
   }
   return diagnostics;

@@ -1,4 +1,5 @@
-// What there is to say about the model, wherever it was found, with its place in the model's files.
+// What there is to say about the model, wherever it was found, with its location in the model's
+// files.
 #pragma once
 
 #include <string>
@@ -26,7 +27,7 @@ struct Diagnostic {
   std::string id;
 };
 
-/// What an export of the artifact has found, with its place. The element must be one of the
+/// What an export of the artifact has found, with its location. The element must be one of the
 /// reader's; without one the artifact is to blame.
 Diagnostic Locate(const mdktoidl::Diagnostic& found, const xmi::Reader& reader,
                   const model::Element& artifact);

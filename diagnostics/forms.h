@@ -9,8 +9,8 @@
 
 namespace diagnostics {
 
-/// "FILE:LINE:COLUMN: error: TEXT [RULE]" and a line end for each. What is unknown of the place is
-/// left out; without a file the command's name stands there. Control characters are written as
+/// "FILE:LINE:COLUMN: error: TEXT [RULE]" and a line end for each. What is unknown of the location
+/// is left out; without a file the command's name stands there. Control characters are written as
 /// escapes ("\n"). With `colour`, severities are coloured for a terminal.
 std::string GccForm(std::span<const Diagnostic> diagnostics, bool colour = false);
 

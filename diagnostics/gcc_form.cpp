@@ -7,11 +7,11 @@
 namespace diagnostics {
 namespace {
 
-void AppendPlace(const xmi::Location& place, std::string& line) {
-  line += place.file.empty() ? "idlexport" : OneLine(place.file);
-  if (!place.file.empty() && place.line != 0) {
-    line += ":" + std::to_string(place.line);
-    if (place.column != 0) line += ":" + std::to_string(place.column);
+void AppendLocation(const xmi::Location& location, std::string& line) {
+  line += location.file.empty() ? "idlexport" : OneLine(location.file);
+  if (!location.file.empty() && location.line != 0) {
+    line += ":" + std::to_string(location.line);
+    if (location.column != 0) line += ":" + std::to_string(location.column);
   }
 }
 
@@ -22,7 +22,7 @@ std::string GccForm(std::span<const Diagnostic> diagnostics, bool colour) {
   for (const Diagnostic& diagnostic : diagnostics) {
     const bool isError = diagnostic.severity == Severity::kError;
     const std::string_view word = isError ? "error:" : "warning:";
-    AppendPlace(diagnostic.location, lines);
+    AppendLocation(diagnostic.location, lines);
     lines.append(": ");
     lines.append(colour ? Coloured(word, diagnostic.severity) : word).append(" ");
     lines += OneLine(diagnostic.text);

@@ -44,10 +44,10 @@ Json JsonOf(const Diagnostic& diagnostic) {
   Json json = {{"severity", diagnostic.severity == Severity::kError ? "error" : "warning"},
                {"rule", diagnostic.rule},
                {"message", diagnostic.text}};
-  const xmi::Location& place = diagnostic.location;
-  if (!place.file.empty()) json["file"] = place.file;
-  if (!place.file.empty() && place.line != 0) json["line"] = place.line;
-  if (!place.file.empty() && place.column != 0) json["column"] = place.column;
+  const xmi::Location& location = diagnostic.location;
+  if (!location.file.empty()) json["file"] = location.file;
+  if (!location.file.empty() && location.line != 0) json["line"] = location.line;
+  if (!location.file.empty() && location.column != 0) json["column"] = location.column;
   if (!diagnostic.element.empty()) json["element"] = diagnostic.element;
   if (!diagnostic.id.empty()) json["id"] = diagnostic.id;
   return json;
@@ -106,11 +106,11 @@ Json DescriptorsOf(const std::vector<std::string_view>& ids) {
   return descriptors;
 }
 
-Json PhysicalLocation(const xmi::Location& place) {
-  Json physical = {{"artifactLocation", {{"uri", UriOf(place.file)}}}};
-  if (place.line == 0) return physical;
-  physical["region"] = {{"startLine", place.line}};
-  if (place.column != 0) physical["region"]["startColumn"] = place.column;
+Json PhysicalLocation(const xmi::Location& location) {
+  Json physical = {{"artifactLocation", {{"uri", UriOf(location.file)}}}};
+  if (location.line == 0) return physical;
+  physical["region"] = {{"startLine", location.line}};
+  if (location.column != 0) physical["region"]["startColumn"] = location.column;
   return physical;
 }
 

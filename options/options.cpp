@@ -10,16 +10,16 @@ Options options;
 
 namespace {
 
-/// The element that holds a setting. Throws `IDLException` when the artifact lacks it; `complaint`
+/// The element that holds a setting. Throws `IDLException` when the artifact lacks it; `shownAs`
 /// is what the message then calls it.
-mdk::IMdeEntity* Setting(mdk::IMdeEntity* element, const Tag& tag, const std::string& complaint) {
+mdk::IMdeEntity* Setting(mdk::IMdeEntity* element, const Tag& tag, const std::string& shownAs) {
   mdk::IMdeEntity* value = element->EvalExpression(tag.Expression(), 0);
-  if (value == nullptr) throw IDLException({Message::settingMissing, element, {complaint}});
+  if (value == nullptr) throw IDLException({Message::settingMissing, element, {shownAs}});
   return value;
 }
 
-std::string TextSetting(mdk::IMdeEntity* element, const Tag& tag, const std::string& complaint) {
-  return Setting(element, tag, complaint)->GetValue(properties::valueString, 0);
+std::string TextSetting(mdk::IMdeEntity* element, const Tag& tag, const std::string& shownAs) {
+  return Setting(element, tag, shownAs)->GetValue(properties::valueString, 0);
 }
 
 std::string LiteralSetting(mdk::IMdeEntity* element, const Tag& tag) {
@@ -28,8 +28,8 @@ std::string LiteralSetting(mdk::IMdeEntity* element, const Tag& tag) {
 
 }  // namespace
 
-// The complaints are irregular ("fileFname", full stops in three of five); users search for them
-// as they are.
+// What the messages call them is irregular ("fileFname", full stops in three of five); users
+// search for the messages as they are.
 void Options::SetOptions(mdk::IMdeEntity* generator) {
   element = generator;
   targetDir = TextSetting(element, tags::targetDir, tags::targetDir.Name() + ".");

@@ -18,8 +18,8 @@ using Pairs = std::vector<std::pair<std::uint32_t, std::uint32_t>>;
 
 constexpr std::uint32_t none = ~std::uint32_t{0};
 
-std::optional<std::uint32_t> Place(std::uint32_t place) {
-  return place == none ? std::nullopt : std::optional(place);
+std::optional<std::uint32_t> Index(std::uint32_t index) {
+  return index == none ? std::nullopt : std::optional(index);
 }
 
 /// What is a node of its own. What stands inside it belongs to it.
@@ -63,8 +63,9 @@ std::vector<std::size_t> ComponentsOf(std::size_t nodeCount, const Pairs& edges)
 
 /// By serial of one tree: the node of a declaration, its module, and among data the declaration
 /// that it stands in.
-struct GraphMaker::TreePlaces {
-  explicit TreePlaces(std::size_t size) : node(size, none), module(size, none), datum(size, none) {}
+struct GraphMaker::TreeIndices {
+  explicit TreeIndices(std::size_t size)
+      : node(size, none), module(size, none), datum(size, none) {}
 
   std::vector<std::uint32_t> node;
   std::vector<std::uint32_t> module;
@@ -72,52 +73,52 @@ struct GraphMaker::TreePlaces {
 };
 
 void GraphMaker::Add(const Root& root) {
-  TreePlaces places(root.Nodes().size());
+  TreeIndices indices(root.Nodes().size());
   for (const Node* node : root.Nodes()) {
     if (!node->isDeclared()) continue;
     const std::uint32_t serial = node->Serial();
     const std::uint32_t around = node->Enclosing() == nullptr ? 0 : node->Enclosing()->Serial();
-    if (places.node[around] != none) {
-      places.node[serial] = places.node[around];
-      places.datum[serial] = places.datum[around];
+    if (indices.node[around] != none) {
+      indices.node[serial] = indices.node[around];
+      indices.datum[serial] = indices.datum[around];
     } else if (node->isModule()) {
-      places.module[serial] = ModuleOf(*node, places.module[around]);
+      indices.module[serial] = ModuleOf(*node, indices.module[around]);
     } else if (IsDrawnAlone(node->Kind())) {
-      places.node[serial] = NodeOf(*node, places.module[around]);
+      indices.node[serial] = NodeOf(*node, indices.module[around]);
     } else {
-      places.node[serial] = DataOf(places.module[around]);
-      places.datum[serial] = DatumOf(*node, places.node[serial]);
+      indices.node[serial] = DataOf(indices.module[around]);
+      indices.datum[serial] = DatumOf(*node, indices.node[serial]);
     }
   }
-  CollectEdges(root, places);
+  CollectEdges(root, indices);
 }
 
 std::uint32_t GraphMaker::ModuleOf(const Node& module, std::uint32_t around) {
-  const auto place = static_cast<std::uint32_t>(graph_.modules.size());
-  const auto [entry, isNew] = modules_.try_emplace(module.Entity(), place);
-  if (isNew) graph_.modules.push_back({std::string(module.Name()), Place(around)});
+  const auto index = static_cast<std::uint32_t>(graph_.modules.size());
+  const auto [entry, isNew] = modules_.try_emplace(module.Entity(), index);
+  if (isNew) graph_.modules.push_back({std::string(module.Name()), Index(around)});
   return entry->second;
 }
 
 std::uint32_t GraphMaker::NodeOf(const Node& node, std::uint32_t around) {
-  const auto place = static_cast<std::uint32_t>(graph_.nodes.size());
-  const auto [entry, isNew] = nodes_.try_emplace(node.Entity(), place);
+  const auto index = static_cast<std::uint32_t>(graph_.nodes.size());
+  const auto [entry, isNew] = nodes_.try_emplace(node.Entity(), index);
   if (isNew) {
-    graph_.nodes.push_back({std::string(node.WrittenName()), &node.Kind(), Place(around), {}});
+    graph_.nodes.push_back({std::string(node.WrittenName()), &node.Kind(), Index(around), {}});
   }
   return entry->second;
 }
 
 std::uint32_t GraphMaker::DataOf(std::uint32_t module) {
-  const auto place = static_cast<std::uint32_t>(graph_.nodes.size());
-  const auto [entry, isNew] = dataNodes_.try_emplace(module, place);
-  if (isNew) graph_.nodes.push_back({"", nullptr, Place(module), {}});
+  const auto index = static_cast<std::uint32_t>(graph_.nodes.size());
+  const auto [entry, isNew] = dataNodes_.try_emplace(module, index);
+  if (isNew) graph_.nodes.push_back({"", nullptr, Index(module), {}});
   return entry->second;
 }
 
 std::uint32_t GraphMaker::DatumOf(const Node& datum, std::uint32_t node) {
-  const auto place = static_cast<std::uint32_t>(nodeOfDatum_.size());
-  const auto [entry, isNew] = data_.try_emplace(datum.Entity(), place);
+  const auto index = static_cast<std::uint32_t>(nodeOfDatum_.size());
+  const auto [entry, isNew] = data_.try_emplace(datum.Entity(), index);
   if (isNew) {
     nodeOfDatum_.push_back(node);
     CountOne(datum.Kind(), graph_.nodes[node].counts);
@@ -125,17 +126,17 @@ std::uint32_t GraphMaker::DatumOf(const Node& datum, std::uint32_t node) {
   return entry->second;
 }
 
-void GraphMaker::CollectEdges(const Root& root, const TreePlaces& places) {
+void GraphMaker::CollectEdges(const Root& root, const TreeIndices& indices) {
   for (const Node* user : root.Nodes()) {
     for (const Use& use : user->Used()) {
       if (!user->isDeclared() || !IsDrawn(use, *user)) continue;
-      const std::uint32_t from = places.node[user->Serial()];
-      const std::uint32_t to = places.node[use.used->Serial()];
+      const std::uint32_t from = indices.node[user->Serial()];
+      const std::uint32_t to = indices.node[use.used->Serial()];
       if (from == none || to == none) continue;
       const bool isInheritance = use.role == UseRole::base || use.role == UseRole::supports;
       if (from != to) graph_.edges.push_back({from, to, isInheritance});
-      const std::uint32_t datum = places.datum[user->Serial()];
-      const std::uint32_t used = places.datum[use.used->Serial()];
+      const std::uint32_t datum = indices.datum[user->Serial()];
+      const std::uint32_t used = indices.datum[use.used->Serial()];
       if (from == to && datum != none && used != datum) dataEdges_.emplace_back(datum, used);
     }
   }

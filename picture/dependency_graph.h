@@ -21,7 +21,7 @@ namespace picture {
 
 struct GraphModule {
   std::string name;
-  /// The place of the module around it; nothing at the top.
+  /// The index of the module around it; nothing at the top.
   std::optional<std::uint32_t> parent;
 };
 
@@ -32,7 +32,7 @@ struct GraphNode {
   std::string name;
   /// Null for a module's data.
   const mdktoidl::Construct* kind = nullptr;
-  /// The place of the module that it stands in; nothing at the top.
+  /// The index of the module that it stands in; nothing at the top.
   std::optional<std::uint32_t> module;
   /// How many declarations of each kind a module's data are.
   Counts counts;
@@ -66,23 +66,23 @@ class GraphMaker {
   DependencyGraph Finish() &&;
 
  private:
-  struct TreePlaces;
+  struct TreeIndices;
 
   std::uint32_t ModuleOf(const mdktoidl::Node& module, std::uint32_t around);
   std::uint32_t NodeOf(const mdktoidl::Node& node, std::uint32_t around);
   std::uint32_t DataOf(std::uint32_t module);
   std::uint32_t DatumOf(const mdktoidl::Node& datum, std::uint32_t node);
-  void CollectEdges(const mdktoidl::Root& root, const TreePlaces& places);
+  void CollectEdges(const mdktoidl::Root& root, const TreeIndices& indices);
   void MarkCycles();
   void AddDataCycles();
 
-  using Places = std::unordered_map<const mdk::IMdeEntity*, std::uint32_t>;
+  using Indices = std::unordered_map<const mdk::IMdeEntity*, std::uint32_t>;
 
   DependencyGraph graph_;
   // Looked up only, never walked through: their order means nothing.
-  Places modules_;
-  Places nodes_;
-  Places data_;
+  Indices modules_;
+  Indices nodes_;
+  Indices data_;
   std::unordered_map<std::uint32_t, std::uint32_t> dataNodes_;  // by module
   std::vector<std::uint32_t> nodeOfDatum_;
   std::vector<std::pair<std::uint32_t, std::uint32_t>> dataEdges_;

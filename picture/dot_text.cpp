@@ -59,10 +59,10 @@ class DotWriter {
   explicit DotWriter(const DependencyGraph& graph)
       : graph_(graph), modulesIn_(graph.modules.size() + 1), nodesIn_(graph.modules.size() + 1) {
     for (std::size_t i = 0; i < graph.modules.size(); ++i) {
-      modulesIn_[PlaceOf(graph.modules[i].parent)].push_back(i);
+      modulesIn_[IndexOf(graph.modules[i].parent)].push_back(i);
     }
     for (std::size_t i = 0; i < graph.nodes.size(); ++i) {
-      nodesIn_[PlaceOf(graph.nodes[i].module)].push_back(i);
+      nodesIn_[IndexOf(graph.nodes[i].module)].push_back(i);
     }
   }
 
@@ -79,7 +79,7 @@ class DotWriter {
   }
 
  private:
-  std::size_t PlaceOf(std::optional<std::uint32_t> module) const {
+  std::size_t IndexOf(std::optional<std::uint32_t> module) const {
     return module.value_or(static_cast<std::uint32_t>(graph_.modules.size()));
   }
 
@@ -92,9 +92,9 @@ class DotWriter {
       bool isEnd;
     };
     std::vector<Step> steps;
-    const auto open = [&](std::size_t place, std::size_t depth) {
-      for (const std::size_t node : nodesIn_[place]) WriteNode(node, depth);
-      const auto& inner = modulesIn_[place];
+    const auto open = [&](std::size_t index, std::size_t depth) {
+      for (const std::size_t node : nodesIn_[index]) WriteNode(node, depth);
+      const auto& inner = modulesIn_[index];
       for (auto module = inner.rbegin(); module != inner.rend(); ++module) {
         steps.push_back({*module, depth, false});
       }

@@ -1,6 +1,7 @@
 #include "tree/container.h"
 
 #include <algorithm>
+#include <cassert>
 #include <iterator>
 #include <list>
 
@@ -9,7 +10,10 @@
 
 namespace mdktoidl {
 
+// A subtree is built without a break, so its serials are an interval: whether a node encloses
+// another, and which of its children does, needs no walk through the tree.
 void Container::Adopt(std::unique_ptr<Node> child) {
+  assert(child->serial == lastSerial + 1);
   lastSerial = child->lastSerial;
   child->position = static_cast<std::uint32_t>(children.size());
   children.push_back(std::move(child));
@@ -53,8 +57,6 @@ void Container::EvaluateChildren(NodeList& outside, DependencyGraph* graph) {
   SortByCreation(outside);
 }
 
-// A subtree is built without a break, so its serials are an interval: whether a container encloses
-// a node, and which of its children does, needs no walk through the tree.
 void Container::MoveLocalDeclarations(const Node& child, NodeList& deps,
                                       DependencyGraph* graph) const {
   SortByCreation(deps);

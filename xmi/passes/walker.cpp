@@ -30,7 +30,7 @@ std::string KindOf(const StartTag& tag) {
 }
 
 /// Why a file is no model; empty when it is one. `tag` is its root's.
-std::string RootProblem(pugi::xml_node root, const StartTag& tag, const Namespaces& namespaces) {
+std::string RootError(pugi::xml_node root, const StartTag& tag, const Namespaces& namespaces) {
   constexpr const char* kEcoreModel = "is an Ecore model, no UML model";
   const QualifiedName name = SplitName(tag.name);
   if (root.attribute("xmi.version")) {
@@ -73,11 +73,11 @@ class FileWalker {
     reading_.progress.total += size;
     const pugi::xml_node root = document_.Root();
     tag_.ReadRoot(root, namespaces_);
-    const std::string problem = RootProblem(root, tag_, namespaces_);
-    if (!problem.empty()) {
+    const std::string error = RootError(root, tag_, namespaces_);
+    if (!error.empty()) {
       const Location location = reading_.LocateNode(file_, root);
-      if (file_ == 0) throw ReadError(location, problem);
-      return reading_.diagnostics.Add(location, "file-not-a-model", location.file + " " + problem);
+      if (file_ == 0) throw ReadError(location, error);
+      return reading_.diagnostics.Add(location, "file-not-a-model", location.file + " " + error);
     }
     const bool isXmi = tag_.space == Space::kXmi;
     offset_ = document_.OffsetOf(root);

@@ -120,8 +120,8 @@ FileIndex Files::OpenPath(const std::string& path, const Location& location) {
   try {
     entry->second = Add(Document::Load(path));
     paths_.push_back(path);
-  } catch (const ReadError& problem) {
-    diagnostics_->Add(location, "file-unreadable", std::string("can't read ") + problem.what());
+  } catch (const ReadError& error) {
+    diagnostics_->Add(location, "file-unreadable", std::string("can't read ") + error.what());
   }
   return entry->second;
 }

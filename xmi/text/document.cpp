@@ -50,7 +50,7 @@ bool StartsAsHtml(std::string_view text) {
   return head == "<!doctype html" || head.starts_with("<html");
 }
 
-std::string ProblemText(const pugi::xml_parse_result& result) {
+std::string ErrorText(const pugi::xml_parse_result& result) {
   if (result.status == pugi::status_end_element_mismatch) {
     return "is no well-formed XML: an end tag doesn't match its start tag, or the text ends early";
   }
@@ -70,7 +70,7 @@ std::unique_ptr<Document> Document::Parse(const std::string& path, std::string t
 }
 
 void Document::Fill(std::string text) {
-  const EncodingProblem problem = ToUtf8(text);
+  const EncodingError error = ToUtf8(text);
   text_ = std::make_shared<std::string>(std::move(text));
   if (text_->size() >= kNowhere) throw ReadError({path_}, "is too large");
   IndexLines();
@@ -79,13 +79,13 @@ void Document::Fill(std::string text) {
   }
   // A page that an address answered with says more than what is wrong with its encoding.
   if (StartsAsHtml(*text_)) Fail(0, "is an HTML page, no UML model");
-  if (!problem.text.empty()) Fail(problem.offset, problem.text);
+  if (!error.text.empty()) Fail(error.offset, error.text);
   tree_ = std::make_unique<pugi::xml_document>();
   // The parser passes over the last character, which is fine for what may be the last one.
   if (kMayBeLast.find(text_->back()) == std::string_view::npos) text_->push_back('\n');
   const pugi::xml_parse_result result =
       tree_->load_buffer_inplace(text_->data(), text_->size(), kParseOptions, pugi::encoding_utf8);
-  if (!result) Fail(static_cast<std::size_t>(result.offset), ProblemText(result));
+  if (!result) Fail(static_cast<std::size_t>(result.offset), ErrorText(result));
   RequireOneRoot();
 }
 

@@ -100,7 +100,7 @@ std::string Hex(char byte) {
   return {'0', 'x', kDigits[value >> 4], kDigits[value & 15]};
 }
 
-EncodingProblem CheckUtf8(std::string_view text) {
+EncodingError CheckUtf8(std::string_view text) {
   for (std::size_t at = SkipAscii(text, 0); at < text.size(); at = SkipAscii(text, at)) {
     const std::size_t length = Utf8Length(text.substr(at));
     if (length == 0) return {at, "byte " + Hex(text[at]) + " is not UTF-8"};
@@ -109,7 +109,7 @@ EncodingProblem CheckUtf8(std::string_view text) {
   return {};
 }
 
-EncodingProblem CheckAscii(std::string_view text) {
+EncodingError CheckAscii(std::string_view text) {
   const std::size_t at = SkipAscii(text, 0);
   if (at == text.size()) return {};
   return {at, "byte " + Hex(text[at]) + " is not ASCII, the declared encoding"};
@@ -127,7 +127,7 @@ void WidenBytes(std::string& bytes, bool windows) {
   bytes = std::move(text);
 }
 
-EncodingProblem FromUtf16(std::string& bytes, bool bigEndian) {
+EncodingError FromUtf16(std::string& bytes, bool bigEndian) {
   std::string text;
   text.reserve(bytes.size());
   const auto unit = [&](std::size_t at) -> char32_t {
@@ -153,7 +153,7 @@ EncodingProblem FromUtf16(std::string& bytes, bool bigEndian) {
 
 }  // namespace
 
-EncodingProblem ToUtf8(std::string& bytes) {
+EncodingError ToUtf8(std::string& bytes) {
   const std::string_view start(bytes);
   if (start.starts_with("\xFF\xFE")) return FromUtf16(bytes, false);
   if (start.starts_with("\xFE\xFF")) return FromUtf16(bytes, true);
@@ -163,11 +163,11 @@ EncodingProblem ToUtf8(std::string& bytes) {
   const bool marked = start.starts_with("\xEF\xBB\xBF");
   const std::string name = DeclaredEncoding(marked ? start.substr(3) : start);
   const Encoding encoding = marked ? Encoding::kUtf8 : EncodingOf(name);
-  EncodingProblem problem;
-  if (encoding == Encoding::kUnknown) problem = {0, "encoding \"" + name + "\" is not supported"};
-  if (encoding == Encoding::kUtf8) problem = CheckUtf8(start);
-  if (encoding == Encoding::kAscii) problem = CheckAscii(start);
-  if (!problem.text.empty()) return problem;
+  EncodingError error;
+  if (encoding == Encoding::kUnknown) error = {0, "encoding \"" + name + "\" is not supported"};
+  if (encoding == Encoding::kUtf8) error = CheckUtf8(start);
+  if (encoding == Encoding::kAscii) error = CheckAscii(start);
+  if (!error.text.empty()) return error;
   if (encoding == Encoding::kLatin1) WidenBytes(bytes, false);
   if (encoding == Encoding::kWindows1252) WidenBytes(bytes, true);
   if (marked) bytes.erase(0, 3);

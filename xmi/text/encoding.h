@@ -10,14 +10,14 @@
 namespace xmi {
 
 /// Why a text can't be used and where in the bytes given.
-struct EncodingProblem {
+struct EncodingError {
   std::size_t offset = 0;
   std::string text;  ///< Empty when there is none.
 };
 
 /// Replaces the bytes of a file by the same text in UTF-8 without a byte order mark. Knows UTF-8,
 /// UTF-16 with a byte order mark, ASCII, ISO-8859-1 and windows-1252, whose undefined bytes become
-/// U+0081 and so on. On a problem the bytes are left as they are.
-EncodingProblem ToUtf8(std::string& bytes);
+/// U+0081 and so on. On an error the bytes are left as they are.
+EncodingError ToUtf8(std::string& bytes);
 
 }  // namespace xmi
