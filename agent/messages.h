@@ -42,6 +42,7 @@ enum class Message : std::size_t {
   attributeBoundUnknown,
   attributeTypeUnknown,
   attributeTypeAnonymous,
+  memberTypeAnonymous,
   attributeTypeNotExported,
   // Constants
   constantHasMultiplicity,
@@ -146,6 +147,9 @@ enum class Message : std::size_t {
   multiplicityBoundNotAllowed,
   multiplicityIsCircular,
   multiplicityOfArray,
+  // Types that are given a name
+  typedefAdded,
+  typeNamed,
   // Names
   nameMissing,
   nameNotIdentifier,

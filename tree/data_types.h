@@ -41,6 +41,10 @@ class Field : public Attribute {
                                   Forward::no, Language::idl,   21};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
+  const WrittenType* TypeToName() const override { return nullptr; }
+
+ protected:
+  void ResolveTypes(NodeList&) override { ResolveMemberType(); }
 };
 
 /// One of the values of an enumeration. It stands in the enumeration, but its name lies in the

@@ -22,11 +22,16 @@ class Attribute : public Node {
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
 
+  const WrittenType* TypeToName() const override { return &type; }
+  void NameType(Node& definition) override { WriteTypeAs(definition, type); }
+
   /// True for an attribute that is frozen in the model.
   virtual bool isReadOnly() const;
 
  protected:
   void ResolveTypes(NodeList& deps) override;
+  /// The same for what may be of a template.
+  void ResolveMemberType();
 
   WrittenType type;
 };
@@ -40,6 +45,10 @@ class State : public Attribute {
                                   Forward::no,    Language::idl,   22};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
+  const WrittenType* TypeToName() const override { return nullptr; }
+
+ protected:
+  void ResolveTypes(NodeList& deps) override;
 };
 
 class Parameter;
@@ -57,6 +66,8 @@ class Operation : public Container {
                                          Forward::no, Language::idl,   19};
   const Construct& Kind() const override { return finder || factory ? creatorKind : kind; }
   void Unparse(Writer& out) const override;
+  const WrittenType* TypeToName() const override { return writesResult() ? &type : nullptr; }
+  void NameType(Node& definition) override;
 
   bool isFactory() const { return factory; }
   bool isFinder() const { return finder; }
@@ -72,6 +83,10 @@ class Operation : public Container {
 
  private:
   bool DetermineOneway() const;
+  /// Whether the type of the result is written.
+  bool writesResult() const;
+  /// All uses but exceptions stand before the name.
+  void PlaceUses();
   void CheckOwner() const;
   void ResolveRaises();
   void ResolveResult(TypeReference& result) const;
@@ -97,6 +112,8 @@ class Parameter : public Node {
   /// The operation writes the type of its result in place of the parameter.
   bool isDeclared() const override;
   void Unparse(Writer& out) const override;
+  const WrittenType* TypeToName() const override { return &type; }
+  void NameType(Node& definition) override { WriteTypeAs(definition, type); }
 
   /// Whether this is a result of the operation.
   bool isResult() const { return direction == Direction::result; }

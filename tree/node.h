@@ -27,6 +27,7 @@ namespace mdktoidl {
 
 class Container;
 class Enumeration;
+class OrderedScope;
 
 /// Borrowed nodes. Kept sorted by creation where a list serves as a set.
 using NodeList = std::vector<Node*>;
@@ -70,6 +71,16 @@ class Node : public Definition {
   /// The enumeration that this is; null for anything else.
   virtual const Enumeration* AsEnumeration() const { return nullptr; }
   virtual bool isEnumerator() const { return false; }
+  /// The scope that orders its declarations that this is; null for anything else.
+  virtual OrderedScope* AsOrderedScope() { return nullptr; }
+  /// The type that this gives another name; null for all but type definitions.
+  virtual const WrittenType* DefinedType() const;
+  /// Its type, where IDL takes no templates without a name; null where it takes them, and for what
+  /// has no type.
+  virtual const WrittenType* TypeToName() const;
+  /// Has that type written as the name of a declaration that means the same. Its spelling is found
+  /// out, which takes knowing all declarations around.
+  virtual void NameType(Node& definition);
   /// Whether this is a module; it may have a file of its own.
   virtual bool isModule() const { return false; }
   /// Whether this is a scope that orders its declarations, and one of that name stands in it, which
@@ -98,6 +109,8 @@ class Node : public Definition {
  protected:
   /// A node inside `parent`, or at the top of the tree when that is null.
   Node(mdk::IMdeEntity* element, Container* parent);
+  /// The same for what the model doesn't hold: it was made for that element.
+  Node(mdk::IMdeEntity* element, std::string_view name, Container* parent);
 
   /// Lets `GetNodeRef` find this node by its element.
   void CreateNodeRef();
@@ -117,12 +130,15 @@ class Node : public Definition {
   void ReportArray(const TypeReference& reference, std::string_view word) const;
   void ReportType(const TypeReference& reference, const TypeDiagnostics& diagnostics) const;
   void UseType(TypeReference&& reference, WrittenType& type, UseRole role = UseRole::type);
+  /// Replaces what the type uses by a declaration that means the same.
+  void WriteTypeAs(Node& definition, WrittenType& type);
 
   /// Enters a name that it writes.
   Use& AddUse(Node& used, UseRole role, Spelling spelling);
   /// The same, spelled simply in scope, else by the "::" name.
   Use& AddUse(Node& used, UseRole role) { return AddUse(used, role, SpellingOf(used)); }
   Spelling SpellingOf(const Node& other) const;
+  Spelling SpellingInTemplate(const Node& other) const;
   /// Sets the simple name of a use, where the model has another than what is used.
   static void Rename(Use& use, std::string_view name);
 
@@ -131,12 +147,15 @@ class Node : public Definition {
   void UnparseHeading(Writer& out) const;
   void UnparseComment(mdk::IMdeEntity* element, Writer& out) const;
 
+  /// Numbers it, and what is inside it, by their places in a list that they are appended to.
+  virtual void Number(NodeList& order);
+
   Uses uses;
 
  private:
   friend class Container;
+  friend class OrderedScope;
 
-  Spelling SpellingInTemplate(const Node& other) const;
   bool isHiddenHere(const Node& other) const;
 
   std::uint32_t serial;
