@@ -11,6 +11,7 @@
 #include "options/options.h"
 #include "output/file.h"
 #include "scopes/names.h"
+#include "tree/added_typedefs.h"
 #include "tree/interfaces.h"
 #include "tree/module.h"
 #include "tree/node_registry.h"
@@ -94,7 +95,10 @@ void Evaluate() {
 
 // What the plain form has that no compiler takes is repaired, unless it is wanted as it is; what
 // can't be repaired is told.
-void MakeLegal(Root& tree) { CheckNames(tree); }
+void MakeLegal(Root& tree) {
+  if (!options.isVerbatim()) NameTypes(tree);
+  CheckNames(tree);
+}
 
 bool OpenMainFile(Writer& out) {
   std::string directory = options.RootDir();
