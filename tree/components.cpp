@@ -50,6 +50,10 @@ void Component::CollectGeneralizations() {
   }
 }
 
+Demand Component::Demands(UseRole role) const {
+  return role == UseRole::base ? Demand{meanings::component, "component"} : Node::Demands(role);
+}
+
 void Component::ResolveTypes(NodeList& deps) {
   EvaluateChildren(deps);
   CollectGeneralizations();
@@ -92,26 +96,33 @@ void Port::Unparse(Writer& out) const {
   out << Keywords() << *used << ' ' << Name() << ';';
 }
 
+namespace {
+
+constexpr Demand anInterface{meanings::interface, "interface"};
+constexpr Demand anEventType{meanings::event, "event type"};
+
+}  // namespace
+
 const PortRules& Facet::Rules() const {
-  static const PortRules rules = {properties::realized, properties::required,
+  static const PortRules rules = {properties::realized,         properties::required,
                                   Message::facetLacksInterface, Message::facetRequires,
-                                  Message::portRealizesTooMany};
+                                  Message::portRealizesTooMany, anInterface};
   return rules;
 }
 
 const PortRules& Receptacle::Rules() const {
-  static const PortRules rules = {properties::required, properties::realized,
-                                  Message::receptacleLacksInterface, Message::receptacleRealizes,
-                                  Message::portRequiresTooMany};
+  static const PortRules rules = {
+      properties::required,        properties::realized,         Message::receptacleLacksInterface,
+      Message::receptacleRealizes, Message::portRequiresTooMany, anInterface};
   return rules;
 }
 
 bool Receptacle::IsMultiple() const { return isTagTrue(Entity(), tags::isMultiple); }
 
 const PortRules& EventSource::Rules() const {
-  static const PortRules rules = {properties::required, properties::realized,
+  static const PortRules rules = {properties::required,          properties::realized,
                                   Message::eventSourceLacksType, Message::eventSourceRealizes,
-                                  Message::portRequiresTooMany};
+                                  Message::portRequiresTooMany,  anEventType};
   return rules;
 }
 
@@ -120,9 +131,9 @@ bool EventSource::IsEmitter() const {
 }
 
 const PortRules& EventSink::Rules() const {
-  static const PortRules rules = {properties::realized, properties::required,
-                                  Message::eventSinkLacksType, Message::eventSinkRequires,
-                                  Message::portRealizesTooMany};
+  static const PortRules rules = {properties::realized,         properties::required,
+                                  Message::eventSinkLacksType,  Message::eventSinkRequires,
+                                  Message::portRealizesTooMany, anEventType};
   return rules;
 }
 
