@@ -187,15 +187,18 @@ void Constant::Repair(const ConstantNames&) {
 const Constant* Constant::Last() const {
   std::unordered_set<const Constant*> passed;
   const Constant* current = this;
-  while (current != nullptr && current->last == nullptr) {
-    if (!passed.insert(current).second) return nullptr;
+  while (current != nullptr && !current->isLastKnown) {
+    const bool isCircle = !passed.insert(current).second;
     const Use* named = current->NamedValue();
     const Constant* next = named == nullptr ? nullptr : named->used->AsConstant();
-    if (next == nullptr) break;
-    current = next;
+    if (!isCircle && next == nullptr) break;
+    current = isCircle ? nullptr : next;
   }
-  if (current->last != nullptr) current = current->last;
-  for (const Constant* each : passed) each->last = current;
+  if (current != nullptr && current->isLastKnown) current = current->last;
+  for (const Constant* each : passed) {
+    each->last = current;
+    each->isLastKnown = true;
+  }
   return current;
 }
 

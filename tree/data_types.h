@@ -137,7 +137,8 @@ class Constant : public Node {
   std::string TextOfValue() const;
 
   WrittenType type;
-  mutable const Constant* last = nullptr;  // as `Last` says; null before it is asked
+  mutable const Constant* last = nullptr;  // as `Last` says, once it was asked
+  mutable bool isLastKnown = false;
   std::string_view valueText;              // of a literal; empty where the value is a use
 };
 
