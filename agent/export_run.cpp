@@ -12,6 +12,7 @@
 #include "output/file.h"
 #include "scopes/names.h"
 #include "tree/interfaces.h"
+#include "tree/legality.h"
 #include "tree/module.h"
 #include "tree/node_registry.h"
 #include "types/constant_value.h"
@@ -94,7 +95,12 @@ void Evaluate() {
 
 // What the plain form has that no compiler takes is repaired, unless it is wanted as it is; what
 // can't be repaired is told.
-void MakeLegal(Root& tree) { MakeNamesLegal(tree, !options.isVerbatim()); }
+void MakeLegal(Root& tree) {
+  const bool mayRepair = !options.isVerbatim();
+  if (mayRepair) RepairDeclarations(tree);
+  CheckDeclarations(tree);
+  MakeNamesLegal(tree, mayRepair);
+}
 
 bool OpenMainFile(Writer& out) {
   std::string directory = options.RootDir();

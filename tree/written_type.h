@@ -33,6 +33,10 @@ class WrittenType {
   void WrapInSequence();
 
   TypeKind Kind() const { return kind_; }
+  /// Whether it is a sequence or an array. Bounded strings and fixed-point numbers are predefined.
+  bool isMadeOfElements() const { return template_ != nullptr; }
+  /// What is predefined inside all templates: "unsigned long", "string<8>"; empty for a definition.
+  std::string_view Predefined() const { return {predefined_, predefinedSize_}; }
   /// The declaration that it names, inside all templates; null for none.
   const Node* Definition() const { return named_ == nullptr ? nullptr : named_->used; }
   /// What is written behind the declared name; "[2][3]" for an array, mostly empty.
@@ -48,7 +52,6 @@ class WrittenType {
     std::string declaratorSuffix;
   };
 
-  std::string_view Predefined() const { return {predefined_, predefinedSize_}; }
   bool endsWithBracket() const;
 
   const Use* named_ = nullptr;          // what the type is inside all templates, by name
