@@ -19,6 +19,8 @@ constexpr Severities fatal{Severity::fatal, Severity::fatal};
 constexpr Severities illegal{Severity::error, Severity::remark};
 /// What the plain form can be meant to have, and nothing else.
 constexpr Severities illegalInModels{Severity::error, Severity::silent};
+/// What is repaired, and else no compiler takes it.
+constexpr Severities illegalUnlessRepaired{Severity::silent, Severity::remark};
 /// The same, which the agent's own text has always warned of.
 constexpr Severities illegalAsWarned{Severity::error, Severity::warning};
 /// What is repaired, and where it isn't, the agent's own text warns of it.
@@ -364,8 +366,9 @@ constexpr std::array rows = {
     Row{Message::nameNotIdentifier, illegal, "idl-identifier", "{}: '{}' is no IDL identifier{}"},
     Row{Message::nameIsEscaped, illegalInModels, "idl-identifier",
         "{} begins with an underscore; call it '{}', and one is written where IDL needs it"},
-    Row{Message::nameIsKeyword, illegal, "idl-keyword", "{} is named as the IDL keyword '{}'"},
-    Row{Message::nameIsKeywordButForCapitals, illegal, "idl-keyword",
+    Row{Message::nameIsKeyword, illegalUnlessRepaired, "idl-keyword",
+        "{} is named as the IDL keyword '{}'"},
+    Row{Message::nameIsKeywordButForCapitals, illegalUnlessRepaired, "idl-keyword",
         "{} is named as the IDL keyword '{}', but for capitals"},
     Row{Message::nameClashes, illegal, "name-clash", "{} clashes with {}"},
     Row{Message::nameOfEnumeratorClashes, illegal, "enumerator-clash", "{} clashes with {}"},
@@ -375,13 +378,13 @@ constexpr std::array rows = {
     Row{Message::nameClashesWithInherited, illegal, "name-clash",
         "{} clashes with the inherited {}"},
     Row{Message::nameInheritedTwice, illegal, "name-clash", "{} inherits both {} and {}"},
-    Row{Message::nameClashesWithUsed, illegal, "use-clash",
+    Row{Message::nameClashesWithUsed, illegalUnlessRepaired, "use-clash",
         "{} clashes with {}, which is used in {}"},
-    Row{Message::nameHiddenByInherited, illegal, "use-clash",
+    Row{Message::nameHiddenByInherited, illegalUnlessRepaired, "use-clash",
         "{} uses {}, which the inherited {} hides"},
-    Row{Message::nameNotVisible, illegal, "name-not-visible",
+    Row{Message::nameNotVisible, illegalUnlessRepaired, "name-not-visible",
         "{} uses {} by its simple name, which means nothing there"},
-    Row{Message::nameMeansOther, illegal, "name-not-visible",
+    Row{Message::nameMeansOther, illegalUnlessRepaired, "name-not-visible",
         "{} uses {} by a name that means {} there"},
     Row{Message::namesInheritedTooWidely, remark, "name-clash",
         "so much is inherited so widely that not every inherited name was checked"},

@@ -131,6 +131,7 @@ constexpr Rule rules[] = {
     // The names that would be written
     {"idl-identifier", "A name is an identifier of IDL"},
     {"idl-keyword", "A name is no keyword of IDL"},
+    {"repaired-name", "A name is written so that it means what it should"},
     {"name-clash", "Names in a scope differ in more than capitals"},
     {"name-hides-scope", "A declaration does not have the name of the scope around it"},
     {"enumerator-clash",
