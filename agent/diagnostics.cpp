@@ -15,13 +15,13 @@ std::list<Diagnostic> errors;
 std::list<Diagnostic> warnings;
 
 std::string TextOf(const Diagnostic& diagnostic) {
-  constexpr std::string_view gap = "{}";
+  constexpr std::string_view placeholder = "{}";
   std::string_view rest = Text(diagnostic.message);
   std::string text;
   for (const std::string& piece : diagnostic.pieces) {
-    const std::size_t position = rest.find(gap);
+    const std::size_t position = rest.find(placeholder);
     text.append(rest.substr(0, position)).append(piece);
-    rest.remove_prefix(position + gap.size());
+    rest.remove_prefix(position + placeholder.size());
   }
   return text.append(rest);
 }
@@ -86,8 +86,8 @@ void PrintList(const std::vector<std::string>& texts, const std::list<Diagnostic
 void PrintMessages() {
   const std::vector<std::string> warningTexts = Sort(warnings);
   const std::vector<std::string> errorTexts = Sort(errors);
-  PrintList(warningTexts, warnings, "Warning - ");
-  PrintList(errorTexts, errors, "Error - ");
+  PrintList(warningTexts, warnings, headings::warning);
+  PrintList(errorTexts, errors, headings::error);
   if (errors.empty() && warnings.empty()) return;
   Print("There were " + std::to_string(errorTexts.size()) + " errors and " +
         std::to_string(warningTexts.size()) + " warnings");

@@ -13,8 +13,8 @@ class ExportObserver {
  public:
   virtual ~ExportObserver() = default;
 
-  /// The tree is built; no file was touched so far. False refuses the export: the tree is
-  /// evaluated, but nothing is written, nor said unless the evaluation is broken off.
+  /// The tree is built; no file was touched so far. False refuses the export: what is wrong with
+  /// the tree is still told, but nothing is written.
   virtual bool Built(const Root& root) = 0;
 
   /// The tree is evaluated: it knows what each declaration uses. After an abort it is so only as

@@ -20,8 +20,6 @@ namespace mdktoidl {
 
 namespace {
 
-const char* const aborted = "\nIDL exporter aborted.\n";
-
 /// The run's share of the process's globals: clean before, clean after, however the run ends.
 class RunState {
  public:
@@ -106,7 +104,7 @@ void Export(mdk::IMdeEntity* artifact, RunState& state, Writer& out) {
   const std::list<mdk::IMdeEntity*> dependencies = Elements(artifact, properties::clientDependency);
   if (dependencies.empty()) {
     Tell({Message::nothingToExport, artifact, {}});
-    Print(aborted);
+    Print(headings::aborted);
     return;
   }
   options.SetOptions(artifact);
@@ -114,9 +112,9 @@ void Export(mdk::IMdeEntity* artifact, RunState& state, Writer& out) {
   const bool isRefused = observer != nullptr && !observer->Built(*root);
   if (!isRefused && !OpenMainFile(out)) return;
   Evaluate();
-  if (isRefused) return;
-  root->MakeDirectories();
+  if (!isRefused) root->MakeDirectories();
   PrintMessages();
+  if (isRefused) return;
   if (errors.empty()) root->Unparse(out);
   File::Close(out);
   deleteNodeStereotypes(artifact);
@@ -131,7 +129,7 @@ void Abort(Writer& out, const std::string& heading, const Diagnostic& reason) {
   Print(heading);
   Print(TextOf(reason));
   Print("\n");
-  Print(aborted);
+  Print(headings::aborted);
   if (observer != nullptr) observer->Told(reason);
 }
 
@@ -152,15 +150,14 @@ void RunGuarded(mdk::IMdeEntity* artifact, ExportObserver* whoFollows) {
   try {
     Export(artifact, state, out);
   } catch (const IDLException& exception) {
-    Abort(out, "Internal error in IDL exporter agent: ", exception.Reason());
+    Abort(out, headings::internalError, exception.Reason());
   } catch (const char*) {
     const char* reason = nullptr;
     mdk::GetAPIErrorMessage(reason);
-    Abort(out, "API Error in IDL exporter agent: ",
+    Abort(out, headings::hostError,
           {Message::hostFailed, artifact, {reason == nullptr ? "" : reason}});
   } catch (...) {
-    Abort(out,
-          "Error in IDL exporter agent: ", {Message::hostFailed, artifact, {"Unknown exception"}});
+    Abort(out, headings::otherError, {Message::hostFailed, artifact, {"Unknown exception"}});
   }
 }
 

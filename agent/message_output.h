@@ -7,7 +7,8 @@
 
 namespace mdktoidl {
 
-/// The host's model access object; set when an export begins, null before.
+/// The host's model access object; set when the host loads the agent or an export begins, null
+/// before.
 extern mdk::ModelAccess* pOut;
 
 /// Prints one piece of text as it stands. Does nothing without a model access object.

@@ -10,6 +10,16 @@
 
 namespace mdktoidl {
 
+/// What stands before and behind what the agent prints of itself.
+namespace headings {
+inline constexpr const char* warning = "Warning - ";
+inline constexpr const char* error = "Error - ";
+inline constexpr const char* internalError = "Internal error in IDL exporter agent: ";
+inline constexpr const char* hostError = "API Error in IDL exporter agent: ";
+inline constexpr const char* otherError = "Error in IDL exporter agent: ";
+inline constexpr const char* aborted = "\nIDL exporter aborted.\n";
+}  // namespace headings
+
 enum class Severity {
   warning,
   error,  ///< keeps the IDL from being written

@@ -73,6 +73,20 @@ inline const std::string visibility = "Visibility";
 
 }  // namespace properties
 
+/// What properties with a fixed set of values answer.
+namespace values {
+
+inline constexpr std::string_view frozen = "CkFrozen";
+inline constexpr std::string_view in = "DkIn";
+inline constexpr std::string_view inOut = "DkInOut";
+inline constexpr std::string_view noDirection = "DkNone";
+inline constexpr std::string_view noVisibility = "VkNoVisibility";
+inline constexpr std::string_view out = "DkOut";
+inline constexpr std::string_view publicVisibility = "VkPublic";
+inline constexpr std::string_view result = "DkReturn";
+
+}  // namespace values
+
 /// A stereotype or keyword, with the expression that asks whether an element is marked with it.
 class Stereotype {
  public:

@@ -6,13 +6,13 @@
 
 namespace checks {
 
-std::string WrittenScopedName(const Node& node, std::string_view separator) {
+std::string WrittenScopedName(const Node& node) {
   std::vector<std::string_view> inwards;
   for (const Node* each = &node; each != nullptr; each = each->Enclosing()) {
     inwards.push_back(each->WrittenName());
   }
   std::string name(inwards.back());
-  for (std::size_t i = inwards.size() - 1; i-- > 0;) name.append(separator).append(inwards[i]);
+  for (std::size_t i = inwards.size() - 1; i-- > 0;) name.append("::").append(inwards[i]);
   return name;
 }
 

@@ -38,8 +38,8 @@ void ForEachNameIn(const Root& root, const Node& scope, Visit visit) {
   });
 }
 
-/// The names that are written from the outermost declaration to this one, joined.
-std::string WrittenScopedName(const Node& node, std::string_view separator = "::");
+/// The names that are written from the outermost declaration to this one, joined by "::".
+std::string WrittenScopedName(const Node& node);
 
 /// "struct Accounts::Entry", on one line.
 std::string Describe(const Node& node);

@@ -12,12 +12,12 @@
 namespace checks {
 namespace {
 
-using mdktoidl::Heredity;
+using mdktoidl::Inheritance;
 using mdktoidl::Spelling;
 using mdktoidl::Use;
 using mdktoidl::UseRole;
 
-bool IsHeir(const Node& node) { return node.Kind().heredity == Heredity::heir; }
+bool IsHeir(const Node& node) { return node.Kind().heredity == Inheritance::inherits; }
 
 /// An edge from a base to what inherits it.
 struct Edge {
@@ -69,7 +69,7 @@ class MemberCollector {
   /// An enumerator counts as a member where its enumeration does.
   void AddMembers(const Node& owner) {
     ForEachNameIn(root_, owner, [&](const Node& member) {
-      const bool isInherited = member.Kind().heredity == Heredity::inherited;
+      const bool isInherited = member.Kind().heredity == Inheritance::inherited;
       Add({names_.Of(member), &owner, &member, isInherited ? Role::inherited : Role::own});
     });
   }
@@ -132,10 +132,11 @@ class NameInheritance {
 
   /// Returns how much there was to do.
   std::size_t Check(std::span<const Member> members) {
-    inherited_.clear();
-    own_.clear();
-    used_.clear();
-    reported_.clear();
+    // Emptying a table costs as much as the largest name had in it, a new one nothing.
+    inherited_ = {};
+    own_ = {};
+    used_ = {};
+    reported_ = {};
     queue_.clear();
     for (const Member& member : members) {
       if (member.role == Role::used) {

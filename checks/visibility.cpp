@@ -8,7 +8,7 @@
 namespace checks {
 namespace {
 
-using mdktoidl::Heredity;
+using mdktoidl::Inheritance;
 using mdktoidl::Spelling;
 using mdktoidl::Use;
 using mdktoidl::UseRole;
@@ -25,7 +25,7 @@ class LookUp {
     const Node* from = isInHeader(use.role) ? use.user->Enclosing() : use.user;
     for (const Node* each = from; each != nullptr; each = each->Enclosing()) {
       if (IsReopened(*each, *scope)) return true;
-      if (each->Kind().heredity == Heredity::heir && Inherits(*each, *scope)) return true;
+      if (each->Kind().heredity == Inheritance::inherits && Inherits(*each, *scope)) return true;
     }
     return IsExhausted();
   }

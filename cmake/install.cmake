@@ -26,7 +26,8 @@ install(TARGETS idlexport_command idlexport_agent idlexport_host EXPORT idlexpor
 # The examples refer to the profile and the library relative to themselves.
 install(FILES profile/CORBA.profile.uml profile/CORBA.library.uml DESTINATION ${data_dir}/profile)
 install(DIRECTORY examples DESTINATION ${data_dir})
-install(FILES README.md docs/modelling.md docs/messages.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES README.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES docs/modelling.md docs/messages.md DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs)
 install(FILES docs/idlexport.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 
 install(FILES command/completions/idlexport.bash RENAME idlexport
@@ -61,5 +62,4 @@ declarations, and what IDL doesn't allow reported by name.")
 # Draws the pictures of --graph.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS graphviz)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY})
 include(CPack)

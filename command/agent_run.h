@@ -26,7 +26,7 @@ class AgentRun : private mdktoidl::ExportObserver {
   AgentRun(const xmi::Reader& reader, model::Element& artifact,
            const std::filesystem::path& directory, picture::GraphMaker* graph);
 
-  /// The names would lead files elsewhere: nothing was written or said.
+  /// The names would lead files elsewhere: nothing was written.
   bool IsRefused() const { return isRefused_; }
   /// The tree was evaluated to its end.
   bool IsEvaluated() const { return isEvaluated_ && !isAborted_; }

@@ -30,9 +30,8 @@ using placement::Staging;
 std::string ManifestName(const xmi::Reader& reader, const model::Element& artifact,
                          const fs::path& output) {
   const std::string id = reader.IdOf(artifact);
-  std::error_code error;
-  const fs::path model = fs::weakly_canonical(fs::absolute(reader.Locate(artifact).file), error);
-  const fs::path directory = fs::weakly_canonical(fs::absolute(output), error);
+  const fs::path model = placement::Canonical(reader.Locate(artifact).file);
+  const fs::path directory = placement::Canonical(output);
   return diagnostics::OneLine(model.lexically_relative(directory).generic_string() + "#" +
                               (id.empty() ? NameOf(reader, artifact) : id));
 }
@@ -86,9 +85,7 @@ placement::ExitStatus ExportSession::Run() {
   if (options_.purpose == Purpose::kList) return List();
   ChooseArtifacts();
   ExportAll();
-  if (options_.graph && isGraphComplete_) {
-    picture::WriteGraph(std::move(graph_).Finish(), *options_.graph);
-  }
+  if (options_.graph) Draw(*options_.graph);
   if (!MayUseFiles()) return kExportFailed;
   const placement::ExitStatus status = UseFiles();
   if (status != kSuccess) return status;
@@ -96,6 +93,12 @@ placement::ExitStatus ExportSession::Run() {
   if (options_.stamp) placement::Touch(*options_.stamp);
   if (options_.summary) Summarise();
   return kSuccess;
+}
+
+/// Also of a model with errors, which a picture may make plain.
+void ExportSession::Draw(const std::string& file) {
+  if (isGraphComplete_) return picture::WriteGraph(std::move(graph_).Finish(), file);
+  report_.Say("not all could be exported to the end; '" + file + "' is not drawn");
 }
 
 bool ExportSession::MayUseFiles() {
@@ -182,7 +185,6 @@ void ExportSession::Tell(const AgentRun& run) {
     if (options_.strict) diagnostic.severity = diagnostics::Severity::kError;
     report_.Add(diagnostic);
   }
-  if (run.IsRefused()) return;
   const bool isWorthTelling = !options_.quiet || !run.Told().empty();
   for (const std::string& piece : run.Text()) {
     if (isWorthTelling) report_.AgentText(piece);

@@ -3,7 +3,6 @@
 
 #include <chrono>
 #include <filesystem>
-#include <memory>
 #include <vector>
 
 #include "command/agent_run.h"
@@ -34,6 +33,7 @@ class ExportSession {
   void Export(model::Element& artifact);
   AgentRun RunAgent(model::Element& artifact, const std::filesystem::path& directory);
   void Tell(const AgentRun& run);
+  void Draw(const std::string& file);
   bool MayUseFiles();
   placement::ExitStatus UseFiles();
   void PutAllInPlace();

@@ -34,7 +34,7 @@ ExitStatus RunSession(const Options& options, Report& report, Progress& progress
     return kBadInput;
   } catch (const std::exception& error) {
     report.Fail(error.what());
-    return kBadInput;
+    return kExportFailed;
   }
 }
 

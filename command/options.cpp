@@ -128,7 +128,7 @@ class CommandLine {
                                                  {"gcc", DiagnosticForm::kGcc},
                                                  {"json", DiagnosticForm::kJson},
                                                  {"sarif", DiagnosticForm::kSarif}},
-           "How problems are told: text, gcc (with file and line, on standard error), json or "
+           "How diagnostics are told: text, gcc (with file and line, on standard error), json or "
            "sarif (a document on standard output)")
         ->type_name("FORM");
     Choice(
@@ -140,7 +140,7 @@ class CommandLine {
         ->type_name("WHEN");
     Flag("--strict", options_.strict, "Names that are not legal in IDL are errors");
     Flag("--werror", options_.warningsAreErrors, "Fail when there are warnings");
-    Flag("-q,--quiet", options_.quiet, "No progress line and no remarks without consequence");
+    Flag("-q,--quiet", options_.quiet, "No progress line and nothing without consequence");
     Flag("--summary", options_.summary, "Say at the end what was done");
   }
 

@@ -19,7 +19,7 @@ enum class Purpose {
   kList,     ///< There is no export: the artifacts' names are printed.
 };
 
-/// How problems of the model are told.
+/// How diagnostics are told.
 enum class DiagnosticForm { kText, kGcc, kJson, kSarif };
 
 /// Settings of the artifact that the command line overrules.

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <string_view>
+#include <system_error>
 
 #include "diagnostics/one_line.h"
 
@@ -39,7 +40,12 @@ std::string Fitting(std::string line, std::size_t width) {
 }  // namespace
 
 Progress::Progress(bool enabled) {
-  if (enabled) thread_ = std::thread([this] { Run(); });
+  if (!enabled) return;
+  try {
+    thread_ = std::thread([this] { Run(); });
+  } catch (const std::system_error&) {
+    // It is decoration; without a thread there is none.
+  }
 }
 
 Progress::~Progress() {
@@ -89,7 +95,8 @@ void Progress::Erase() {
 
 bool IsTerminal() {
   const char* terminal = std::getenv("TERM");
-  return isatty(STDERR_FILENO) != 0 && terminal != nullptr && std::string_view(terminal) != "dumb";
+  return isatty(STDERR_FILENO) != 0 && terminal != nullptr && *terminal != '\0' &&
+         std::string_view(terminal) != "dumb";
 }
 
 std::string Megabytes(std::size_t done, std::size_t total) {

@@ -39,19 +39,20 @@ void Report::AgentText(const std::string& piece) {
 }
 
 void Report::AddTold(const Diagnostic& diagnostic) {
-  Keep(diagnostic);
-  if (options_.diagnostics == DiagnosticForm::kGcc) Tell(diagnostic);
+  const bool isNew = Keep(diagnostic);
+  if (isNew && options_.diagnostics == DiagnosticForm::kGcc) Tell(diagnostic);
 }
 
 void Report::Add(const Diagnostic& diagnostic) {
-  if (!added_.insert(GccForm({&diagnostic, 1})).second) return;
-  Keep(diagnostic);
-  if (!IsDocument()) Tell(diagnostic);
+  const bool isNew = Keep(diagnostic);
+  if (isNew && !IsDocument()) Tell(diagnostic);
 }
 
-void Report::Keep(const Diagnostic& diagnostic) {
+bool Report::Keep(const Diagnostic& diagnostic) {
+  if (!kept_.insert(diagnostic).second) return false;
   ++(diagnostic.severity == Severity::kError ? errors_ : warnings_);
-  if (IsDocument()) diagnostics_.push_back(diagnostic);
+  if (IsDocument()) document_.push_back(diagnostic);
+  return true;
 }
 
 void Report::Tell(const Diagnostic& diagnostic) {
@@ -93,9 +94,9 @@ int Report::ResultStream() {
 
 void Report::Finish() {
   if (options_.diagnostics == DiagnosticForm::kJson)
-    output_.Write(diagnostics::JsonForm(diagnostics_));
+    output_.Write(diagnostics::JsonForm(document_));
   if (options_.diagnostics == DiagnosticForm::kSarif)
-    output_.Write(diagnostics::SarifForm(diagnostics_));
+    output_.Write(diagnostics::SarifForm(document_));
 }
 
 }  // namespace command

@@ -1,7 +1,7 @@
 // All that the command tells its user, each thing in the form and on the stream where it belongs.
 //
-// The agent's text and results go to standard output, unless that holds a document of diagnostics;
-// everything else goes to standard error.
+// Results go to standard output, unless that holds a document of diagnostics, and the agent's text,
+// unless results are asked for or a document; everything else goes to standard error.
 #pragma once
 
 #include <cstddef>
@@ -23,13 +23,13 @@ class Report {
 
   /// Takes one piece of text as the agent printed it.
   void AgentText(const std::string& piece);
-  /// Takes a problem that the agent's text has told already.
+  /// Takes a diagnostic that the agent's text has told already; the same one only once.
   void AddTold(const diagnostics::Diagnostic& diagnostic);
-  /// Takes a problem that was not told yet; the same one only once.
+  /// Takes a diagnostic that was not told yet; the same one only once.
   void Add(const diagnostics::Diagnostic& diagnostic);
-  /// A remark of the command itself.
+  /// Something that the command itself has to say.
   void Say(const std::string& text);
-  /// What ends the run. The remark is a diagnostic as well where others read these.
+  /// What ends the run. It is a diagnostic as well where others read these.
   void Fail(const std::string& text);
   /// The model can't be read, which ends the run as well.
   void FailToRead(const xmi::ReadError& error);
@@ -47,7 +47,8 @@ class Report {
  private:
   bool IsDocument() const;
   bool IsResultOnOutput() const;
-  void Keep(const diagnostics::Diagnostic& diagnostic);
+  /// False for one that was kept before: what several artifacts export is told of by each.
+  bool Keep(const diagnostics::Diagnostic& diagnostic);
   void Tell(const diagnostics::Diagnostic& diagnostic);
   void WriteError(const std::string& text);
 
@@ -56,8 +57,8 @@ class Report {
   Progress& progress_;
   bool colouredOutput_;
   bool colouredErrors_;
-  std::vector<diagnostics::Diagnostic> diagnostics_;  // for a document
-  std::set<std::string> added_;
+  std::vector<diagnostics::Diagnostic> document_;
+  std::set<diagnostics::Diagnostic> kept_;
   std::size_t errors_ = 0;
   std::size_t warnings_ = 0;
 };

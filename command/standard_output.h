@@ -1,7 +1,7 @@
 // The command's standard output, with every write checked.
 //
 // Other programs read what goes out here, so it must be complete or the command must say that it is
-// not. Not for the command's own remarks: those go to standard error.
+// not. What the command itself has to say goes to standard error.
 #pragma once
 
 #include <string_view>

@@ -4,6 +4,8 @@
 
 #include <cstdlib>
 
+#include "agent/messages.h"
+
 namespace diagnostics {
 namespace {
 
@@ -11,28 +13,21 @@ constexpr std::string_view boldRed = "\x1b[1;31m";
 constexpr std::string_view boldMagenta = "\x1b[1;35m";
 constexpr std::string_view plain = "\x1b[m";
 
-/// A piece that says something by itself: its coloured word, and what stands around it.
+/// A piece of the agent's text that says how grave the rest is, and the word in it that does.
 struct MarkedPiece {
-  std::string_view before;
+  std::string_view text;
   std::string_view word;
-  std::string_view after;
   Severity severity;
 };
 
 constexpr MarkedPiece markedPieces[] = {
-    {"", "Warning", " - ", Severity::kWarning},
-    {"", "Error", " - ", Severity::kError},
-    {"", "Internal error", " in IDL exporter agent: ", Severity::kError},
-    {"", "API Error", " in IDL exporter agent: ", Severity::kError},
-    {"", "Error", " in IDL exporter agent: ", Severity::kError},
-    {"\n", "IDL exporter aborted.", "\n", Severity::kError},
+    {mdktoidl::headings::warning, "Warning", Severity::kWarning},
+    {mdktoidl::headings::error, "Error", Severity::kError},
+    {mdktoidl::headings::internalError, "Internal error", Severity::kError},
+    {mdktoidl::headings::hostError, "API Error", Severity::kError},
+    {mdktoidl::headings::otherError, "Error", Severity::kError},
+    {mdktoidl::headings::aborted, "IDL exporter aborted.", Severity::kError},
 };
-
-bool Is(std::string_view piece, const MarkedPiece& marked) {
-  return piece.size() == marked.before.size() + marked.word.size() + marked.after.size() &&
-         piece.starts_with(marked.before) && piece.ends_with(marked.after) &&
-         piece.substr(marked.before.size()).starts_with(marked.word);
-}
 
 }  // namespace
 
@@ -60,12 +55,11 @@ std::string Coloured(std::string_view text, Severity severity) {
 }
 
 std::string ColouredPiece(std::string_view piece) {
-  for (const MarkedPiece& marked : markedPieces) {
-    if (!Is(piece, marked)) continue;
-    std::string coloured(marked.before);
-    return coloured.append(Coloured(marked.word, marked.severity)).append(marked.after);
+  std::string text(piece);
+  for (const auto& [marked, word, severity] : markedPieces) {
+    if (piece == marked) text.replace(piece.find(word), word.size(), Coloured(word, severity));
   }
-  return std::string(piece);
+  return text;
 }
 
 }  // namespace diagnostics

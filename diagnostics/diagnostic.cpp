@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -40,6 +41,14 @@ void PointAt(const xmi::Reader& reader, const model::Element& element, Diagnosti
 }
 
 }  // namespace
+
+bool operator<(const Diagnostic& left, const Diagnostic& right) {
+  const auto key = [](const Diagnostic& each) {
+    return std::tie(each.location.file, each.location.line, each.location.column, each.rule,
+                    each.text, each.severity, each.id);
+  };
+  return key(left) < key(right);
+}
 
 Diagnostic Locate(const mdktoidl::Diagnostic& found, const xmi::Reader& reader,
                   const model::Element& artifact) {

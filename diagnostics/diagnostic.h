@@ -25,6 +25,9 @@ struct Diagnostic {
   /// element is to blame or it has none.
   std::string element;
   std::string id;
+
+  /// By the location first.
+  friend bool operator<(const Diagnostic& left, const Diagnostic& right);
 };
 
 /// What an export of the artifact has found, with its location. The element must be one of the

@@ -157,14 +157,7 @@ std::string_view Model::Store(std::string_view text) { return impl_->texts.Copy(
 
 void Model::Keep(std::shared_ptr<const void> texts) { impl_->kept.push_back(std::move(texts)); }
 
-/// Stereotypes are looked up by name, since the agent asks for one with every node that it makes.
 mdk::IMdeEntity* Model::FindEntity(const std::string& qualifiedName) {
-  static const std::string profile = '@' + std::string(stereotypes::corba.Text()) + '@';
-  if (qualifiedName.starts_with(profile)) {
-    const auto name = Symbol::Find(std::string_view(qualifiedName).substr(profile.size()));
-    Element* stereotype = name ? impl_->StereotypeOf(*name) : nullptr;
-    if (stereotype != nullptr) return stereotype;
-  }
   const auto roots = Roots();
   std::vector<Element*> tops(roots.begin(), roots.end());
   tops.push_back(impl_->profile);

@@ -5,7 +5,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string_view>
 
@@ -34,8 +33,3 @@ class Symbol {
 };
 
 }  // namespace model
-
-template <>
-struct std::hash<model::Symbol> {
-  std::size_t operator()(model::Symbol symbol) const noexcept { return symbol.Id(); }
-};

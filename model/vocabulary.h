@@ -111,7 +111,7 @@ inline const Symbol corbaTypedef("CORBATypedef");
 inline const Symbol corbaUnion("CORBAUnion");
 inline const Symbol corbaValue("CORBAValue");
 inline const Symbol idlGenerator("IDLGenerator");
-inline const Symbol node("Node");  // a run's own mark
+inline const Symbol node("Node");  // by which other exporters mark elements while they run
 }  // namespace stereotypes
 
 /// The tagged values of stereotypes.

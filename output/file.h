@@ -15,7 +15,8 @@ class File : public Path {
   static bool AbsolutePath(std::string& path, std::string& base);
 
   /// Makes the directory and its parents. False when one can't be made; an existing one can.
-  /// A path that begins with "/" always fails: its outermost parent is the empty text.
+  /// A path that begins with "/" deliberately always fails: its outermost parent is the empty text.
+  /// Files can be opened there all the same, if the directory exists.
   static bool CreateSubDir(const std::string& path);
 
   /// Makes the directory that `AbsolutePath` gives for `path`, and sets `path` to it.

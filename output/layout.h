@@ -49,15 +49,4 @@ void indent(Writer& out);
 /// Indents what follows by one level less.
 void redent(Writer& out);
 
-/// Writes each item with `write`, and ", " between two.
-template <typename Items, typename Write>
-void WriteSeparated(const Items& items, Writer& out, Write write) {
-  bool isFirst = true;
-  for (const auto& item : items) {
-    if (!isFirst) out << ", ";
-    write(item);
-    isFirst = false;
-  }
-}
-
 }  // namespace mdktoidl

@@ -9,7 +9,7 @@ namespace picture {
 namespace {
 
 using mdktoidl::Construct;
-using mdktoidl::Heredity;
+using mdktoidl::Inheritance;
 using mdktoidl::Node;
 using mdktoidl::Root;
 using mdktoidl::Use;
@@ -24,7 +24,7 @@ std::optional<std::uint32_t> Index(std::uint32_t index) {
 
 /// What is a node of its own. What stands inside it belongs to it.
 bool IsDrawnAlone(const Construct& kind) {
-  return kind.heredity == Heredity::heir || kind.language == mdktoidl::Language::cidl;
+  return kind.heredity == Inheritance::inherits || kind.language == mdktoidl::Language::cidl;
 }
 
 /// The picture shows what components and their homes are made from, not how implementations divide
@@ -142,7 +142,7 @@ void GraphMaker::CollectEdges(const Root& root, const TreeIndices& indices) {
   }
 }
 
-DependencyGraph GraphMaker::Finish() && {
+Graph GraphMaker::Finish() && {
   SortUnique(graph_.edges);
   SortUnique(dataEdges_);
   MarkCycles();

@@ -1,4 +1,5 @@
-// Which interfaces and modules of an export depend on which others, in the size of a picture.
+// Which interfaces and modules of an export depend on which others, in few enough nodes
+// to be looked at.
 //
 // Each interface, value type, component and the like is a node; the structs, enumerations and other
 // data of a module are one node together. What stands inside an interface belongs to it.
@@ -6,10 +7,8 @@
 
 #include <compare>
 #include <cstdint>
-#include <map>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -49,7 +48,7 @@ struct GraphEdge {
 
 /// Modules and nodes in the model's order, each once however many artifacts export it; those around
 /// before those inside. Edges by their nodes; there is none from a node to itself but for a cycle.
-struct DependencyGraph {
+struct Graph {
   std::vector<GraphModule> modules;
   std::vector<GraphNode> nodes;
   std::vector<GraphEdge> edges;
@@ -63,7 +62,7 @@ class GraphMaker {
   void Add(const mdktoidl::Root& root);
 
   /// The graph of all that was added.
-  DependencyGraph Finish() &&;
+  Graph Finish() &&;
 
  private:
   struct TreeIndices;
@@ -78,7 +77,7 @@ class GraphMaker {
 
   using Indices = std::unordered_map<const mdk::IMdeEntity*, std::uint32_t>;
 
-  DependencyGraph graph_;
+  Graph graph_;
   // Looked up only, never walked through: their order means nothing.
   Indices modules_;
   Indices nodes_;

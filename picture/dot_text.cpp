@@ -56,7 +56,7 @@ std::string NodeAttributes(const GraphNode& node) {
 
 class DotWriter {
  public:
-  explicit DotWriter(const DependencyGraph& graph)
+  explicit DotWriter(const Graph& graph)
       : graph_(graph), modulesIn_(graph.modules.size() + 1), nodesIn_(graph.modules.size() + 1) {
     for (std::size_t i = 0; i < graph.modules.size(); ++i) {
       modulesIn_[IndexOf(graph.modules[i].parent)].push_back(i);
@@ -143,7 +143,7 @@ class DotWriter {
     text_.append(2 * depth, ' ').append(line).append("\n");
   }
 
-  const DependencyGraph& graph_;
+  const Graph& graph_;
   // By module, and behind the last for the top: what stands directly in it.
   std::vector<std::vector<std::size_t>> modulesIn_;
   std::vector<std::vector<std::size_t>> nodesIn_;
@@ -152,6 +152,6 @@ class DotWriter {
 
 }  // namespace
 
-std::string DotText(const DependencyGraph& graph) { return DotWriter(graph).Write(); }
+std::string DotText(const Graph& graph) { return DotWriter(graph).Write(); }
 
 }  // namespace picture

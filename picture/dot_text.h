@@ -9,6 +9,6 @@ namespace picture {
 
 /// Modules are boxes around their nodes, inheritance has a hollow arrow head, and what lies on a
 /// cycle is red. The same graph gives the same text.
-std::string DotText(const DependencyGraph& graph);
+std::string DotText(const Graph& graph);
 
 }  // namespace picture

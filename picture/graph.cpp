@@ -42,7 +42,7 @@ void CheckGraphFile(const fs::path& file) {
   throw Failure(kBadInput, "can't draw '" + file.string() + "': its name must end in .dot or .svg");
 }
 
-void WriteGraph(const DependencyGraph& graph, const fs::path& file) {
+void WriteGraph(const Graph& graph, const fs::path& file) {
   CheckGraphFile(file);
   const std::string text = DotText(graph);
   placement::WholeFile result(file);

@@ -15,6 +15,6 @@ void CheckGraphFile(const std::filesystem::path& file);
 /// program `dot` into one that ends in ".svg". A relative path begins at the current directory of
 /// the process. Throws `Failure` for other files, when the file can't be written and when there is
 /// no such program; then the file is as it was.
-void WriteGraph(const DependencyGraph& graph, const std::filesystem::path& file);
+void WriteGraph(const Graph& graph, const std::filesystem::path& file);
 
 }  // namespace picture

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <set>
 #include <string>
+#include <system_error>
 
 #include "placement/child_process.h"
 #include "placement/failure.h"
@@ -43,10 +44,12 @@ bool PrintDifferences(const StagedExports& exports, bool prune, int output) {
   for (const auto& exported : exports) {
     for (const std::string& file : exported->files) {
       const fs::path inPlace = exported->Final(file);
-      if (!made.insert(fs::weakly_canonical(inPlace)).second) continue;
+      if (!made.insert(Canonical(inPlace)).second) continue;
       if (SameBytes(exported->Staged(file), inPlace)) continue;
       different = true;
-      PrintDifference(inPlace.string(), fs::exists(inPlace) ? inPlace : fs::path(nothing),
+      std::error_code error;
+      const bool isThere = fs::exists(inPlace, error) || error;
+      PrintDifference(inPlace.string(), isThere ? inPlace : fs::path(nothing),
                       exported->Staged(file), output);
     }
   }

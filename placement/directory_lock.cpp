@@ -4,6 +4,7 @@
 #include <sys/file.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <chrono>
 #include <thread>
 
@@ -20,8 +21,10 @@ constexpr std::chrono::milliseconds interval{10};
 DirectoryLock::DirectoryLock(const std::filesystem::path& directory)
     : file_(open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
   if (file_ < 0) return;
-  for (auto waited = interval; waited < patience && flock(file_, LOCK_EX | LOCK_NB) != 0;
-       waited += interval) {
+  const auto isHeldByOthers = [this] {
+    return flock(file_, LOCK_EX | LOCK_NB) != 0 && (errno == EWOULDBLOCK || errno == EINTR);
+  };
+  for (auto waited = interval; waited < patience && isHeldByOthers(); waited += interval) {
     std::this_thread::sleep_for(interval);
   }
 }

@@ -10,7 +10,7 @@ enum ExitStatus : int {
   kSuccess = 0,
   /// The model has errors, the export was aborted, or its output couldn't be written.
   kExportFailed = 1,
-  /// Bad usage, a model file that can't be read, or an incomplete installation.
+  /// Bad usage, or a model file that can't be read.
   kBadInput = 2,
   /// The files in place are not what an export would write.
   kDifferent = 3,

@@ -46,6 +46,17 @@ void RemoveDirectories() {
   std::_Exit(128 + signal);
 }
 
+void WaitForSignal(sigset_t set) {
+  int signal = 0;
+  if (sigwait(&set, &signal) != 0) return;
+  const std::lock_guard steps(TheState().mutex);
+  // Held to the end: nobody else is to say how a program ended, or to go on without a directory.
+  const std::lock_guard lists(TheState().listMutex);
+  EndPrograms();
+  RemoveDirectories();
+  EndBy(signal);
+}
+
 bool IsIgnored(int signal) {
   struct sigaction action = {};
   return sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
@@ -60,16 +71,11 @@ void WatchForInterruption() {
     if (!IsIgnored(signal)) sigaddset(&set, signal);
   }
   pthread_sigmask(SIG_BLOCK, &set, nullptr);
-  std::thread([set] {
-    int signal = 0;
-    if (sigwait(&set, &signal) != 0) return;
-    const std::lock_guard steps(TheState().mutex);
-    // Held to the end: nobody else is to say how a program ended, or to go on without a directory.
-    const std::lock_guard lists(TheState().listMutex);
-    EndPrograms();
-    RemoveDirectories();
-    EndBy(signal);
-  }).detach();
+  try {
+    std::thread(WaitForSignal, set).detach();
+  } catch (const std::system_error&) {
+    pthread_sigmask(SIG_UNBLOCK, &set, nullptr);
+  }
 }
 
 RemovedOnInterruption::RemovedOnInterruption(std::filesystem::path directory)

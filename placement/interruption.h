@@ -12,7 +12,8 @@
 namespace placement {
 
 /// From now on signals that ask the command to end are treated as above, but those that the caller
-/// wants to be ignored. Called once, before there are other threads.
+/// wants to be ignored; where no thread can be made they take their usual course. Called once,
+/// before there are other threads.
 void WatchForInterruption();
 
 /// While it lives the directory, or file, is removed when the command is interrupted.

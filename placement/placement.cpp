@@ -1,6 +1,5 @@
 #include "placement/placement.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <fstream>
@@ -39,12 +38,6 @@ void MakeDirectory(const fs::path& directory) {
     throw Failure(kExportFailed,
                   "can't make the directory '" + directory.string() + "': " + error.message());
   }
-}
-
-fs::path Canonical(const fs::path& path) {
-  std::error_code error;
-  const fs::path canonical = fs::weakly_canonical(path, error);
-  return error ? path : canonical;
 }
 
 void CheckReplaceable(const fs::path& file) {

@@ -12,10 +12,8 @@ namespace fs = std::filesystem;
 
 /// A link on the way may lead elsewhere.
 bool IsBelow(const fs::path& directory, const fs::path& file) {
-  std::error_code error;
-  const fs::path top = fs::weakly_canonical(directory, error);
-  const fs::path parent = fs::weakly_canonical(file.parent_path(), error);
-  if (error) return false;
+  const fs::path top = Canonical(directory);
+  const fs::path parent = Canonical(file.parent_path());
   return std::mismatch(top.begin(), top.end(), parent.begin(), parent.end()).first == top.end();
 }
 
@@ -27,7 +25,7 @@ std::set<std::string> StaleFiles(const Manifest& manifest, const StagedExport& e
   for (const std::string& file : manifest.FilesOf(exported.artifact)) {
     std::error_code error;
     const fs::path path = exported.output / file;
-    if (made.contains(fs::weakly_canonical(path, error))) continue;
+    if (made.contains(Canonical(path))) continue;
     if (manifest.IsOfAnother(exported.artifact, file)) continue;
     if (fs::is_regular_file(path, error) && IsBelow(exported.output, path)) stale.insert(file);
   }

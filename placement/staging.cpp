@@ -76,8 +76,7 @@ fs::path MakeIn(const fs::path& parent, const std::string& prefix) {
 /// The output directory, or the nearest above it that exists.
 fs::path ExistingDirectory(const fs::path& output) {
   std::error_code error;
-  fs::path at = fs::weakly_canonical(fs::absolute(output), error);
-  if (error) at = fs::absolute(output);
+  fs::path at = Canonical(output);
   while (!fs::exists(fs::symlink_status(at, error)) && at.has_relative_path()) {
     at = at.parent_path();
   }
@@ -89,6 +88,13 @@ fs::path ExistingDirectory(const fs::path& output) {
 }
 
 }  // namespace
+
+fs::path Canonical(const fs::path& path) {
+  std::error_code error;
+  const fs::path absolute = fs::absolute(path, error);
+  const fs::path canonical = fs::weakly_canonical(error ? path : absolute, error);
+  return error ? path : canonical;
+}
 
 Staging Staging::For(const fs::path& output) {
   const fs::path parent = ExistingDirectory(output);

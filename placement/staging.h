@@ -13,6 +13,9 @@
 
 namespace placement {
 
+/// The absolute path without links and dots, as far as that can be found out.
+std::filesystem::path Canonical(const std::filesystem::path& path);
+
 class Staging {
  public:
   /// Makes a directory on the file system of the output directory, so that each file can be put in

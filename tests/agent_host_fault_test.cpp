@@ -46,9 +46,9 @@ class FaultyHost {
     return result;
   }
 
-  /// A run that failed leaves at most its tags, and the next doesn't notice.
+  /// A run that failed leaves nothing in the model, and the next doesn't notice.
   void ExpectNothingLeft() {
-    EXPECT_EQ(support::Snapshot({&artifact_}, support::Omit::kNodeTags), before_);
+    EXPECT_EQ(support::Snapshot({&artifact_}), before_);
     const Exported again = bench_.Run(entry_);
     EXPECT_EQ(again.pieces, whole_.pieces);
     EXPECT_EQ(again.files, whole_.files);
@@ -71,8 +71,7 @@ constexpr std::size_t stride = 1;
 constexpr std::size_t stride = 5;  // unoptimised and checked code takes its time
 #endif
 
-/// Every run after a failed one starts from the tags that were left; a run without a fault in
-/// between is checked now and then.
+/// A run without a fault in between is checked now and then.
 constexpr std::size_t checkEvery = 50;
 
 /// Runs with a fault at each call; `check` judges what the run comes to.

@@ -55,7 +55,7 @@ class CMakePackage : public testing::Test {
     support::WriteFile(Source() / file, support::Replaced(text, from, to));
   }
 
-  fs::path Installed(const char* file) const { return installation_.Find(file); }
+  fs::path Command() const { return installation_.Command(); }
   fs::path Source() const { return scratch_.Path() / "a source"; }
   fs::path Build() const { return scratch_.Path() / "build"; }
 
@@ -105,7 +105,7 @@ TEST_P(CMakeExample, FindsTheFilesOfTheModelItself) {
   Edit("units.uml", "\"degrees\"", "\"celsius\"");
   EXPECT_THAT(BuildAll(), exports);
   // Another version of the command may give other IDL.
-  fs::last_write_time(Installed("libidlexport.so"), fs::file_time_type::clock::now());
+  fs::last_write_time(Command(), fs::file_time_type::clock::now());
   EXPECT_THAT(BuildAll(), exports);
   EXPECT_THAT(BuildAll(), Not(exports));
 }

@@ -23,7 +23,7 @@ using testing::AllOf;
 using testing::HasSubstr;
 
 /// The graph of a small model, which is exported twice.
-picture::DependencyGraph GraphOf(std::string_view model) {
+picture::Graph GraphOf(std::string_view model) {
   XmiFiles files;
   files.Write("model.uml", support::SmallModel(model)).Read();
   const support::ScratchDirectory scratch;
@@ -115,7 +115,7 @@ TEST(Graph, IsDrawnByGraphviz) {
 TEST(Graph, SaysWhyItCanNotBeDrawnAndLeavesNothing) {
   const support::ScratchDirectory scratch;
   support::WriteFile(scratch.Path() / "out.svg", "what was there before");
-  const picture::DependencyGraph graph = GraphOf("interface I");
+  const picture::Graph graph = GraphOf("interface I");
   const std::string path = std::getenv("PATH");
   const std::tuple<std::string, std::string, int, std::string> cases[] = {
       {"out.png", path, placement::kBadInput, "out.png': its name must end in .dot or .svg"},

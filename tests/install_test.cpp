@@ -33,7 +33,7 @@ TEST(Installation, IsComplete) {
   for (const char* file :
        {"share/idlexport/profile/CORBA.profile.uml", "share/idlexport/profile/CORBA.library.uml",
         "share/idlexport/examples/modelling/struct.uml", "share/man/man1/idlexport.1",
-        "share/doc/idlexport/modelling.md", "share/bash-completion/completions/idlexport",
+        "share/doc/idlexport/docs/modelling.md", "share/bash-completion/completions/idlexport",
         "share/zsh/site-functions/_idlexport", "share/fish/vendor_completions.d/idlexport.fish",
         "include/idlexport/host/element.h"}) {
     EXPECT_TRUE(fs::is_regular_file(installation.Prefix() / file)) << file;

@@ -47,9 +47,9 @@ inline bool isPublicConstant(mdk::IMdeEntity* member) {
 }
 
 /// Makes a node of one construct.
-template <typename Construct>
+template <typename Made>
 std::unique_ptr<Node> Make(mdk::IMdeEntity* member, Container* parent) {
-  return MakeNode<Construct>(member, parent);
+  return MakeNode<Made>(member, parent);
 }
 
 }  // namespace mdktoidl

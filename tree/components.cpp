@@ -71,7 +71,8 @@ void Component::UnparseForward(Writer& out) const {
   out << "component " << Name() << ';';
 }
 
-// The type is always written by its simple name, wherever it is declared; that is deliberate.
+// The type is deliberately written by its simple name, wherever it is declared: files in use are
+// written so. Where that name means nothing, the checks of names say so.
 void Port::ResolveTypes(NodeList&) {
   const PortRules& rules = Rules();
   const std::list<mdk::IMdeEntity*> types = Elements(Entity(), rules.typing);

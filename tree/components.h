@@ -14,7 +14,7 @@ class Component : public Container {
  public:
   Component(mdk::IMdeEntity* element, Container* parent);
 
-  static constexpr Construct kind{"component",  ScopeKind::open, Heredity::heir,
+  static constexpr Construct kind{"component",  ScopeKind::open, Inheritance::inherits,
                                   Forward::yes, Language::idl,   5};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
@@ -39,7 +39,7 @@ struct PortRules {
 /// A port of a component. It is left out when its type is no part of the export.
 class Port : public Node {
  public:
-  static constexpr Construct kind{"port",      ScopeKind::none, Heredity::inherited,
+  static constexpr Construct kind{"port",      ScopeKind::none, Inheritance::inherited,
                                   Forward::no, Language::idl,   25};
   const Construct& Kind() const override { return kind; }
   bool isDeclared() const override { return uses.Has(UseRole::port); }

@@ -16,12 +16,12 @@ enum class ScopeKind : std::uint8_t {
   reservesItsName
 };
 
-enum class Heredity : std::uint8_t {
+enum class Inheritance : std::uint8_t {
   none,
-  /// As a member it is passed on to heirs, which then can't declare the name again.
+  /// As a member it is passed on to what is derived, which then can't declare the name again.
   inherited,
   /// It inherits members from its bases and passes on its own.
-  heir
+  inherits
 };
 
 /// Whether IDL has a forward declaration of it.
@@ -34,7 +34,7 @@ enum class Language : std::uint8_t { idl, cidl };
 struct Construct {
   std::string_view word;  ///< what users call it: "struct", "operation"
   ScopeKind scope;
-  Heredity heredity;
+  Inheritance heredity;
   Forward forward;
   Language language;
   int rank;  ///< the order in which kinds are listed, scopes before what stands in them

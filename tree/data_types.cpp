@@ -58,7 +58,7 @@ Enumeration::Enumeration(mdk::IMdeEntity* element, Container* parent) : Containe
 }
 
 void Enumeration::IndexLiterals() const {
-  if (byElement.size() != 0) return;
+  if (!byElement.empty()) return;
   for (const auto& child : children) {
     auto* literal = static_cast<Enumerator*>(child.get());
     byName.try_emplace(literal->Name(), literal);

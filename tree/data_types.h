@@ -1,10 +1,8 @@
 // Structs and exceptions with their fields, enumerations with their enumerators, and constants.
 #pragma once
 
-#include <string>
 #include <string_view>
 #include <unordered_map>
-#include <vector>
 
 #include "tree/container.h"
 #include "tree/members.h"
@@ -17,7 +15,7 @@ class Struct : public Container {
   Struct(mdk::IMdeEntity* element, Container* parent);
 
   static constexpr Construct kind{
-      "struct", ScopeKind::reservesItsName, Heredity::none, Forward::yes, Language::idl, 9};
+      "struct", ScopeKind::reservesItsName, Inheritance::none, Forward::yes, Language::idl, 9};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
   void UnparseForward(Writer& out) const override;
@@ -29,7 +27,7 @@ class Exception : public Container {
   Exception(mdk::IMdeEntity* element, Container* parent);
 
   static constexpr Construct kind{
-      "exception", ScopeKind::reservesItsName, Heredity::none, Forward::no, Language::idl, 11};
+      "exception", ScopeKind::reservesItsName, Inheritance::none, Forward::no, Language::idl, 11};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
 };
@@ -39,7 +37,7 @@ class Field : public Attribute {
  public:
   using Attribute::Attribute;
 
-  static constexpr Construct kind{"field",     ScopeKind::none, Heredity::none,
+  static constexpr Construct kind{"field",     ScopeKind::none, Inheritance::none,
                                   Forward::no, Language::idl,   21};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
@@ -51,7 +49,7 @@ class Enumerator : public Node {
  public:
   Enumerator(mdk::IMdeEntity* element, Container* parent) : Node(element, parent) {}
 
-  static constexpr Construct kind{"enumerator", ScopeKind::none, Heredity::none,
+  static constexpr Construct kind{"enumerator", ScopeKind::none, Inheritance::none,
                                   Forward::no,  Language::idl,   24};
   const Construct& Kind() const override { return kind; }
   const Definition* NameScope() const override { return Scope()->Scope(); }
@@ -67,7 +65,7 @@ class Enumeration : public Container {
  public:
   Enumeration(mdk::IMdeEntity* element, Container* parent);
 
-  static constexpr Construct kind{"enum",      ScopeKind::none, Heredity::none,
+  static constexpr Construct kind{"enum",      ScopeKind::none, Inheritance::none,
                                   Forward::no, Language::idl,   12};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
@@ -93,7 +91,7 @@ class Constant : public Node {
  public:
   Constant(mdk::IMdeEntity* element, Container* parent) : Node(element, parent) { CreateNodeRef(); }
 
-  static constexpr Construct kind{"constant",  ScopeKind::none, Heredity::none,
+  static constexpr Construct kind{"constant",  ScopeKind::none, Inheritance::none,
                                   Forward::no, Language::idl,   16};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;

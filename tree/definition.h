@@ -30,14 +30,11 @@ class Definition {
   /// The names from the outermost declaration to this one, joined.
   std::string ScopedName(std::string_view separator) const;
 
-  /// The "::" name of the enclosing declaration; empty at the top.
-  std::string ScopeAsString() const;
-
   /// Whether it is that one or stands inside it; everything is inside null, the top.
   bool isInside(const Definition* around) const;
 
-  /// Whether `other` can be named here by its simple name. Deliberately a comparison of texts: what
-  /// stands in A::Bc counts as inside A::B.
+  /// Whether `other` can be named here by its simple name. Deliberately a comparison of texts,
+  /// since files in use are written so: what stands in A::Bc counts as inside A::B.
   bool InCurrentScope(const Definition* other) const;
 
  protected:

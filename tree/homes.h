@@ -17,7 +17,7 @@ class Home : public OrderedScope {
   Home(mdk::IMdeEntity* element, Container* parent);
 
   static constexpr Construct kind{
-      "home", ScopeKind::reservesItsName, Heredity::heir, Forward::no, Language::idl, 4};
+      "home", ScopeKind::reservesItsName, Inheritance::inherits, Forward::no, Language::idl, 4};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
 
@@ -41,7 +41,7 @@ class ComponentImpl : public Container {
  public:
   ComponentImpl(mdk::IMdeEntity* element, Container* parent);
 
-  static constexpr Construct kind{"composition", ScopeKind::open, Heredity::none,
+  static constexpr Construct kind{"composition", ScopeKind::open, Inheritance::none,
                                   Forward::no,   Language::cidl,  6};
   const Construct& Kind() const override { return kind; }
   /// The name that the composition has in the model, or else the implementation's.
@@ -63,13 +63,11 @@ class ComponentImpl : public Container {
 };
 
 /// The home executor of a composition: which home it implements and which component it manages.
-class HomeImpl : public Container {
+class HomeImpl : public Node {
  public:
-  HomeImpl(mdk::IMdeEntity* element, Container* parent) : Container(element, parent) {
-    CreateNodeRef();
-  }
+  HomeImpl(mdk::IMdeEntity* element, Container* parent) : Node(element, parent) { CreateNodeRef(); }
 
-  static constexpr Construct kind{"home executor", ScopeKind::none, Heredity::none,
+  static constexpr Construct kind{"home executor", ScopeKind::none, Inheritance::none,
                                   Forward::no,     Language::cidl,  7};
   const Construct& Kind() const override { return kind; }
   /// Nothing: a home executor is written by its composition, which knows the segments.
@@ -91,7 +89,7 @@ class Segment : public Node {
  public:
   Segment(mdk::IMdeEntity* element, Container* parent) : Node(element, parent) { CreateNodeRef(); }
 
-  static constexpr Construct kind{"segment",   ScopeKind::none, Heredity::none,
+  static constexpr Construct kind{"segment",   ScopeKind::none, Inheritance::none,
                                   Forward::no, Language::cidl,  8};
   const Construct& Kind() const override { return kind; }
   /// Only inside a composition.

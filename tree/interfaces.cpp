@@ -74,18 +74,29 @@ bool Interface::isLocal() const {
   return TaggedLiteral(Entity(), tags::isLocal, "false") != "false";
 }
 
+namespace {
+
+/// Calls `take` with each generalization that has a parent, and that.
+template <typename Take>
+void ForEachParent(mdk::IMdeEntity* element, Take take) {
+  for (mdk::IMdeEntity* generalization : Elements(element, properties::generalization)) {
+    mdk::IMdeEntity* parent = generalization->GetEntity(properties::parent, 0);
+    if (parent != nullptr) take(generalization, parent);
+  }
+}
+
+}  // namespace
+
 void Interface::CollectGeneralizations() {
   std::unordered_set<const Node*> present;
-  for (mdk::IMdeEntity* generalization : Elements(Entity(), properties::generalization)) {
-    mdk::IMdeEntity* parent = generalization->GetEntity(properties::parent, 0);
-    if (parent == nullptr) continue;
+  ForEachParent(Entity(), [&](mdk::IMdeEntity*, mdk::IMdeEntity* parent) {
     Node* node = GetNodeRef(parent);
     if (node == nullptr) {
       Report(Message::interfaceSupertypeNotExported);
     } else if (present.insert(node).second) {
       AddUse(*node, UseRole::base);
     }
-  }
+  });
 }
 
 void Interface::ResolveTypes(NodeList& deps) {
@@ -138,12 +149,10 @@ void Value::CollectGeneralizations() {
   std::unordered_set<const Node*> present;
   std::vector<Node*> bases;
   Node* truncatable = nullptr;
-  for (mdk::IMdeEntity* generalization : Elements(Entity(), properties::generalization)) {
-    mdk::IMdeEntity* parent = generalization->GetEntity(properties::parent, 0);
-    if (parent == nullptr) continue;
+  ForEachParent(Entity(), [&](mdk::IMdeEntity* generalization, mdk::IMdeEntity* parent) {
     if (!hasStereotype(parent, stereotypes::corbaValue) &&
         !hasStereotype(parent, stereotypes::corbaEvent)) {
-      continue;
+      return;
     }
     Node* node = GetNodeRef(parent);
     if (node == nullptr) {
@@ -154,21 +163,19 @@ void Value::CollectGeneralizations() {
     } else if (present.insert(node).second) {
       bases.push_back(node);
     }
-  }
+  });
   if (truncatable != nullptr) AddUse(*truncatable, UseRole::base).isTruncatable = true;
   for (Node* base : bases) AddUse(*base, UseRole::base);
 }
 
 void Value::CollectSupports() {
   std::unordered_set<const Node*> present;
-  for (mdk::IMdeEntity* generalization : Elements(Entity(), properties::generalization)) {
-    mdk::IMdeEntity* parent = generalization->GetEntity(properties::parent, 0);
-    if (parent == nullptr) continue;
+  ForEachParent(Entity(), [&](mdk::IMdeEntity* generalization, mdk::IMdeEntity* parent) {
     if (!hasStereotype(parent, stereotypes::corbaInterface)) {
       if (hasStereotype(generalization, stereotypes::corbaSupports)) {
         Report(Message::valueSupportsOther, {kindWord, ScopedName("::")});
       }
-      continue;
+      return;
     }
     Node* node = GetNodeRef(parent);
     if (node == nullptr) {
@@ -176,7 +183,7 @@ void Value::CollectSupports() {
     } else if (present.insert(node).second) {
       AddUse(*node, UseRole::supports);
     }
-  }
+  });
 }
 
 void Value::ResolveTypes(NodeList& deps) {
@@ -206,7 +213,8 @@ void Value::Unparse(Writer& out) const {
   UnparseBody(out);
 }
 
-// An event type's forward declaration says "valuetype", too; that is deliberate.
+// An event type's forward declaration says "valuetype", too. That is deliberate: compilers that
+// know no event types take it, and files in use are written so.
 void Value::UnparseForward(Writer& out) const {
   newline(out);
   if (abstract) out << "abstract ";

@@ -14,8 +14,9 @@ class Interface : public OrderedScope {
   /// An interface inside `parent`; at the top of the tree when that is null.
   Interface(mdk::IMdeEntity* element, Container* parent);
 
-  static constexpr Construct kind{
-      "interface", ScopeKind::reservesItsName, Heredity::heir, Forward::yes, Language::idl, 1};
+  static constexpr Construct kind{"interface",           ScopeKind::reservesItsName,
+                                  Inheritance::inherits, Forward::yes,
+                                  Language::idl,         1};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
   void UnparseForward(Writer& out) const override;
@@ -39,10 +40,12 @@ class Value : public OrderedScope {
  public:
   Value(mdk::IMdeEntity* element, Container* parent);
 
-  static constexpr Construct kind{
-      "value type", ScopeKind::reservesItsName, Heredity::heir, Forward::yes, Language::idl, 2};
-  static constexpr Construct eventKind{
-      "event type", ScopeKind::reservesItsName, Heredity::heir, Forward::yes, Language::idl, 3};
+  static constexpr Construct kind{"value type",          ScopeKind::reservesItsName,
+                                  Inheritance::inherits, Forward::yes,
+                                  Language::idl,         2};
+  static constexpr Construct eventKind{"event type",          ScopeKind::reservesItsName,
+                                       Inheritance::inherits, Forward::yes,
+                                       Language::idl,         3};
   const Construct& Kind() const override { return kindWord == "event" ? eventKind : kind; }
   void Unparse(Writer& out) const override;
   void UnparseForward(Writer& out) const override;

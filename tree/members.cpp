@@ -16,7 +16,7 @@ void Attribute::ResolveTypes(NodeList&) {
 }
 
 bool Attribute::isReadOnly() const {
-  return Entity()->GetValue(properties::changeability, 0) == "CkFrozen";
+  return Entity()->GetValue(properties::changeability, 0) == values::frozen;
 }
 
 void Attribute::Unparse(Writer& out) const {
@@ -26,7 +26,8 @@ void Attribute::Unparse(Writer& out) const {
   out << "attribute " << type << ' ' << Name() << type.DeclaratorSuffix() << ';';
 }
 
-// The declarator suffix is deliberately not written here, unlike for attributes and fields.
+// The declarator suffix is deliberately not written here, unlike for attributes and fields: files
+// in use lack it, and an array's size is left to a typedef.
 void State::Unparse(Writer& out) const {
   UnparseComment(Entity(), out);
   newline(out);
@@ -162,8 +163,11 @@ void Operation::UnparseContext(Writer& out) const {
   const std::list<mdk::IMdeEntity*> expressions = Elements(context, properties::expression);
   if (expressions.empty()) return;
   out << " context (";
-  WriteSeparated(expressions, out,
-                 [&](mdk::IMdeEntity* each) { out << each->GetValue(properties::value, 0); });
+  std::string_view separator;
+  for (mdk::IMdeEntity* each : expressions) {
+    out << separator << each->GetValue(properties::value, 0);
+    separator = ", ";
+  }
   out << ')';
 }
 
@@ -173,10 +177,10 @@ Parameter::Parameter(mdk::IMdeEntity* element, Operation& parent) : Node(element
 }
 
 Parameter::Direction Parameter::DirectionOf(std::string_view text) {
-  if (text == "DkIn" || text == "DkNone") return Direction::in;
-  if (text == "DkInOut") return Direction::inOut;
-  if (text == "DkOut") return Direction::out;
-  return text == "DkReturn" ? Direction::result : Direction::unknown;
+  if (text == values::in || text == values::noDirection) return Direction::in;
+  if (text == values::inOut) return Direction::inOut;
+  if (text == values::out) return Direction::out;
+  return text == values::result ? Direction::result : Direction::unknown;
 }
 
 std::string_view Parameter::Keyword() const {

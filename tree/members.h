@@ -17,7 +17,7 @@ class Attribute : public Node {
     CreateNodeRef();
   }
 
-  static constexpr Construct kind{"attribute", ScopeKind::none, Heredity::inherited,
+  static constexpr Construct kind{"attribute", ScopeKind::none, Inheritance::inherited,
                                   Forward::no, Language::idl,   17};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
@@ -36,7 +36,7 @@ class State : public Attribute {
  public:
   using Attribute::Attribute;
 
-  static constexpr Construct kind{"state member", ScopeKind::none, Heredity::inherited,
+  static constexpr Construct kind{"state member", ScopeKind::none, Inheritance::inherited,
                                   Forward::no,    Language::idl,   22};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
@@ -50,10 +50,10 @@ class Operation : public Container {
  public:
   Operation(mdk::IMdeEntity* element, Container* parent);
 
-  static constexpr Construct kind{"operation", ScopeKind::open, Heredity::inherited,
+  static constexpr Construct kind{"operation", ScopeKind::open, Inheritance::inherited,
                                   Forward::no, Language::idl,   18};
   /// Factories and finders make something for their home or value type, which heirs don't inherit.
-  static constexpr Construct creatorKind{"factory",   ScopeKind::open, Heredity::none,
+  static constexpr Construct creatorKind{"factory",   ScopeKind::open, Inheritance::none,
                                          Forward::no, Language::idl,   19};
   const Construct& Kind() const override { return finder || factory ? creatorKind : kind; }
   void Unparse(Writer& out) const override;
@@ -91,7 +91,7 @@ class Parameter : public Node {
  public:
   Parameter(mdk::IMdeEntity* element, Operation& parent);
 
-  static constexpr Construct kind{"parameter", ScopeKind::none, Heredity::none,
+  static constexpr Construct kind{"parameter", ScopeKind::none, Inheritance::none,
                                   Forward::no, Language::idl,   20};
   const Construct& Kind() const override { return kind; }
   /// The operation writes the type of its result in place of the parameter.

@@ -13,7 +13,7 @@ class Root : public OrderedScope {
  public:
   explicit Root(mdk::IMdeEntity* artifact) : OrderedScope(artifact, nullptr) {}
 
-  static constexpr Construct kind{"artifact",  ScopeKind::open, Heredity::none,
+  static constexpr Construct kind{"artifact",  ScopeKind::open, Inheritance::none,
                                   Forward::no, Language::idl,   27};
   const Construct& Kind() const override { return kind; }
   bool isDeclared() const override { return false; }
@@ -59,7 +59,7 @@ class Module : public OrderedScope {
   Module(mdk::IMdeEntity* element, Container* parent);
 
   static constexpr Construct kind{
-      "module", ScopeKind::reservesItsName, Heredity::none, Forward::no, Language::idl, 0};
+      "module", ScopeKind::reservesItsName, Inheritance::none, Forward::no, Language::idl, 0};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
   bool isModule() const override { return true; }
@@ -95,7 +95,7 @@ class Include : public Node {
   /// For an artifact that stands for an IDL file; at the top of the tree when `parent` is null.
   Include(mdk::IMdeEntity* element, Container* parent) : Node(element, parent) { CreateNodeRef(); }
 
-  static constexpr Construct kind{"include",   ScopeKind::none, Heredity::none,
+  static constexpr Construct kind{"include",   ScopeKind::none, Inheritance::none,
                                   Forward::no, Language::idl,   26};
   const Construct& Kind() const override { return kind; }
   bool isDeclared() const override { return false; }
@@ -116,7 +116,7 @@ class Artifact : public Node {
  public:
   Artifact(mdk::IMdeEntity* element, Container* parent) : Node(element, parent) { CreateNodeRef(); }
 
-  static constexpr Construct kind{"artifact",  ScopeKind::none, Heredity::none,
+  static constexpr Construct kind{"artifact",  ScopeKind::none, Inheritance::none,
                                   Forward::no, Language::idl,   27};
   const Construct& Kind() const override { return kind; }
   bool isDeclared() const override { return false; }

@@ -33,15 +33,23 @@ std::string Definition::ScopedName(std::string_view separator) const {
   return result;
 }
 
-std::string Definition::ScopeAsString() const {
-  return scope == nullptr ? std::string() : scope->ScopedName("::");
-}
-
 namespace {
 
-std::string_view OutermostName(const Definition* definition) {
-  while (definition->Scope() != nullptr) definition = definition->Scope();
-  return definition->Name();
+int DepthOf(const Definition* definition) {
+  int depth = 0;
+  for (; definition->Scope() != nullptr; definition = definition->Scope()) ++depth;
+  return depth;
+}
+
+/// The outermost of two declarations' scopes, or they themselves, that are not the same.
+std::pair<const Definition*, const Definition*> WhereTheyPart(const Definition* left,
+                                                              const Definition* right) {
+  int leftDepth = DepthOf(left);
+  int rightDepth = DepthOf(right);
+  for (; leftDepth > rightDepth; --leftDepth) left = left->Scope();
+  for (; rightDepth > leftDepth; --rightDepth) right = right->Scope();
+  for (; left->Scope() != right->Scope(); right = right->Scope()) left = left->Scope();
+  return {left, right};
 }
 
 bool BeginAlike(std::string_view left, std::string_view right) {
@@ -57,11 +65,12 @@ bool Definition::isInside(const Definition* around) const {
   return each != nullptr;
 }
 
-// The texts are made only where the scopes differ and yet begin alike, which is rare.
+// The texts are made only where the scopes part and yet go on alike, which is rare.
 bool Definition::InCurrentScope(const Definition* other) const {
   const Definition* around = other->NameScope();
   if (isInside(around)) return true;
-  return BeginAlike(OutermostName(this), OutermostName(around)) &&
+  const auto [mine, its] = WhereTheyPart(this, around);
+  return BeginAlike(mine->Name(), its->Name()) &&
          ScopedName("::").starts_with(around->ScopedName("::"));
 }
 

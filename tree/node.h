@@ -150,9 +150,8 @@ void SortByCreation(NodeList& nodes);
 template <class Owner>
 Owner OwnerOf(const Construct& (Owner::*kind)() const);
 
-/// Makes a node of a construct, which has to have a row of its own: that of a construct it is made
-/// after says other things. Only what can't be made alone may share its row with what is made after
-/// it.
+/// Makes a node of a construct, which has to have a row of its own: the row of a construct that it
+/// is derived from says other things. Only a base that is abstract may share its row.
 template <class Made, class... Arguments>
 std::unique_ptr<Made> MakeNode(Arguments&&... arguments) {
   using Owner = decltype(OwnerOf(&Made::Kind));

@@ -12,7 +12,7 @@ class Typedef : public Node {
  public:
   Typedef(mdk::IMdeEntity* element, Container* parent);
 
-  static constexpr Construct kind{"typedef",   ScopeKind::none, Heredity::none,
+  static constexpr Construct kind{"typedef",   ScopeKind::none, Inheritance::none,
                                   Forward::no, Language::idl,   13};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
@@ -34,7 +34,7 @@ class Sequence : public Node {
  public:
   Sequence(mdk::IMdeEntity* element, Container* parent);
 
-  static constexpr Construct kind{"sequence",  ScopeKind::none, Heredity::none,
+  static constexpr Construct kind{"sequence",  ScopeKind::none, Inheritance::none,
                                   Forward::no, Language::idl,   14};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
@@ -52,7 +52,7 @@ class BoxedValue : public Node {
  public:
   BoxedValue(mdk::IMdeEntity* element, Container* parent);
 
-  static constexpr Construct kind{"boxed value", ScopeKind::none, Heredity::none,
+  static constexpr Construct kind{"boxed value", ScopeKind::none, Inheritance::none,
                                   Forward::no,   Language::idl,   15};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;

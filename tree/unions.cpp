@@ -6,6 +6,7 @@
 #include "tree/data_types.h"
 #include "tree/type_definitions.h"
 #include "types/elements.h"
+#include "types/identifier.h"
 #include "types/text.h"
 
 namespace mdktoidl {
@@ -34,11 +35,9 @@ std::string CharacterLabel(const std::string& given) {
 }
 
 std::string BooleanLabel(const std::string& given) {
-  std::string upper = given;
-  for (char& character : upper) {
-    if (character >= 'a' && character <= 'z') character = static_cast<char>(character - 'a' + 'A');
-  }
-  return upper == "TRUE" || upper == "FALSE" ? upper : given;
+  const std::string folded = Folded(given);
+  if (folded == "true") return "TRUE";
+  return folded == "false" ? "FALSE" : given;
 }
 
 /// Gives the cases of one union their labels, case by case in their order.
@@ -143,7 +142,7 @@ Alias Union::ResolveDiscriminator() {
     Report(Message::discriminatorNotExported);
     return {};
   }
-  const Alias resolved =
+  Alias resolved =
       node == nullptr ? Alias{nullptr, std::string(reference.predefined)} : Unaliased(*node);
   UseType(std::move(reference), type);
   if (!isDiscriminating(resolved)) Report(Message::discriminatorOfWrongType);

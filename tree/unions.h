@@ -1,7 +1,6 @@
 // Unions, their cases and the labels of these.
 #pragma once
 
-#include <cstddef>
 #include <list>
 #include <string>
 #include <string_view>
@@ -20,7 +19,7 @@ class Union : public Container {
   Union(mdk::IMdeEntity* element, Container* parent);
 
   static constexpr Construct kind{
-      "union", ScopeKind::reservesItsName, Heredity::none, Forward::yes, Language::idl, 10};
+      "union", ScopeKind::reservesItsName, Inheritance::none, Forward::yes, Language::idl, 10};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
   void UnparseForward(Writer& out) const override;
@@ -44,7 +43,7 @@ class Case : public Attribute {
  public:
   using Attribute::Attribute;
 
-  static constexpr Construct kind{"case",      ScopeKind::none, Heredity::none,
+  static constexpr Construct kind{"case",      ScopeKind::none, Inheritance::none,
                                   Forward::no, Language::idl,   23};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
@@ -55,7 +54,7 @@ class Case : public Attribute {
   std::list<std::string> GivenLabels() const;
   bool hasLabels() const { return !labels.empty(); }
   /// Adds a label as IDL writes it, a literal or an enumerator; the union does, which knows the
-  /// discriminator. `name` is what the model calls the enumerator.
+  /// discriminator.
   void AddLabel(std::string literal) { labels.push_back({std::move(literal), nullptr}); }
   void AddLabel(Node& enumerator, Spelling spelling);
 

@@ -33,12 +33,11 @@ const Use* Uses::First(UseRole role) const {
 }
 
 void Uses::Write(UseRole role, Writer& out) const {
-  bool isFirst = true;
+  std::string_view separator;
   for (const Use& use : *this) {
     if (use.role != role) continue;
-    if (!isFirst) out << ", ";
-    out << use;
-    isFirst = false;
+    out << separator << use;
+    separator = ", ";
   }
 }
 

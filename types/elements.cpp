@@ -37,11 +37,11 @@ bool hasStereotype(mdk::IMdeEntity* element, const Stereotype& stereotype) {
 
 bool isPublic(mdk::IMdeEntity* element) {
   const std::string visibility = element->GetValue(properties::visibility, 0);
-  return visibility == "VkPublic" || visibility == "VkNoVisibility";
+  return visibility == values::publicVisibility || visibility == values::noVisibility;
 }
 
 // Whatever the tag holds but "false" makes a constant, and so it is with local interfaces; all
-// other tags have to be "true". Both are deliberate.
+// other tags have to be "true". Both are deliberate: models in use rely on either.
 bool isConstant(mdk::IMdeEntity* element) {
   return TaggedLiteral(element, tags::isConstant, "false") != "false";
 }

@@ -1,7 +1,6 @@
 #include "types/template_type.h"
 
 #include <list>
-#include <optional>
 #include <unordered_set>
 
 #include "agent/idl_exception.h"

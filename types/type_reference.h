@@ -14,8 +14,7 @@
 
 namespace mdktoidl {
 
-/// The kind of a resolved type reference. Construct rules differ by it; the last two designate
-/// declarations.
+/// The kind of a resolved type reference; the last two designate declarations.
 enum TypeKind : std::uint8_t {
   unknownType = 0,          ///< no type could be identified
   primitiveType = 1,        ///< predefined; the text is its IDL keyword text

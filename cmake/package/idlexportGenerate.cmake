@@ -80,7 +80,7 @@ function(idlexport_generate)
     ${products}
     COMMAND idlexport::idlexport ${options} --stamp "${stamp}" --depfile "${stamp}.d"
             --target "${stamp}" "${arg_MODEL}"
-    DEPENDS "${arg_MODEL}" ${arg_DEPENDS} idlexport::idlexport idlexport::agent
+    DEPENDS "${arg_MODEL}" ${arg_DEPENDS} idlexport::idlexport
     DEPFILE "${stamp}.d"
     COMMENT "Exporting IDL from ${model_name}"
     VERBATIM)

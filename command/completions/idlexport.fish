@@ -16,7 +16,7 @@ complete -c idlexport -l oneway-default -x -a 'true false' -d 'Make operations o
 complete -c idlexport -s o -l output -x -a '(__fish_complete_directories)' -d 'Put the files there'
 complete -c idlexport -l outputs -d 'List the files that an export makes'
 complete -c idlexport -l prune -d 'Remove files of earlier exports'
-complete -c idlexport -s q -l quiet -d 'Leave out progress and remarks'
+complete -c idlexport -s q -l quiet -d 'Leave out progress and what has no consequence'
 complete -c idlexport -l stamp -r -F -d 'Touch this file after a successful run'
 complete -c idlexport -l strict -d 'Take names that IDL refuses for errors'
 complete -c idlexport -l suffix -x -d 'Put a text behind the name of each file'

@@ -17,7 +17,7 @@ _arguments -s -S \
   {-o,--output=}'[put the files there]:directory:_files -/' \
   '--outputs[list the files that an export makes]' \
   '--prune[remove files of earlier exports]' \
-  {-q,--quiet}'[leave out progress and remarks]' \
+  {-q,--quiet}'[leave out progress and what has no consequence]' \
   '--stamp=[touch this file after a successful run]:file:_files' \
   '--strict[take names that IDL refuses for errors]' \
   '--suffix=[put a text behind the name of each file]:text:' \

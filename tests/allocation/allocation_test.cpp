@@ -80,7 +80,7 @@ class Rig {
   bool IsWhole() const { return messages_ == whole_ && support::ReadTree("out") == files_; }
 
   void ExpectNothingLeft() {
-    EXPECT_EQ(support::Snapshot({&artifact_}, support::Omit::kNodeTags), before_);
+    EXPECT_EQ(support::Snapshot({&artifact_}), before_);
     Run(0, false);
     EXPECT_TRUE(IsWhole()) << messages_;
     EXPECT_EQ(support::Snapshot({&artifact_}), before_);

@@ -8,7 +8,7 @@
 
 namespace support {
 
-/// What is left out of a snapshot.
+/// What is left out of a snapshot: tags of other exporters, which a finished run removes.
 enum class Omit { kNothing, kNodeTags };
 
 /// Every property of the elements and of all that they lead to, in an order that only the model

@@ -3,7 +3,6 @@
 #include <map>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -68,7 +67,7 @@ class Applier {
 
   void Apply(const Application& application) {
     const std::string_view name = StereotypeName(application.node.name(), profile_);
-    // Left behind by an export that was broken off; the run makes its own.
+    // Left behind by another exporter that was broken off; it would be removed anyway.
     if (name == stereotypes::node.Text()) {
       ++reading_.passedOver[application.node.name()];
       return;
