@@ -13,15 +13,24 @@ _ILLEGAL = ("has blank", "_under", "9lives", "a-b", "größe", "x.y", "")
 
 
 def plant(drawn, seed, which=None):
-    """Plants a fault; returns what it is and the names of the elements of which an error may speak."""
+    """Plants a fault; returns it and the names of the elements of which an error may speak."""
     chance = random.Random(seed)
     fault = which or chance.choice(FAULTS)
     modules = [each for each in model.everything(drawn) if isinstance(each, Module)]
     elements = fault(chance)
     for element in elements:
         chance.choice(modules).members.insert(0, element)
-    names = {part.name for element in elements for part in model.everything(element)}
-    return fault.__name__.replace("_", " "), sorted(names)
+    return fault, sorted({part.name for element in elements for part in model.everything(element)})
+
+
+def told(fault):
+    return fault.__name__.replace("_", " ")
+
+
+def only_with_files_of_modules(fault):
+    """Marks a fault that is none when all modules are written into one file."""
+    fault.needs_files = True
+    return fault
 
 
 def struct(name, *types):
@@ -247,6 +256,36 @@ def a_state_member_declared_again(chance):
     return [base, Value("BadHeir", [base], members=[StateMember("again", LONG)])]
 
 
+def two_operations_of_one_name(chance):
+    other = chance.choice([operation("ACT"), operation(), Attribute("act", LONG), struct("Act", LONG)])
+    return [Interface("BadUser", [], [operation(), other])]
+
+
+def a_nested_type_that_needs_its_interface_complete(chance):
+    bad = Interface("BadUser")
+    heir = Interface("BadHeir", [bad], [struct("BadPart", LONG)])
+    bad.members = [Attribute("part", Named(heir.members[0]))]
+    return [bad, heir]
+
+
+@only_with_files_of_modules
+def modules_that_need_each_other(chance):
+    one, other = struct("BadOne", LONG), struct("BadOther", LONG, Named(struct("", LONG)))
+    last = struct("BadLast", Named(other))
+    other.members[1].type = Named(one)
+    return [Module("BadModules", [Module("Outer", [one, last]), Module("Middle", [other])])]
+
+
+def a_value_that_supports_two_interfaces(chance):
+    supported = [Interface("BadOne"), Interface("BadOther")]
+    return [*supported, Value("BadHeir", [], supported)]
+
+
+def a_custom_base(chance):
+    base = Value("BadBase", is_custom=True)
+    return [base, Value("BadHeir", [base])]
+
+
 def a_base_twice(chance):
     base = Interface("BadBase")
     return [base, Interface("BadHeir", [base, base])]
@@ -294,3 +333,5 @@ FAULTS = [
     made for name, made in list(globals().items())
     if callable(made) and getattr(made, "__module__", "") == __name__ and made.__code__.co_varnames[:1] == ("chance",)
 ]  # fmt: skip
+for _fault in FAULTS:
+    _fault.needs_files = getattr(_fault, "needs_files", False)

@@ -6,7 +6,6 @@ witness can tell for sure.
 """
 
 import random
-from dataclasses import dataclass, field
 from fractions import Fraction
 
 import model
@@ -32,15 +31,6 @@ _COMMENTS = (
     "a backslash and a blank \\ ", "really??/", "/* half a comment", "*/ the other half", "#include \"none.idl\"",
     "", "// struct S {", "\ttabs\tand \"quotes\"",
 )  # fmt: skip
-
-
-@dataclass
-class Drawn:
-    """A model, and what is known of it."""
-
-    model: Model
-    fault: str = ""  # what was planted in it, if anything
-    names: list = field(default_factory=list)  # of the elements that are at fault
 
 
 def redrawn(drawn, seed):
@@ -450,7 +440,8 @@ class Generator:
                     parameter.direction = self.pick(["in", "in", "inout", "out"])
             if not made.is_oneway:
                 made.result = self.type(element) if kind == "operation" and self.maybe(50) else None
-                made.raises = self.some(self.reach(element, ExceptionType), 2) if self.maybe(30) else []
+                exceptions = self.reach(element, ExceptionType) if kind == "operation" else []  # makers raise none
+                made.raises = self.some(exceptions, 2) if self.maybe(30) else []
                 made.context = ["PRINTER", "a.b*"] if kind == "operation" and self.maybe(4) else []
 
     def fill_value(self, element):

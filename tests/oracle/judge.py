@@ -1,9 +1,38 @@
 #!/usr/bin/env python3
-"""Judges exports of random models: a command that ends with 0 has to have written files that every
-compiler takes and that mean what the model says; one that ends otherwise has to have said which
-element is wrong and to have written nothing, and a model that has a legal form is not refused.
+"""Judges an exporter by its exports of random models.
 
-    judge.py 1-1000 --command build/release/bin/idlexport --jobs 2 --shrink
+    judge.py --command build/release/bin/idlexport --seeds 1-200 [--mode MODE] [--mapping MAPPING]
+             [--jobs N] [--seconds N] [--shrink] [--keep DIR]
+
+Every seed is a model; the same seed, mode and mapping are always the same model. Modes, which the seed
+decides unless one is given:
+
+    plain         what every IDL compiler knows; judged by omniidl and by idl3.py
+    components    also components, homes, event types and compositions; judged by idl3.py
+    faults        a sound plain model with one mistake in it (faults.py)
+    permutations  a plain or a component model in several drawing orders
+
+A line for each seed that fails names seed, mode, mapping, class and cause; a table at the end counts
+seeds by class and cause, each with the first seeds of it. With --shrink the model is made small, and its
+declarations are printed as IDL; with --keep the model, its export, its legal form ("legal"), where one is
+known, and all that was said are left in DIR/SEED. The exit status is 1 when a seed fails. Classes:
+
+    compiler-refuses      omniidl takes a written file amiss
+    stricter-refuses      only idl3.py does: it is as strict as the strictest compilers, and all that
+                          judges components
+    meaning-differs       what is written is legal, and says something else than the model
+    refused-though-legal  no export of a model of which the judge knows a legal form (witness.py)
+    order-dependent       exported well in one drawing order, and not in another
+    fault-accepted        status 0 in spite of a mistake
+    fault-misnamed        a mistake is refused without a word of an element that has to do with it
+    error-without-place   a refusal that names no line of the model
+    files-despite-errors  a refusal that wrote files
+    repaired-needlessly   other bytes than with --verbatim (once the command knows that option), though
+                          those are legal and mean the same
+    crash, timeout, status
+
+A refusal of a model without a known legal form is taken for right, and counted in the table: that
+happens with a file for each module, when modules need each other in a circle.
 """
 
 import argparse
@@ -29,7 +58,8 @@ import shrink
 import witness
 
 MAPPINGS = {"one-file": "ONE_FILE", "module-flat": "MODULE_FLAT", "module-structured": "MODULE_STRUCTURED"}
-MODES = ("plain", "components", "faults")
+MODES = ("plain", "components", "faults", "permutations")
+_ORDERS = 6  # in which a model is drawn to see whether that matters
 _SECONDS = 60
 _LOCATED_ERROR = re.compile(r"^([^\n]+?):(\d+):(?:\d+:)? (?:fatal )?error: (.*)$", re.M)
 
@@ -41,34 +71,52 @@ class Exported(NamedTuple):
 
 
 class Failure(NamedTuple):
-    kind: str
+    kind: str  # its class
     text: str
+
+    def first_line(self):
+        """The first that is no warning, without the names of files."""
+        lines = [line for line in self.text.strip().splitlines() if "arning:" not in line] or [""]
+        return re.sub(r"^\S*?:\d+:(\d+:)? (error: )?", "", lines[0])
+
+    def cause(self):
+        """What such failures have in common: the first line without names and numbers."""
+        line = self.first_line()
+        rule = re.search(r"\[([\w-]+)\]$", line)
+        if rule and self.kind != "meaning-differs":
+            return rule[1]
+        if self.kind == "meaning-differs":
+            path, _, what = line.partition(": ")
+            field = re.sub(r"[^.]*\.|^[^.]*$|\[\d+\]", "", path)
+            return f"{field} {what if ' instead of ' not in what else 'is another'}".strip()
+        return re.sub(r"\d+", "N", re.sub(r"'[^']*'", "'…'", line))
 
 
 class Case(NamedTuple):
     """A model as it is exported and judged."""
 
+    seed: int
+    mode: str
     model: model.Model
     mapping: str
     fault: str = ""
     names: tuple = ()  # of the elements at fault
 
 
-class Verdict(NamedTuple):
-    case: Case
-    status: int
-    failures: list
-
-
 # --- Models and exports -----------------------------------------------------------------------------
 
 
 def made_case(seed, mapping=None, mode=None):
-    mode = mode or ("plain", "plain", "components", "faults")[seed % 4]
+    mode = mode or MODES[seed % 4]
     mapping = mapping or ("one-file", "one-file", "module-flat", "module-structured")[seed // 4 % 4]
-    drawn = generate.Generator(seed, has_components=mode == "components").made()
-    planted = faults.plant(drawn, seed) if mode == "faults" else ("", [])
-    return Case(drawn, mapping, planted[0], tuple(planted[1]))
+    has_components = mode == "components" or mode == "permutations" and seed // 16 % 2 == 1
+    drawn = generate.Generator(seed, has_components).made()
+    if mode != "faults":
+        return Case(seed, mode, drawn, mapping)
+    fault, names = faults.plant(drawn, seed)
+    if fault.needs_files and mapping == "one-file":
+        mapping = "module-flat"
+    return Case(seed, mode, drawn, mapping, faults.told(fault), tuple(names))
 
 
 def exporter(command):
@@ -83,7 +131,8 @@ def exporter(command):
             done = subprocess.run(call, capture_output=True, timeout=_SECONDS, check=False)
         except subprocess.TimeoutExpired:
             return Exported(-1, {}, "")
-        return Exported(done.returncode, files_of(output), done.stderr.decode(errors="replace"))
+        said = done.stderr.decode(errors="replace").replace(directory + os.sep, "")
+        return Exported(done.returncode, files_of(output), said)
 
     return export
 
@@ -98,6 +147,14 @@ def files_of(directory):
     return dict(sorted(files.items()))
 
 
+def write_files(files, directory):
+    for name, text in files.items():
+        path = os.path.join(directory, name)
+        os.makedirs(os.path.dirname(path), exist_ok=True)
+        with open(path, "w", encoding="latin-1", newline="") as stream:
+            stream.write(text)
+
+
 # --- The judgement of files -------------------------------------------------------------------------
 
 
@@ -108,132 +165,138 @@ def needs_idl3(drawn):
 
 def judged_files(drawn, files):
     """What is wrong with the files as a legal form of the model; None when nothing is."""
-    readers = {"idl3": (idl3.read, idl3.Fault)}
+    readers = {"stricter-refuses": (idl3.read, idl3.Fault)}
     if not needs_idl3(drawn):
-        readers = {"omniidl": (compiler.read, compiler.Refused)} | readers
+        readers = {"compiler-refuses": (compiler.read, compiler.Refused)} | readers
     with tempfile.TemporaryDirectory() as directory:
-        for name, text in files.items():
-            path = os.path.join(directory, name)
-            os.makedirs(os.path.dirname(path), exist_ok=True)
-            with open(path, "w", encoding="latin-1", newline="") as stream:
-                stream.write(text)
+        write_files(files, directory)
         expected = meaning.of_model(drawn)
-        for reader, (read, fault) in readers.items():
+        for kind, (read, fault) in readers.items():
             meanings = []
             for name in files:  # each alone is where a compiler may start
                 try:
                     meanings.append((name, read(os.path.join(directory, name), [directory])))
                 except fault as refusal:
-                    return Failure(f"refused by {reader}", str(refusal).replace(directory + os.sep, ""))
+                    return Failure(kind, str(refusal).replace(directory + os.sep, ""))
             union, conflicts = meaning.merged(meanings)
             found = conflicts + meaning.differences(expected, union)
             if found:
-                return Failure("other meaning", "\n".join(found))
+                return Failure("meaning-differs", "\n".join(found))
     return None
 
 
-def has_legal_form(case):
-    """Whether a witness tells so."""
+def legal_form(case):
+    """The files of a witness that is legal; none when nothing is known."""
     try:
         files = witness.files(case.model, case.mapping == "one-file")
     except witness.NoWitness:
-        return False
-    return judged_files(case.model, files) is None
+        return {}
+    return files if judged_files(case.model, files) is None else {}
 
 
 # --- The judgement of exports -----------------------------------------------------------------------
 
 
 class Judge:
-    def __init__(self, export, redraws=2, has_verbatim=False):
-        self.export, self.redraws, self.has_verbatim = export, redraws, has_verbatim
+    def __init__(self, export, has_verbatim=False):
+        self.export, self.has_verbatim = export, has_verbatim
 
     def verdict(self, case):
+        """The exporter's status and the first failure, or None."""
         with tempfile.TemporaryDirectory() as directory:
             exported = self.export(case, directory)
-            failures = list(self.failures(case, exported, directory))
-        return Verdict(case, exported.status, failures)
+            failure = self.of_status(exported) or self.of_answer(case, exported, directory)
+        return exported.status, failure
 
-    def failures(self, case, exported, directory):
-        if exported.status not in (0, 1):
-            kinds = {-1: "timeout", 2: "status", 3: "status"}
-            yield Failure(kinds.get(exported.status, "crash"), f"status {exported.status}: {exported.said}")
-        elif exported.status == 1:
-            yield from self.of_refusal(case, exported)
-            if not case.fault:
-                yield from self.of_refused_model(case, directory)
-        elif case.fault:
-            yield Failure("fault exported", case.fault)
-        else:
-            found = judged_files(case.model, exported.files)
-            yield from [found] if found else self.of_success(case, exported, directory)
+    def of_status(self, exported):
+        if exported.status in (0, 1):
+            return None
+        kind = {-1: "timeout", 2: "status", 3: "status"}.get(exported.status, "crash")
+        return Failure(kind, f"status {exported.status}\n{exported.said}")
 
-    def of_refusal(self, case, exported):
+    def of_answer(self, case, exported, directory):
+        if case.mode == "permutations":
+            return self.of_orders(case, exported, directory)
+        if case.fault:
+            return self.of_fault(case, exported, directory)
+        if exported.status == 1:
+            return self.of_refusal(exported) or self.of_refused_model(case, exported)
+        return judged_files(case.model, exported.files) or self.of_verbatim(case, exported, directory)
+
+    def of_refusal(self, exported):
         if exported.files:
-            yield Failure("files in spite of errors", ", ".join(exported.files))
-        errors = [found for found in _LOCATED_ERROR.findall(exported.said) if found[0].endswith("model.uml")]
-        if not errors:
-            yield Failure("error without a place", exported.said)
-        elif any(case.names) and not any(name and name in text for name in case.names for _, _, text in errors):
-            yield Failure("error names no element at fault", f"{case.fault}: {exported.said}")
+            return Failure("files-despite-errors", ", ".join(exported.files))
+        return None if errors_of(exported) else Failure("error-without-place", exported.said)
 
-    def of_refused_model(self, case, directory):
-        if has_legal_form(case):
-            said = self.export(case, directory).said
-            yield Failure("sound model refused", "\n".join(line for line in said.splitlines() if " error: " in line))
-        elif any(self.export(other, directory).status == 0 for other in self.redrawn(case)):
-            yield Failure("drawing order decides", "exported in another drawing order only")
+    def of_refused_model(self, case, exported):
+        return Failure("refused-though-legal", "\n".join(errors_of(exported))) if legal_form(case) else None
 
-    def redrawn(self, case):
-        for number in range(self.redraws):
-            other = copy.deepcopy(case.model)
-            generate.redrawn(other, number)
-            yield case._replace(model=other)
+    def of_fault(self, case, exported, directory):
+        if exported.status == 0:
+            return Failure("fault-accepted", case.fault)
+        failure = self.of_refusal(exported)
+        words = [rf"(?<!\w){re.escape(name)}(?!\w)" for name in case.names if len(name) > 1]
+        if failure or not words or any(re.search("|".join(words), error) for error in errors_of(exported)):
+            return failure
+        sound = case._replace(model=generate.Generator(case.seed).made(), fault="")
+        without = self.export(sound, directory)
+        other = self.of_refused_model(sound, without) if without.status == 1 else None
+        return other or Failure("fault-misnamed", f"{case.fault}\n{exported.said}")
 
-    def of_success(self, case, exported, directory):
-        for other in self.redrawn(case):
+    def of_orders(self, case, exported, directory):
+        """In each order the same: exported well or not."""
+        first = self.well_exported(case, exported)
+        for number in range(_ORDERS):
+            other = case._replace(model=copy.deepcopy(case.model))
+            generate.redrawn(other.model, number)
             again = self.export(other, directory)
-            if again.status != 0:
-                yield Failure("drawing order decides", again.said)
-                return
-            found = judged_files(other.model, again.files)
-            if found:
-                yield Failure(found.kind + " when redrawn", found.text)
-                return
-        if self.has_verbatim:
-            yield from self.of_verbatim(case, exported, directory)
+            second = self.of_status(again) or self.well_exported(other, again)
+            if (first is None) != (second is None):
+                worse = first or second
+                return Failure("order-dependent", f"{worse.kind}: {worse.first_line()}\n{worse.text}")
+        return None
+
+    @staticmethod
+    def well_exported(case, exported):
+        if exported.status != 0:
+            return Failure("refused", "\n".join(errors_of(exported)))
+        return judged_files(case.model, exported.files)
 
     def of_verbatim(self, case, exported, directory):
-        """What needs no repair isn't repaired, but for types that were without a name."""
+        if not self.has_verbatim:
+            return None
         verbatim = self.export(case, directory, "--verbatim")
-        is_legal = verbatim.status == 0 and judged_files(case.model, verbatim.files) is None
-        if is_legal and verbatim.files != exported.files and not adds_types(case.model, exported.files):
-            names = [name for name, text in exported.files.items() if verbatim.files.get(name) != text]
-            yield Failure("repaired without need", ", ".join(names))
+        if verbatim.status != 0 or verbatim.files == exported.files or judged_files(case.model, verbatim.files):
+            return None
+        names = [name for name, text in exported.files.items() if verbatim.files.get(name) != text]
+        return Failure("repaired-needlessly", "\n".join(names))
 
 
-def adds_types(drawn, files):
-    declared = {each.name for each in model.everything(drawn)}
-    return any(name not in declared for text in files.values() for name in re.findall(r"typedef[^;]*?(\w+)[][\w]*;", text))
+def errors_of(exported):
+    return [text for file, _, text in _LOCATED_ERROR.findall(exported.said) if file.endswith("model.uml")]
 
 
 # --- The command ------------------------------------------------------------------------------------
 
 
-def shrunk(judge, verdict):
-    """The same failure with a smaller model."""
-    kind = verdict.failures[0].kind
-    was_sound = not verdict.case.fault and has_legal_form(verdict.case)
+def shrunk(judge, case, failure):
+    """The same failure with a smaller model; of faults all but the fault goes at once."""
+    was_legal = not case.fault and bool(legal_form(case))
 
     def holds(smaller):
-        case = verdict.case._replace(model=smaller)
+        tried = case._replace(model=smaller)
         try:
-            found = judge.verdict(case).failures
-            return bool(found) and found[0].kind == kind and (not was_sound or has_legal_form(case))
-        except (AttributeError, IndexError, StopIteration, ValueError):  # too much was taken away
+            found = judge.verdict(tried)[1]
+            is_same = found is not None and (found.kind, found.cause()) == (failure.kind, failure.cause())
+            return is_same and (not was_legal or bool(legal_form(tried)))
+        except (AttributeError, IndexError, StopIteration, TypeError, ValueError):  # too much was taken away
             return False
 
-    return judge.verdict(verdict.case._replace(model=shrink.shrunk(verdict.case.model, holds)))
+    if case.fault:
+        bare = model.Model("drawn", [model.Module("M")])
+        faults.plant(bare, case.seed)
+        return case._replace(model=bare) if holds(bare) else case
+    return case._replace(model=shrink.shrunk(case.model, holds))
 
 
 class Run:
@@ -242,32 +305,36 @@ class Run:
     def __init__(self, options):
         self.options = options
         text = subprocess.run([options.command, "--help"], capture_output=True, text=True, check=True).stdout
-        self.judge = Judge(exporter(options.command), options.redraws, options.verbatim and "--verbatim" in text)
+        self.judge = Judge(exporter(options.command), "--verbatim" in text)
 
     def __call__(self, seed):
+        """The case without its model, the status, the failure, and what is to be told of it."""
         case = made_case(seed, self.options.mapping, self.options.mode)
-        verdict = self.judge.verdict(case)
-        if verdict.failures and self.options.shrink and not case.fault:
-            verdict = shrunk(self.judge, verdict)
-        if verdict.failures and self.options.keep:
-            self.keep(seed, verdict.case)
-        return seed, self.mode_of(case), verdict.status, verdict.failures, self.told(verdict.case)
+        status, failure = self.judge.verdict(case)
+        told = ""
+        if failure and self.options.shrink:
+            case = shrunk(self.judge, case, failure)
+            status, failure = self.judge.verdict(case)
+            told = self.declarations(case)
+        if failure and self.options.keep:
+            self.keep(case, failure)
+        return case._replace(model=None), status, failure, told
+
+    def keep(self, case, failure):
+        directory = os.path.join(self.options.keep, str(case.seed))
+        shutil.rmtree(directory, ignore_errors=True)
+        os.makedirs(directory)
+        said = self.judge.export(case, directory).said
+        write_files(legal_form(case), os.path.join(directory, "legal"))
+        write_files({"failure.txt": f"{failure.kind}\n{failure.text}\n\n{said}".encode().decode("latin-1")}, directory)
 
     @staticmethod
-    def mode_of(case):
-        return "faults" if case.fault else "components" if needs_idl3(case.model) else "plain"
-
-    def keep(self, seed, case):
-        directory = os.path.join(self.options.keep, str(seed))
-        os.makedirs(directory, exist_ok=True)
-        self.judge.export(case, directory)
-
-    def told(self, case):
+    def declarations(case):
         """The model, as its witness has it."""
         try:
-            return f"{case.mapping}\n{''.join(witness.files(case.model).values())}"
-        except (witness.NoWitness, AttributeError):
-            return case.mapping
+            return "".join(witness.files(case.model).values())
+        except (witness.NoWitness, AttributeError, IndexError, TypeError):
+            return "(no IDL tells it)\n"
 
 
 def seeds_of(texts):
@@ -278,39 +345,35 @@ def seeds_of(texts):
 
 def parsed_options(arguments):
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("seeds", nargs="+", help="seeds and ranges of seeds")
-    parser.add_argument("--command", default="idlexport")
-    parser.add_argument("--mapping", choices=list(MAPPINGS), help="by default the seed decides")
+    parser.add_argument("--command", default="idlexport", help="the exporter")
+    parser.add_argument("--seeds", nargs="+", default=["1-200"], metavar="SEED", help="seeds and ranges of seeds")
     parser.add_argument("--mode", choices=MODES, help="by default the seed decides")
-    parser.add_argument("--jobs", type=int, default=1)
+    parser.add_argument("--mapping", choices=list(MAPPINGS), help="by default the seed decides")
+    parser.add_argument("--jobs", type=int, default=os.cpu_count())
     parser.add_argument("--seconds", type=float, default=float("inf"), help="begin nothing new after that time")
-    parser.add_argument("--redraws", type=int, default=2, help="further drawing orders of each model")
     parser.add_argument("--shrink", action="store_true", help="make failing models small")
-    parser.add_argument("--keep", metavar="DIR", help="leave failing models and their export there")
-    parser.add_argument("--verbatim", action="store_true", help="judge that no more is repaired than needed")
-    parser.add_argument("--most", type=int, default=10, help="failures of a kind that are shown")
+    parser.add_argument("--keep", metavar="DIR", help="leave failing models, their exports and legal forms there")
     return parser.parse_args(arguments)
 
 
 def main(arguments=None):
     options = parsed_options(arguments)
-    counts, shown = collections.Counter(), collections.Counter()
-    for seed, mode, status, failures, told in judged(options):
-        outcomes = {0: "exported", 1: "refused"}
-        counts[mode, outcomes.get(status, "other")] += 1
-        for failure in failures[:1]:
-            counts[mode, "FAILED: " + failure.kind] += 1
-            shown[failure.kind] += 1
-            if shown[failure.kind] <= options.most:
-                print(f"--- seed {seed}, {mode}: {failure.kind}\n{failure.text.strip()}\n{told}", flush=True)
-    for (mode, what), count in sorted(counts.items()):
-        print(f"{mode:10} {what:45} {count}")
-    return 1 if shown else 0
+    begin, seeds, outcomes = time.monotonic(), collections.defaultdict(list), collections.Counter()
+    for case, status, failure, told in judged(options, begin):
+        outcomes["failed" if failure else "exported" if status == 0 else "refused rightly"] += 1
+        if failure:
+            seeds[failure.kind, failure.cause()].append(case.seed)
+            line = f"seed {case.seed} {case.mode} {case.mapping} {failure.kind}: {failure.first_line()}"
+            print(line + "\n" + re.sub("^(?=.)", "    ", told, flags=re.M), end="", flush=True)
+    counts = ", ".join(f"{count} {what}" for what, count in sorted(outcomes.items()))
+    print(f"\n{sum(outcomes.values())} models in {time.monotonic() - begin:.1f} s: {counts}")
+    for (kind, cause), found in sorted(seeds.items(), key=lambda item: (item[0][0], -len(item[1]))):
+        print(f"{len(found):5}  {kind:21} {cause[:90]:90}  {' '.join(map(str, found[:3]))}")
+    return 1 if seeds else 0
 
 
-def judged(options):
+def judged(options, begin):
     """The results for all seeds, in their order."""
-    begin = time.monotonic()
     with concurrent.futures.ProcessPoolExecutor(options.jobs, initializer=_begin, initargs=(options,)) as pool:
         waiting = collections.deque()
         for seed in seeds_of(options.seeds):
