@@ -114,7 +114,7 @@ def made_case(seed, mapping=None, mode=None):
     if mode != "faults":
         return Case(seed, mode, drawn, mapping)
     fault, names = faults.plant(drawn, seed)
-    if fault.needs_files and mapping == "one-file":
+    if faults.needs_files(fault) and mapping == "one-file":
         mapping = "module-flat"
     return Case(seed, mode, drawn, mapping, faults.told(fault), tuple(names))
 
