@@ -3,13 +3,15 @@
 tables of what is legal and what is not where it doesn't."""
 
 import os
-import subprocess
-import sys
+import random
+import re
 import tempfile
 import unittest
 
+import compiler
+import generate
 import idl3
-from meaning import Type
+import witness
 
 # What compilers take.
 SOUND = [
@@ -271,24 +273,88 @@ UNSOUND_COMPONENTS = [
 ]
 
 
-class Quick(unittest.TestCase):
-    def fault(self, idl, **options):
-        with tempfile.TemporaryDirectory() as d:
-            p = os.path.join(d, "tried.idl")
-            open(p, "w").write(idl)
-            try:
-                idl3.read(p, (), idl3.Options(**options))
-            except idl3.Fault as f:
-                return str(f)
-            return ""
+_WORDS = re.compile(r"""L?"(?:\\.|[^"\\])*"|L?'(?:\\.|[^'\\])*'|::|[A-Za-z_]\w*|\d[\w.]*|\s+|.""", re.S)
 
-    def test(self):
+
+def mutated(text, chance):
+    """The text with a few words, lines or "::" replaced, exchanged or left out."""
+    for _ in range(chance.choice([1, 1, 1, 2])):
+        words = _WORDS.findall(text)
+        names = [at for at, word in enumerate(words) if word[0].isalpha() or word[0] == "_"]
+        at, marks = chance.choice(names), [at for at, word in enumerate(words) if word == "::"] or names
+        what = chance.random()
+        if what < 0.45:
+            words[at] = words[chance.choice(names)]
+        elif what < 0.55:
+            words[at] = words[at].swapcase()
+        elif what < 0.8:
+            words[chance.choice(marks if what < 0.75 else range(len(words)))] = ""
+        text = "".join(words)
+        if what >= 0.8:
+            lines = text.split("\n")
+            one, other = chance.randrange(len(lines)), chance.randrange(len(lines))
+            lines[one : one + 1] = [lines[other]] if what < 0.9 else []
+            text = "\n".join(lines)
+    return text
+
+
+class Checker(unittest.TestCase):
+    def told(self, read, fault, idl, *arguments):
+        """What a file means, and what is said of it."""
+        with tempfile.TemporaryDirectory() as directory:
+            file = os.path.join(directory, "tried.idl")
+            with open(file, "w", encoding="latin-1", newline="") as stream:
+                stream.write(idl)
+            try:
+                return read(file, (), *arguments), ""
+            except fault as refusal:
+                return None, str(refusal) or "refused"
+
+    def checked(self, idl, **options):
+        return self.told(idl3.read, idl3.Fault, idl, idl3.Options(**options))
+
+    def compiled(self, idl):
+        return self.told(compiler.read, compiler.Refused, idl)
+
+    def test_legal_idl(self):
         for idl in SOUND + UNKNOWN_TO_COMPILER + COMPONENTS:
             with self.subTest(idl):
-                self.assertEqual(self.fault(idl), "")
+                self.assertEqual(self.checked(idl)[1], "")
+
+    def test_faults(self):
         for idl, fault in UNSOUND + REFUSED_BY_SOME + OVERLOOKED + UNKNOWN_AND_UNSOUND + UNSOUND_COMPONENTS:
             with self.subTest(idl):
-                self.assertIn(fault, self.fault(idl))
+                self.assertIn(fault, self.checked(idl)[1])
+
+    def test_tables_are_true_of_the_compiler(self):
+        for idl in SOUND:
+            with self.subTest(idl):
+                self.assertEqual(self.compiled(idl), self.checked(idl))
+        taken = [idl for idl, _ in OVERLOOKED + REFUSED_BY_SOME]
+        refused = [idl for idl, _ in UNSOUND + UNKNOWN_AND_UNSOUND] + UNKNOWN_TO_COMPILER
+        for idl in taken + refused:
+            with self.subTest(idl):
+                is_announced_only = "announced" in self.checked(idl)[1]
+                self.assertEqual(self.compiled(idl)[1] != "", idl in refused or is_announced_only)
+        for idl, _ in REFUSED_BY_SOME:
+            with self.subTest(idl):
+                self.assertEqual(self.checked(idl, strict=False)[1], "")
+
+    def test_verdicts_on_mutated_files_are_those_of_the_compiler(self):
+        """The strict verdict may refuse more, never less."""
+        taken = 0
+        for seed in range(int(os.environ.get("MUTATIONS", 200))):
+            drawn = generate.Generator(seed // 4).made()
+            text = mutated("".join(witness.files(drawn).values()), random.Random(seed))
+            with self.subTest(seed=seed):
+                meant, fault = self.checked(text, strict=False)
+                compiled, refusal = self.compiled(text)
+                self.assertEqual(fault == "", refusal == "", f"{fault}\n{refusal}")
+                self.assertEqual(meant, compiled)
+                self.assertFalse(fault and not self.checked(text)[1], fault)
+                taken += not fault
+        self.assertGreater(taken, 20)
 
 
-unittest.main()
+if __name__ == "__main__":
+    unittest.main()
