@@ -4,9 +4,9 @@ random modules of a model that is sound without them."""
 import random
 
 import model
-from model import Array, Attribute, Basic, Box, Case, Constant, Enumeration, Enumerator, ExceptionType, Fixed
-from model import Interface, Literal, Member, Module, Named, NamedSequence, Operation, Parameter, Reference, Sequence
-from model import StateMember, String, Struct, Typedef, Union, Value
+from model import Array, Attribute, Basic, Box, Case, Component, Constant, Enumeration, Enumerator, ExceptionType
+from model import Fixed, Home, Interface, Literal, Member, Module, Named, NamedSequence, Operation, Parameter, Port
+from model import Reference, Sequence, StateMember, String, Struct, Typedef, Union, Value
 
 LONG = Basic("long")
 _ILLEGAL = ("has blank", "_under", "9lives", "a-b", "größe", "x.y", "")
@@ -319,6 +319,37 @@ def an_abstract_value_with_state(chance):
 def a_box_of_a_value(chance):
     bad = Value("BadValue")
     return [bad, Box("BadBox", Named(bad))]
+
+
+def a_component_as_the_base_of_an_interface(chance):
+    bad = Component("BadComponent")
+    return [bad, Interface("BadHeir", [bad])]
+
+
+def a_component_with_two_bases(chance):
+    bases = [Component("BadOne"), Component("BadOther")]
+    return [*bases, Component("BadHeir", bases)]
+
+
+def a_port_of_no_such_type(chance):
+    kind, bad = chance.choice([("consumes", Interface("BadType")), ("provides", Value("BadType")), ("emits", Value("BadType"))])
+    return [bad, Component("BadComponent", members=[Port("port", kind, bad)])]
+
+
+def two_ports_of_one_name(chance):
+    type_ = Interface("BadType")
+    ports = [Port("twice", "provides", type_), Port("Twice", "uses", type_)]
+    return [type_, Component("BadComponent", members=ports)]
+
+
+def a_home_that_manages_no_component(chance):
+    bad = Interface("BadType")
+    return [bad, Home("BadHome", bad)]
+
+
+def a_key_that_is_no_value(chance):
+    component, bad = Component("BadComponent"), struct("BadKey", LONG)
+    return [component, bad, Home("BadHome", component, bad)]
 
 
 def an_illegal_name(chance):

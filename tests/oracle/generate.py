@@ -58,8 +58,8 @@ class Generator:
         while len(self.units) < count:
             self.make_unit()
         for unit in self.units:
-            if unit in self.announced:
-                self.fill(unit)
+            if unit in self.announced or isinstance(unit, (Home, Composition)):
+                self.fill(unit)  # what they need is filled by then
         self.prune()
         redrawn(self.model, self.chance.random())
         self.comment()
@@ -80,8 +80,9 @@ class Generator:
     def free(self, scope, names):
         """The first of these names that is not taken in the scope, else one with a number; takes it."""
         taken = self.taken.setdefault(scope, set())
+        own_name = "" if isinstance(scope, Operation) else getattr(scope, "name", "").lower()
         candidates = list(names) + [f"{name}{number}" for number in range(2, 99) for name in names]
-        name = next(each for each in candidates if each.lower() not in taken | {getattr(scope, "name", "").lower()})
+        name = next(each for each in candidates if each.lower() not in taken | {own_name})
         taken.add(name.lower())
         return name
 
@@ -100,7 +101,7 @@ class Generator:
         used = model.mentioned(type_) if type_ else []
         if used and self.maybe(40):
             name = used[0].name
-            names.insert(0, self.pick([name.lower(), name, self.owners[used[0]].name.lower() or name]))
+            names.insert(0, self.pick([name.lower(), name, self.owners[used[0]].name.lower() or name, scope.name]))
         if self.maybe(4):
             names.insert(0, self.pick(_KEYWORDS))
         return self.free(scope, names)
@@ -151,7 +152,8 @@ class Generator:
         self.chance.shuffle(waiting)
         for element in waiting:
             if isinstance(element, Interface):
-                element.is_abstract, element.is_local = self.maybe(12), False
+                element.is_abstract = self.maybe(12)
+                element.is_local = not element.is_abstract and self.maybe(12)
             elif isinstance(element, Value):
                 element.is_event = self.maybe(60 if self.has_components else 0)
                 element.is_abstract = self.maybe(20)
@@ -182,9 +184,13 @@ class Generator:
         at = self.units.index(user) if user in self.units else len(self.units)
         found = []
         for unit in self.units[:at] + [user]:
-            nested = unit.members if isinstance(unit, Interface) else []
+            nested = unit.members if isinstance(unit, (Interface, Value)) else []
             found += [each for each in [unit, *nested] if isinstance(each, kinds) and each is not user]
         return found
+
+    def interfaces(self, user):
+        """Those that anyone may use."""
+        return [each for each in self.reach(user, Interface) if not each.is_local]
 
     def named_type(self, user):
         soft = [each for each in self.announced if not getattr(each, "is_local", False)]
@@ -404,6 +410,7 @@ class Generator:
 
     def fill_interface(self, element):
         bases = [each for each in self.reach(element, Interface) if each.is_abstract or not element.is_abstract]
+        bases = [each for each in bases if element.is_local or not each.is_local]
         self.inherit(element, bases, 2)
         for _ in range(self.pick([0, 0, 1, 2])):
             self.make_nested(element)
@@ -454,7 +461,9 @@ class Generator:
             element.is_custom = not element.is_abstract and self.maybe(10)
         self.inherit(element, [each for each in values if each.is_abstract and not each.supports], 1)
         if not any(self.supported(base) for base in element.bases):
-            self.inherit(element, self.reach(element, Interface), 1, "supports")
+            self.inherit(element, self.interfaces(element), 1, "supports")
+        if self.maybe(25):
+            self.make_nested(element)
         self.add_attributes(element)
         self.add_operations(element, self.pick([0, 1]))
         if not element.is_abstract:
@@ -468,13 +477,12 @@ class Generator:
 
     def fill_component(self, element):
         self.inherit(element, self.reach(element, Component), 1)
-        self.inherit(element, self.reach(element, Interface), 1, "supports")
+        self.inherit(element, self.interfaces(element), 1, "supports")
         self.add_attributes(element)
-        targets = {"provides": Interface, "uses": Interface, "uses multiple": Interface}
         events = [each for each in self.reach(element, Value) if each.is_event]
         for _ in range(self.chance.randint(0, 4)):
             kind = self.pick(model.PORTS)
-            choice = self.reach(element, targets[kind]) if kind in targets else events
+            choice = self.interfaces(element) if kind in ("provides", "uses", "uses multiple") else events
             if choice:
                 target = self.pick(choice)
                 self.add(Port(self.feature_name(element, Named(target)), kind, target), element)
@@ -483,10 +491,12 @@ class Generator:
         components = [each for each in self.units if isinstance(each, Component)]
         if not components:
             return
-        home = self.add_unit(lambda name: Home(name, self.pick(components)), owner)
+        self.add_unit(lambda name: Home(name, self.pick(components)), owner)
+
+    def fill_home(self, home):
         homes = [each for each in self.reach(home, Home) if each.manages is home.manages]
         self.inherit(home, homes, 1)
-        self.inherit(home, self.reach(home, Interface), 1, "supports")
+        self.inherit(home, self.interfaces(home), 1, "supports")
         keys = [each for each in self.reach(home, Value) if not each.is_event and not each.is_abstract]
         home.key = self.pick(keys) if keys and self.maybe(50) else None
         for kind in ("factory", "finder", "operation"):
@@ -499,8 +509,10 @@ class Generator:
         category = self.pick(["session", "service", "entity", "process"])
         scope = Module("")  # the composition's
         names = [self.free(scope, [self.pick(_TYPE_NAMES) + end]) for end in ("Maker", "Impl")]
-        made = self.add_unit(lambda name: Composition(name, category, self.pick(homes), *names), owner)
+        self.add_unit(lambda name: Composition(name, category, self.pick(homes), *names), owner)
+
+    def fill_composition(self, made):
         facets = [each for each in made.home.manages.members if isinstance(each, Port) and each.kind == "provides"]
-        while facets and category in ("entity", "process") and self.maybe(60):
-            name = self.free(scope, [self.pick(_TYPE_NAMES) + "Part"])
+        while facets and made.category in ("entity", "process") and self.maybe(60):
+            name = self.free(made, [self.pick(_TYPE_NAMES) + "Part"])
             self.add(Segment(name, [facets.pop()]), made)

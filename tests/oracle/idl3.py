@@ -27,11 +27,6 @@ class Options(NamedTuple):
     # headings and behind "raises" do to later declarations, a base with the name of its heir, other
     # names for sequences that aren't complete yet, comments that some take for longer.
     strict: bool = True
-    # Sequences, arrays, fixed-point numbers and bounded strings without a name of their own, as
-    # types of members and of elements.
-    anonymous_types_allowed: bool = True
-    # Primary keys that aren't derived from Components::PrimaryKeyBase, where that is declared.
-    other_keys_allowed: bool = False
 
 
 # --- Words ------------------------------------------------------------------------------------------
@@ -746,7 +741,6 @@ class TypeReader:
         token = self.here
         type_ = self.parameter_type()
         self.require_complete(type_, "elsewhere", token)
-        self.require_named(type_, token)
         self.require_sendable(leaf(type_)[0], token)
         return type_
 
@@ -772,9 +766,7 @@ class TypeReader:
 
     def sequence(self):
         self.expect("sequence", "<")
-        token = self.here
         element = self.simple_type()
-        self.require_named(element, token)
         bound = self.size() if self.take(",") else 0
         self.expect(">")
         return ("sequence", element, bound)
@@ -798,10 +790,6 @@ class TypeReader:
             return
         if not (in_sequence and place == "member" and declared.state == "open"):
             fail(token, f"'{declared.name}' is used before it is complete")
-
-    def require_named(self, type_, token):
-        if meaning.is_template(type_) and not self.options.anonymous_types_allowed:
-            fail(token, "the type has no name")
 
     def require_sendable(self, declared, token):
         """Refuses what is local in an interface that isn't."""
@@ -1113,7 +1101,6 @@ class Parser(TypeReader):
         type_ = self.type()
         place = "member" if owner.kind in ("struct", "union") else "elsewhere"
         self.require_complete(type_, place, token)
-        self.require_named(type_, token)
         declared = leaf(type_)[0]
         if declared and declared.is_local:
             if kind == "state member":
@@ -1129,8 +1116,6 @@ class Parser(TypeReader):
             declared = meaning.array(type_, sizes)
             if kind == "typedef":
                 self.require_complete(declared, "alias", token)
-            if sizes:
-                self.require_named(type_ if kind == "typedef" else declared, token)
             self.names.declare(kind, name).type = declared
             found.append((name.text, declared))
         return found
@@ -1438,7 +1423,7 @@ class Parser(TypeReader):
         library = self.names.root.members.get("components")
         common = library.members.get("primarykeybase") if library else None
         is_other = len(heading.managed) > 1 and common and common not in heading.managed[1].lineage()
-        if is_other and not self.options.other_keys_allowed:
+        if is_other:
             fail(token, "the primary key isn't derived from 'Components::PrimaryKeyBase'")
 
     def composition(self):
