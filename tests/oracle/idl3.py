@@ -417,6 +417,8 @@ class Names:
         earlier = self.same(kind, token)
         if earlier:
             is_data = kind in ("struct", "union")  # their locality is that of their members
+            if is_data and earlier.place.file != token.file:
+                fail(token, f"the {kind} '{token.text}' was announced in another file")
             if is_data or (earlier.is_abstract, earlier.is_local) == (heading.is_abstract, heading.is_local):
                 return earlier
             fail(token, f"'{token.text}' was announced as abstract or local, and is not, or the reverse")

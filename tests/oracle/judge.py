@@ -59,7 +59,7 @@ import witness
 
 MAPPINGS = {"one-file": "ONE_FILE", "module-flat": "MODULE_FLAT", "module-structured": "MODULE_STRUCTURED"}
 MODES = ("plain", "components", "faults", "permutations")
-_ORDERS = 6  # in which a model is drawn to see whether that matters
+_ORDERS = 4  # in which a model is drawn to see whether that matters
 _SECONDS = 60
 _LOCATED_ERROR = re.compile(r"^([^\n]+?):(\d+):(?:\d+:)? (?:fatal )?error: (.*)$", re.M)
 
@@ -281,14 +281,14 @@ def errors_of(exported):
 
 def shrunk(judge, case, failure):
     """The same failure with a smaller model; of faults all but the fault goes at once."""
-    was_legal = not case.fault and bool(legal_form(case))
+    mappings = [] if case.fault else [name for name in MAPPINGS if legal_form(case._replace(mapping=name))]
 
     def holds(smaller):
         tried = case._replace(model=smaller)
         try:
             found = judge.verdict(tried)[1]
             is_same = found is not None and (found.kind, found.cause()) == (failure.kind, failure.cause())
-            return is_same and (not was_legal or bool(legal_form(tried)))
+            return is_same and all(legal_form(tried._replace(mapping=name)) for name in mappings)
         except (AttributeError, IndexError, StopIteration, TypeError, ValueError):  # too much was taken away
             return False
 
@@ -316,6 +316,8 @@ class Run:
             case = shrunk(self.judge, case, failure)
             status, failure = self.judge.verdict(case)
             told = self.declarations(case)
+        if failure and status == 0 and case.mode != "faults" and not legal_form(case):
+            told = "(no legal form is known: a refusal would be right)\n" + told
         if failure and self.options.keep:
             self.keep(case, failure)
         return case._replace(model=None), status, failure, told

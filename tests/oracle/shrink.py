@@ -69,7 +69,7 @@ def _unwrapped(drawn, element):
 
 
 _PLAIN = {"comments": [], "is_simple": False, "is_oneway": False, "is_custom": False, "is_truncatable": False}
-_PLAIN |= {"is_general": False, "is_readonly": False, "result": None, "key": None, "bases": [], "supports": [], "raises": []}
+_PLAIN |= {"is_general": False, "is_readonly": False, "result": None, "key": None, "bases": [], "supports": [], "raises": [], "context": []}
 
 
 def _simplified(drawn, element):

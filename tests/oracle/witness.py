@@ -128,7 +128,10 @@ class _Writer:
         return MAIN_FILE if module is self.drawn else self.names[module].replace("::", "_") + ".idl"
 
     def needs(self, units, module):
-        return {self.module_of(use): None for unit in units for use in self.hard_uses(unit) if self.module_of(use) is not module}
+        """The modules whose files come first: structs and unions are announced in their own file only."""
+        uses = {use: None for unit in units for use in self.hard_uses(unit)}
+        uses |= {use: None for unit in units for part in model.everything(unit) for use, _ in self.uses(part) if isinstance(use, (Struct, Union))}
+        return {self.module_of(use): None for use in uses if self.module_of(use) is not module}
 
     def module_of(self, element):
         while not isinstance(element, (Module, model.Model)):
@@ -156,7 +159,8 @@ class _Writer:
         soft = [each for each in self.units if each in used or each in units]
         guard = self.file_name(module).replace(".", "_")
         lines = [f"#ifndef {guard}", f"#define {guard}"]
-        lines += [line for each in soft for line in self.in_module(each, self.announcement(each))]
+        announced = [each for each in soft if each in units or not isinstance(each, (Struct, Union))]
+        lines += [line for each in announced for line in self.in_module(each, self.announcement(each))]
         lines += [f'#include "{self.file_name(each)}"' for each in needs]
         lines += [self.unit_text(unit) for unit in self.ordered(units)]
         later = {self.module_of(each): None for each in soft if self.module_of(each) is not module}
