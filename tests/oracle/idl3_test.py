@@ -11,6 +11,7 @@ import unittest
 import compiler
 import generate
 import idl3
+import judge
 import witness
 
 # What compilers take.
@@ -273,6 +274,22 @@ UNSOUND_COMPONENTS = [
 ]
 
 
+# Files of which the first is read, and a part of what is wrong with them.
+_GUARDED = "#ifndef {0}\n#define {0}\n{1}\n#endif\n"
+_HARD = _GUARDED.format("x_idl", '#include "y.idl"\nmodule X { interface I {}; struct S { ::Y::T a; }; };')
+_SOFT_LAST = _GUARDED.format("y_idl", 'module X { interface I; };\nmodule Y { struct T { ::X::I a; }; };\n#include "x.idl"')
+_SOFT_FIRST = _GUARDED.format("y_idl", 'module X { interface I; };\n#include "x.idl"\nmodule Y { struct T { ::X::I a; }; };')
+FILES = [
+    ({"x.idl": _HARD, "y.idl": _SOFT_LAST}, ""),
+    ({"y.idl": _SOFT_LAST, "x.idl": _HARD}, ""),
+    ({"x.idl": _HARD, "y.idl": _SOFT_FIRST}, ""),
+    ({"y.idl": _SOFT_FIRST, "x.idl": _HARD}, "is not declared"),
+    ({"a.idl": 'struct S;\n#include "b.idl"\n', "b.idl": "struct S { long a; };\n"}, "announced in another file"),
+    ({"a.idl": '#include "b.idl"\nstruct S;\nstruct S { long a; };\n', "b.idl": "struct S;\n"}, "announced in another file"),
+    ({"a.idl": 'interface I;\n#include "b.idl"\n', "b.idl": "interface I {};\n"}, ""),
+    ({"a.idl": 'valuetype V;\n#include "b.idl"\n', "b.idl": "valuetype V;\nvaluetype V {};\n"}, ""),
+]
+
 _WORDS = re.compile(r"""L?"(?:\\.|[^"\\])*"|L?'(?:\\.|[^'\\])*'|::|[A-Za-z_]\w*|\d[\w.]*|\s+|.""", re.S)
 
 
@@ -300,13 +317,12 @@ def mutated(text, chance):
 
 class Checker(unittest.TestCase):
     def told(self, read, fault, idl, *arguments):
-        """What a file means, and what is said of it."""
+        """What a file, or the first of files, means, and what is said of it."""
+        files = idl if isinstance(idl, dict) else {"tried.idl": idl}
         with tempfile.TemporaryDirectory() as directory:
-            file = os.path.join(directory, "tried.idl")
-            with open(file, "w", encoding="latin-1", newline="") as stream:
-                stream.write(idl)
+            judge.write_files(files, directory)
             try:
-                return read(file, (), *arguments), ""
+                return read(os.path.join(directory, next(iter(files))), (), *arguments), ""
             except fault as refusal:
                 return None, str(refusal) or "refused"
 
@@ -325,6 +341,13 @@ class Checker(unittest.TestCase):
         for idl, fault in UNSOUND + REFUSED_BY_SOME + OVERLOOKED + UNKNOWN_AND_UNSOUND + UNSOUND_COMPONENTS:
             with self.subTest(idl):
                 self.assertIn(fault, self.checked(idl)[1])
+
+    def test_files(self):
+        for files, fault in FILES:
+            with self.subTest(files):
+                self.assertIn(fault, self.checked(files)[1])
+                self.assertEqual(self.checked(files)[1] == "", fault == "")
+                self.assertEqual(self.compiled(files)[1] == "", fault == "")
 
     def test_tables_are_true_of_the_compiler(self):
         for idl in SOUND:
