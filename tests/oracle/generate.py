@@ -28,7 +28,7 @@ _FEATURE_NAMES = "item folder status state account name node key list data size 
 _KEYWORDS = "context Context STATE Port interface Home emits struct Any Sequence factory In OBJECT long Custom finder".split()
 _COMMENTS = (
     "As it says.", "Two lines,\nthe second of which is this.", "ends in a backslash \\", "C:\\dir\\\nC:\\other\\",
-    "a backslash and a blank \\ ", "really??/", "/* half a comment", "*/ the other half", "#include \"none.idl\"",
+    "a backslash and a blank \\ ", "/* half a comment", "*/ the other half", "#include \"none.idl\"",
     "", "// struct S {", "\ttabs\tand \"quotes\"",
 )  # fmt: skip
 

@@ -79,7 +79,6 @@ _NUMBERS = (
 )
 _ESCAPE = re.compile(r"\\(?:(?P<octal>[0-7]{1,3})|x(?P<hex>[0-9a-fA-F]{1,2})|u(?P<wide>[0-9a-fA-F]{1,4})|(?P<letter>[ntvbrfa\\?'\"]))")
 _LETTERS = dict(zip("ntvbrfa\\?'\"", "\n\t\v\b\r\f\a\\?'\""))
-_LINE_JOINED = re.compile(r"(\\|\?\?/)[ \t\r\f\v]*$")
 
 
 class Lexer:
@@ -129,11 +128,10 @@ class Lexer:
 
     def check_comment(self, text):
         """Preprocessors join such lines, and what stands in the next one is lost: all of them at a
-        last backslash, some also when blanks follow it or a trigraph stands for it."""
-        joined = _LINE_JOINED.search(text)
+        last backslash, some also when blanks follow it."""
         is_plain = text.rstrip("\r").endswith("\\")
-        if joined and (is_plain or self.options.strict):
-            self.refuse(f"a comment that a {joined.group(1)} extends to the next line")
+        if is_plain or (self.options.strict and text.rstrip().endswith("\\")):
+            self.refuse("a comment that a \\ extends to the next line")
 
     def word(self, kind, match):
         text = match.group() if match else self.text[self.at]
@@ -474,7 +472,7 @@ def require_distinct_members(heir, token):
 # --- Types and values -------------------------------------------------------------------------------
 # A type is a tuple like `meaning.Type`, with declarations in place of their names. A value is a kind,
 # "integer", "floating", "fixed", "boolean", "char", "string", "wchar", "wstring" or "enumerator", and
-# what it is.
+# what it is. Of expressions only signs and brackets are known.
 
 _RANGES = {
     "octet": (0, 2**8 - 1), "short": (-(2**15), 2**15 - 1), "unsigned short": (0, 2**16 - 1),
@@ -483,7 +481,6 @@ _RANGES = {
 }  # fmt: skip
 _FLOATINGS = {"float": 3.4028234663852886e38, "double": sys.float_info.max, "long double": sys.float_info.max}
 _SELECTORS = (*(set(_RANGES) - {"octet"}), "char", "boolean", "wchar")
-_TIGHTNESS = {"|": 1, "^": 2, "&": 3, "<<": 4, ">>": 4, "+": 5, "-": 5, "*": 6, "/": 6, "%": 6}
 _DEEPEST_NESTING = 400
 
 
@@ -529,47 +526,11 @@ def is_in_range(value, type_):
     return kind not in ("string", "wstring") or type_[1] == 0 or len(what) <= type_[1]
 
 
-def reckoned(left, sign, right):
-    """The result of an operation on integers."""
-    if sign.text in "/%" and right == 0:
-        fail(sign, "a division by 0")
-    if sign.text in ("<<", ">>") and not 0 <= right <= 63:
-        fail(sign, "a shift goes by 0 to 63 bits")
-    quotient = abs(left) // abs(right or 1) * (1 if (left < 0) == (right < 0) else -1)
-    return {
-        "|": lambda: left | right, "^": lambda: left ^ right, "&": lambda: left & right,
-        "<<": lambda: left << right, ">>": lambda: left >> right, "+": lambda: left + right,
-        "-": lambda: left - right, "*": lambda: left * right, "/": lambda: quotient,
-        "%": lambda: left - quotient * right,
-    }[sign.text]()  # fmt: skip
-
-
-def reckoned_with_fraction(left, sign, right):
-    if sign.text not in "+-*/":
-        fail(sign, f"'{sign.text}' is for integers")
-    if sign.text == "/":
-        return left / right if right != 0 else fail(sign, "a division by 0")
-    return {"+": lambda: left + right, "-": lambda: left - right, "*": lambda: left * right}[sign.text]()
-
-
 def require_reckonable(value, type_, token):
-    """Expressions of integers are reckoned with 64 bits only for types of 64 bits."""
+    """Integers are reckoned with 64 bits only for types of 64 bits."""
     bits = 64 if type_[0] in ("long long", "unsigned long long") else 32
     if not -(2 ** (bits - 1)) <= value < 2**bits:
         fail(token, "a value is out of range")
-
-
-def combined(left, sign, right, type_):
-    kind = left[0]
-    if kind != right[0]:
-        fail(sign, "the operands are not of one kind")
-    if kind == "integer":
-        result = reckoned(left[1], sign, right[1])
-        require_reckonable(result, type_, sign)
-        return kind, result
-    if kind not in ("floating", "fixed"):
-        fail(sign, f"'{sign.text}' is for numbers")
-    return kind, reckoned_with_fraction(left[1], sign, right[1])
 
 
 def literal_integer(token):
@@ -805,7 +766,7 @@ class TypeReader:
     def value(self, declared):
         """The value of an expression, which must be one of the type."""
         token, type_ = self.here, basic(declared)
-        value = self.expression(type_, 0)
+        value = self.unary(type_)
         is_other = value[0] == "enumerator" and type_[0] == "name" and value[1].type[1] is not type_[1]
         if value[0] != kind_of_values(type_) or is_other:
             fail(token, "a value of another type than is declared")
@@ -817,14 +778,6 @@ class TypeReader:
         token = self.here
         size = self.value(("unsigned long",))[1]
         return size if size >= least else fail(token, "a size or a bound is positive")
-
-    def expression(self, type_, least):
-        """Reads on as long as signs follow that bind at least so tightly."""
-        value = self.unary(type_)
-        while self.here.kind == "mark" and _TIGHTNESS.get(self.here.text, -1) >= least:
-            sign = self.next()
-            value = combined(value, sign, self.expression(type_, _TIGHTNESS[sign.text] + 1), type_)
-        return value
 
     def unary(self, type_):
         token = self.here
@@ -846,7 +799,7 @@ class TypeReader:
             return self.named_value()
         if not self.take("("):
             return self.literal()
-        value = self.nested(self.expression, type_, 0)
+        value = self.nested(self.unary, type_)
         self.expect(")")
         return value
 
