@@ -144,11 +144,6 @@ def a_value_as_the_base_of_an_interface(chance):
     return [bad, Interface("BadHeir", [bad])]
 
 
-def a_value_that_supports_a_value(chance):
-    bad = Value("BadValue")
-    return [bad, Value("BadHeir", [], [bad])]
-
-
 def an_abstract_heir_of_what_is_not(chance):
     kind = chance.choice([Interface, Value])
     bad = kind("BadBase")
@@ -282,11 +277,6 @@ def a_value_that_supports_two_interfaces(chance):
 def a_custom_base(chance):
     base = Value("BadBase", is_custom=True)
     return [base, Value("BadHeir", [base])]
-
-
-def a_base_twice(chance):
-    base = Interface("BadBase")
-    return [base, Interface("BadHeir", [base, base])]
 
 
 def raising_what_is_no_exception(chance):

@@ -130,7 +130,8 @@ class _Writer:
     def needs(self, units, module):
         """The modules whose files come first: structs and unions are announced in their own file only."""
         uses = {use: None for unit in units for use in self.hard_uses(unit)}
-        uses |= {use: None for unit in units for part in model.everything(unit) for use, _ in self.uses(part) if isinstance(use, (Struct, Union))}
+        all_uses = [use for unit in units for part in model.everything(unit) for use, _ in self.uses(part)]
+        uses |= {use: None for use in all_uses if isinstance(use, (Struct, Union))}
         return {self.module_of(use): None for use in uses if self.module_of(use) is not module}
 
     def module_of(self, element):
