@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <tuple>
 #include <unordered_set>
+#include <utility>
 
 #include "agent/export_observer.h"
 #include "agent/message_output.h"
@@ -13,6 +14,7 @@ ExportObserver* observer = nullptr;
 
 std::list<Diagnostic> errors;
 std::list<Diagnostic> warnings;
+std::list<Diagnostic> remarks;
 
 std::string TextOf(const Diagnostic& diagnostic) {
   constexpr std::string_view placeholder = "{}";
@@ -26,10 +28,23 @@ std::string TextOf(const Diagnostic& diagnostic) {
   return text.append(rest);
 }
 
+void Report(Diagnostic diagnostic) {
+  switch (SeverityOf(diagnostic.message)) {
+    case Severity::silent:
+      return;
+    case Severity::note:
+    case Severity::remark:
+      return remarks.push_back(std::move(diagnostic));
+    case Severity::warning:
+      return warnings.push_back(std::move(diagnostic));
+    default:
+      errors.push_back(std::move(diagnostic));
+  }
+}
+
 void Report(Message message, mdk::IMdeEntity* element,
             std::initializer_list<std::string_view> pieces) {
-  std::list<Diagnostic>& list = SeverityOf(message) == Severity::error ? errors : warnings;
-  list.push_back({message, element, {pieces.begin(), pieces.end()}});
+  Report({message, element, {pieces.begin(), pieces.end()}});
 }
 
 void Tell(const Diagnostic& diagnostic) {
@@ -88,6 +103,9 @@ void PrintMessages() {
   const std::vector<std::string> errorTexts = Sort(errors);
   PrintList(warningTexts, warnings, headings::warning);
   PrintList(errorTexts, errors, headings::error);
+  if (observer != nullptr) {
+    for (const Diagnostic& each : remarks) observer->Told(each);
+  }
   if (errors.empty() && warnings.empty()) return;
   Print("There were " + std::to_string(errorTexts.size()) + " errors and " +
         std::to_string(warningTexts.size()) + " warnings");
@@ -96,6 +114,7 @@ void PrintMessages() {
 void ClearMessages() {
   errors.clear();
   warnings.clear();
+  remarks.clear();
 }
 
 }  // namespace mdktoidl

@@ -10,6 +10,7 @@
 #include "agent/message_output.h"
 #include "options/options.h"
 #include "output/file.h"
+#include "scopes/names.h"
 #include "tree/interfaces.h"
 #include "tree/module.h"
 #include "tree/node_registry.h"
@@ -39,6 +40,7 @@ class RunState {
  private:
   void Clear() {
     observer = nullptr;
+    SetVerbatim(false);
     root = nullptr;
     tree_.reset();
     nodeRegistry.Clear();
@@ -90,6 +92,10 @@ void Evaluate() {
   if (observer != nullptr) observer->Evaluated(*root);
 }
 
+// What the plain form has that no compiler takes is repaired, unless it is wanted as it is; what
+// can't be repaired is told.
+void MakeLegal(Root& tree) { CheckNames(tree); }
+
 bool OpenMainFile(Writer& out) {
   std::string directory = options.RootDir();
   File::CreateDir(directory);  // if it can't be made, opening the file will say so
@@ -112,6 +118,7 @@ void Export(mdk::IMdeEntity* artifact, RunState& state, Writer& out) {
   const bool isRefused = observer != nullptr && !observer->Built(*root);
   if (!isRefused && !OpenMainFile(out)) return;
   Evaluate();
+  MakeLegal(*root);
   if (!isRefused) root->MakeDirectories();
   PrintMessages();
   if (isRefused) return;

@@ -21,9 +21,13 @@ inline constexpr const char* aborted = "\nIDL exporter aborted.\n";
 }  // namespace headings
 
 enum class Severity {
-  warning,
-  error,  ///< keeps the IDL from being written
-  fatal   ///< ends the export at once
+  silent,   ///< told to nobody
+  note,     ///< tells of a repair; told to an observer alone
+  remark,   ///< a warning that is told to an observer alone: the agent's own text is known without
+            ///< it
+  warning,  ///< told to all
+  error,    ///< keeps the IDL from being written
+  fatal     ///< ends the export at once
 };
 
 enum class Message : std::size_t {
@@ -142,7 +146,7 @@ enum class Message : std::size_t {
   multiplicityBoundNotAllowed,
   multiplicityIsCircular,
   multiplicityOfArray,
-  // Names, which are checked only for who asks
+  // Names
   nameMissing,
   nameNotIdentifier,
   nameIsKeyword,
@@ -177,7 +181,15 @@ enum class Message : std::size_t {
   count
 };
 
+/// Whether the run writes the plain form, whatever compilers say of it, and so tells what is not
+/// legal as remarks. False until it is set.
+void SetVerbatim(bool isVerbatim);
+
+/// How grave it is in the current run.
 Severity SeverityOf(Message message);
+/// Whether it says that something is no legal IDL, which only matters where the plain form isn't
+/// all that is wanted.
+bool isAboutLegality(Message message);
 /// A short stable name of what is wrong, in small letters with hyphens ("struct-no-members").
 /// Several messages share one where the same is wrong with different constructs.
 std::string_view RuleOf(Message message);

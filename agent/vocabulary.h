@@ -170,6 +170,7 @@ inline const Tag fileMapping(stereotypes::idlGenerator, "fileMapping");
 inline const Tag fileName(stereotypes::idlGenerator, "fileName");
 inline const Tag fileSuffix(stereotypes::idlGenerator, "fileSuffix");
 inline const Tag isAsyncDefault(stereotypes::idlGenerator, "isAsyncDefault");
+inline const Tag isVerbatim(stereotypes::idlGenerator, "isVerbatim");
 inline const Tag isConstant(stereotypes::corbaAttribute, "isConstant");
 inline const Tag isCustom(stereotypes::corbaValue, "isCustom");
 inline const Tag isDefault(stereotypes::unionCase, "isDefault");

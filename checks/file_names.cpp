@@ -4,24 +4,27 @@
 #include <utility>
 
 #include "agent/vocabulary.h"
-#include "diagnostics/one_line.h"
 #include "options/options.h"
 #include "output/file.h"
 #include "types/identifier.h"
+#include "types/one_line.h"
 
 namespace checks {
 namespace {
 
-using diagnostics::OneLine;
+using mdktoidl::Describe;
+using mdktoidl::ForEachChild;
 using mdktoidl::Module;
+using mdktoidl::OneLine;
 using mdktoidl::options;
+using mdktoidl::Root;
 
 /// What a name holds that must not be in the name of a file; empty for a harmless name.
 std::string_view Danger(std::string_view name) {
   if (name.find('/') != name.npos) return "a slash";
   if (name.find('\\') != name.npos) return "a backslash";
   if (name.find("..") != name.npos) return "'..'";
-  return diagnostics::HasControl(name) ? "a control character" : std::string_view();
+  return mdktoidl::HasControl(name) ? "a control character" : std::string_view();
 }
 
 void CheckArtifact(const Root& root, const std::string& described, DiagnosticList& found) {
@@ -78,7 +81,8 @@ class FileOwners {
 
 }  // namespace
 
-bool CheckFileNames(const Root& root, const std::string& artifactName, DiagnosticList& found) {
+bool CheckFileNames(const mdktoidl::Root& root, const std::string& artifactName,
+                    DiagnosticList& found) {
   const std::string artifact = "artifact " + OneLine(artifactName);
   CheckArtifact(root, artifact, found);
   FileOwners owners(root, artifact, found);

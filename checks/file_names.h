@@ -4,12 +4,14 @@
 
 #include <string>
 
-#include "checks/declarations.h"
+#include "checks/found.h"
+#include "scopes/declarations.h"
 
 namespace checks {
 
 /// Of a tree that is built. `artifactName` is what the artifact is called in messages. False when
 /// files can't be written by these names.
-bool CheckFileNames(const Root& root, const std::string& artifactName, DiagnosticList& found);
+bool CheckFileNames(const mdktoidl::Root& root, const std::string& artifactName,
+                    DiagnosticList& found);
 
 }  // namespace checks

@@ -4,7 +4,7 @@
 file(GLOB agent_sources CONFIGURE_DEPENDS
   ${PROJECT_SOURCE_DIR}/agent/*.cpp ${PROJECT_SOURCE_DIR}/options/*.cpp
   ${PROJECT_SOURCE_DIR}/types/*.cpp ${PROJECT_SOURCE_DIR}/output/*.cpp
-  ${PROJECT_SOURCE_DIR}/tree/*.cpp)
+  ${PROJECT_SOURCE_DIR}/tree/*.cpp ${PROJECT_SOURCE_DIR}/scopes/*.cpp)
 list(REMOVE_ITEM agent_sources ${PROJECT_SOURCE_DIR}/agent/entry.cpp)
 
 add_library(idlexport_core STATIC ${agent_sources})

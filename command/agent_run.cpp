@@ -14,7 +14,6 @@
 #include "agent/export_run.h"
 #include "agent/vocabulary.h"
 #include "checks/file_names.h"
-#include "checks/names.h"
 #include "command/settings.h"
 #include "model/model.h"
 #include "placement/failure.h"
@@ -67,7 +66,7 @@ AgentRun::AgentRun(const xmi::Reader& reader, model::Element& artifact,
     mdktoidl::RunExport(&artifact, this);
   }
   for (const mdktoidl::Diagnostic& each : std::move(found_).Sorted()) {
-    nameDiagnostics_.push_back(diagnostics::Locate(each, reader, artifact));
+    fileNameDiagnostics_.push_back(diagnostics::Locate(each, reader, artifact));
   }
 }
 
@@ -83,7 +82,6 @@ bool AgentRun::Built(const mdktoidl::Root& root) {
 
 void AgentRun::Evaluated(const mdktoidl::Root& root) {
   isEvaluated_ = true;
-  checks::CheckNames(root, found_);
   declarations_ =
       static_cast<std::size_t>(std::ranges::count_if(root.Nodes(), &mdktoidl::Node::isDeclared));
   if (graph_ != nullptr) graph_->Add(root);

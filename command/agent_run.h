@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "agent/export_observer.h"
-#include "checks/declarations.h"
+#include "checks/found.h"
 #include "diagnostics/diagnostic.h"
 #include "model/element.h"
 #include "picture/dependency_graph.h"
@@ -15,7 +15,7 @@
 
 namespace command {
 
-/// Exports one artifact and follows the run from inside: checks the names in its tree, and keeps
+/// Exports one artifact and follows the run from inside: checks the names of its files, and keeps
 /// all that is told, with its location in the model.
 class AgentRun : private mdktoidl::ExportObserver {
  public:
@@ -30,8 +30,10 @@ class AgentRun : private mdktoidl::ExportObserver {
   bool IsRefused() const { return isRefused_; }
   /// The tree was evaluated to its end.
   bool IsEvaluated() const { return isEvaluated_ && !isAborted_; }
-  /// What is wrong with the names, in the order of the declarations.
-  const std::vector<diagnostics::Diagnostic>& NameDiagnostics() const { return nameDiagnostics_; }
+  /// What is wrong with the names of files, in the order of the declarations.
+  const std::vector<diagnostics::Diagnostic>& FileNameDiagnostics() const {
+    return fileNameDiagnostics_;
+  }
   /// What the agent told, in the order told, and its text, piece by piece.
   const std::vector<diagnostics::Diagnostic>& Told() const { return told_; }
   const std::vector<std::string>& Text() const { return text_; }
@@ -49,7 +51,7 @@ class AgentRun : private mdktoidl::ExportObserver {
   model::Element& artifact_;
   picture::GraphMaker* graph_;
   checks::DiagnosticList found_;
-  std::vector<diagnostics::Diagnostic> nameDiagnostics_;
+  std::vector<diagnostics::Diagnostic> fileNameDiagnostics_;
   std::vector<diagnostics::Diagnostic> told_;
   std::vector<std::string> text_;
   std::size_t declarations_ = 0;

@@ -8,14 +8,14 @@
 
 #include "agent/vocabulary.h"
 #include "command/settings.h"
-#include "diagnostics/one_line.h"
 #include "placement/failure.h"
+#include "types/one_line.h"
 
 namespace command {
 namespace {
 
-using diagnostics::HasControl;
-using diagnostics::OneLine;
+using mdktoidl::HasControl;
+using mdktoidl::OneLine;
 using placement::Failure;
 using placement::kBadInput;
 

@@ -9,10 +9,10 @@
 
 #include "command/artifact_choice.h"
 #include "command/settings.h"
-#include "diagnostics/one_line.h"
 #include "picture/graph.h"
 #include "placement/comparison.h"
 #include "placement/whole_file.h"
+#include "types/one_line.h"
 
 namespace command {
 namespace {
@@ -32,8 +32,8 @@ std::string ManifestName(const xmi::Reader& reader, const model::Element& artifa
   const std::string id = reader.IdOf(artifact);
   const fs::path model = placement::Canonical(reader.Locate(artifact).file);
   const fs::path directory = placement::Canonical(output);
-  return diagnostics::OneLine(model.lexically_relative(directory).generic_string() + "#" +
-                              (id.empty() ? NameOf(reader, artifact) : id));
+  return mdktoidl::OneLine(model.lexically_relative(directory).generic_string() + "#" +
+                           (id.empty() ? NameOf(reader, artifact) : id));
 }
 
 void CheckThatFilesAreWhole(const StagedExport& exported) {
@@ -180,8 +180,12 @@ AgentRun ExportSession::RunAgent(model::Element& artifact, const fs::path& direc
   return run;
 }
 
+// What is no legal IDL is told with its location: in the agent's text alone, users would search for
+// what clashes with what.
 void ExportSession::Tell(const AgentRun& run) {
-  for (Diagnostic diagnostic : run.NameDiagnostics()) {
+  for (const Diagnostic& diagnostic : run.FileNameDiagnostics()) report_.Add(diagnostic);
+  for (Diagnostic diagnostic : run.Told()) {
+    if (!diagnostic.isAboutLegality) continue;
     if (options_.strict) diagnostic.severity = diagnostics::Severity::kError;
     report_.Add(diagnostic);
   }
@@ -189,7 +193,9 @@ void ExportSession::Tell(const AgentRun& run) {
   for (const std::string& piece : run.Text()) {
     if (isWorthTelling) report_.AgentText(piece);
   }
-  for (const Diagnostic& diagnostic : run.Told()) report_.AddTold(diagnostic);
+  for (const Diagnostic& diagnostic : run.Told()) {
+    if (!diagnostic.isAboutLegality) report_.AddTold(diagnostic);
+  }
 }
 
 placement::ExitStatus ExportSession::UseFiles() {
@@ -252,6 +258,7 @@ void ExportSession::Summarise() const {
     text = Counted(placed_.written, "file") + " written, " + std::to_string(placed_.unchanged) +
            " unchanged, " + std::to_string(placed_.removed) + " removed; ";
   }
+  if (report_.Notes() != 0) text += Counted(report_.Notes(), "repair") + "; ";
   report_.Say(text + Counted(declarations_, "declaration") + "; " + seconds);
 }
 

@@ -120,6 +120,9 @@ class CommandLine {
            std::map<std::string, std::string>{{"true", "true"}, {"false", "false"}},
            "Whether operations that don't say are oneway: true or false")
         ->type_name("BOOL");
+    app_.add_flag_callback(
+        "--verbatim", [this] { options_.overrides.isVerbatim = "true"; },
+        "Write everything as the model has it, also where no compiler takes it");
   }
 
   void AddMessages() {
@@ -138,7 +141,7 @@ class CommandLine {
                                                        {"never", diagnostics::ColourMode::kNever}},
         "Whether messages are coloured: auto, always or never")
         ->type_name("WHEN");
-    Flag("--strict", options_.strict, "Names that are not legal in IDL are errors");
+    Flag("--strict", options_.strict, "With --verbatim: what is not legal IDL is an error");
     Flag("--werror", options_.warningsAreErrors, "Fail when there are warnings");
     Flag("-q,--quiet", options_.quiet, "No progress line and nothing without consequence");
     Flag("--summary", options_.summary, "Say at the end what was done");

@@ -28,6 +28,7 @@ struct Overrides {
   std::optional<std::string> fileName;
   std::optional<std::string> fileSuffix;
   std::optional<std::string> isAsyncDefault;  ///< "true" or "false".
+  std::optional<std::string> isVerbatim;      ///< The same.
 };
 
 struct Options {
@@ -46,7 +47,7 @@ struct Options {
   bool prune = false;
   /// Warnings make the run fail.
   bool warningsAreErrors = false;
-  /// Names that are not legal in IDL are errors.
+  /// What the plain form has that is not legal IDL is an error.
   bool strict = false;
 
   /// Files to write besides the IDL; left out: not written.

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <system_error>
 
-#include "diagnostics/one_line.h"
+#include "types/one_line.h"
 
 namespace command {
 namespace {
@@ -84,7 +84,7 @@ void Progress::Run() {
 }
 
 void Progress::Draw() {
-  WriteRaw("\r\033[K" + Fitting(diagnostics::OneLine(line_()), TerminalWidth()));
+  WriteRaw("\r\033[K" + Fitting(mdktoidl::OneLine(line_()), TerminalWidth()));
   shown_ = true;
 }
 

@@ -48,9 +48,14 @@ void Report::Add(const Diagnostic& diagnostic) {
   if (isNew && !IsDocument()) Tell(diagnostic);
 }
 
+std::size_t& Report::CountOf(Severity severity) {
+  if (severity == Severity::kNote) return notes_;
+  return severity == Severity::kError ? errors_ : warnings_;
+}
+
 bool Report::Keep(const Diagnostic& diagnostic) {
   if (!kept_.insert(diagnostic).second) return false;
-  ++(diagnostic.severity == Severity::kError ? errors_ : warnings_);
+  ++CountOf(diagnostic.severity);
   if (IsDocument()) document_.push_back(diagnostic);
   return true;
 }
@@ -61,12 +66,19 @@ void Report::Tell(const Diagnostic& diagnostic) {
 
 void Report::Fail(const std::string& text) {
   Say(text);
-  Keep({Severity::kError, text, "failure", {}, {}, {}});
+  Diagnostic failure;
+  failure.severity = Severity::kError;
+  failure.text = text;
+  failure.rule = "failure";
+  Keep(failure);
 }
 
 void Report::FailToRead(const xmi::ReadError& error) {
-  const Diagnostic diagnostic{Severity::kError, error.Text(), "model-unreadable",
-                              error.Where(),    {},           {}};
+  Diagnostic diagnostic;
+  diagnostic.severity = Severity::kError;
+  diagnostic.text = error.Text();
+  diagnostic.rule = "model-unreadable";
+  diagnostic.location = error.Where();
   Keep(diagnostic);
   if (options_.diagnostics == DiagnosticForm::kGcc) return Tell(diagnostic);
   Say(error.what());

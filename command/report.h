@@ -40,6 +40,8 @@ class Report {
 
   std::size_t Errors() const { return errors_; }
   std::size_t Warnings() const { return warnings_; }
+  /// What was repaired.
+  std::size_t Notes() const { return notes_; }
 
   /// Writes the document of diagnostics, if one was asked for.
   void Finish();
@@ -49,6 +51,7 @@ class Report {
   bool IsResultOnOutput() const;
   /// False for one that was kept before: what several artifacts export is told of by each.
   bool Keep(const diagnostics::Diagnostic& diagnostic);
+  std::size_t& CountOf(diagnostics::Severity severity);
   void Tell(const diagnostics::Diagnostic& diagnostic);
   void WriteError(const std::string& text);
 
@@ -61,6 +64,7 @@ class Report {
   std::set<diagnostics::Diagnostic> kept_;
   std::size_t errors_ = 0;
   std::size_t warnings_ = 0;
+  std::size_t notes_ = 0;
 };
 
 }  // namespace command

@@ -66,6 +66,7 @@ void Apply(const Overrides& overrides, model::Element& artifact) {
   set(tags::fileName, overrides.fileName);
   set(tags::fileSuffix, overrides.fileSuffix);
   set(tags::isAsyncDefault, overrides.isAsyncDefault);
+  set(tags::isVerbatim, overrides.isVerbatim);
 }
 
 fs::path PlanTargetDirectory(const TargetRequest& request) {

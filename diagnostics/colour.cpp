@@ -11,6 +11,7 @@ namespace {
 
 constexpr std::string_view boldRed = "\x1b[1;31m";
 constexpr std::string_view boldMagenta = "\x1b[1;35m";
+constexpr std::string_view boldCyan = "\x1b[1;36m";
 constexpr std::string_view plain = "\x1b[m";
 
 /// A piece of the agent's text that says how grave the rest is, and the word in it that does.
@@ -50,7 +51,8 @@ bool UsesColour(ColourMode mode, int stream) {
 }
 
 std::string Coloured(std::string_view text, Severity severity) {
-  std::string coloured(severity == Severity::kError ? boldRed : boldMagenta);
+  constexpr std::string_view colours[] = {boldCyan, boldMagenta, boldRed};
+  std::string coloured(colours[static_cast<std::size_t>(severity)]);
   return coloured.append(text).append(plain);
 }
 

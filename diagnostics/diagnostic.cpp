@@ -32,6 +32,13 @@ std::string SummaryOf(const std::map<std::string, std::size_t>& passedOver) {
   return "passed over " + line;
 }
 
+Severity SeverityFor(mdktoidl::Severity severity) {
+  if (severity == mdktoidl::Severity::note) return Severity::kNote;
+  const bool isWarning =
+      severity == mdktoidl::Severity::warning || severity == mdktoidl::Severity::remark;
+  return isWarning ? Severity::kWarning : Severity::kError;
+}
+
 /// Tells where an element stands and what it is called.
 void PointAt(const xmi::Reader& reader, const model::Element& element, Diagnostic& diagnostic) {
   diagnostic.location = reader.Locate(element);
@@ -54,8 +61,8 @@ Diagnostic Locate(const mdktoidl::Diagnostic& found, const xmi::Reader& reader,
                   const model::Element& artifact) {
   const mdktoidl::Severity severity = SeverityOf(found.message);
   Diagnostic located;
-  located.severity =
-      severity == mdktoidl::Severity::warning ? Severity::kWarning : Severity::kError;
+  located.severity = SeverityFor(severity);
+  located.isAboutLegality = mdktoidl::isAboutLegality(found.message);
   located.text = severity == mdktoidl::Severity::fatal ? "export aborted: " : "";
   located.text += TextOf(found);
   if (located.text.ends_with('.')) located.text.pop_back();
@@ -63,6 +70,9 @@ Diagnostic Locate(const mdktoidl::Diagnostic& found, const xmi::Reader& reader,
   const auto* element = static_cast<const model::Element*>(found.element);
   if (element != nullptr) PointAt(reader, *element, located);
   if (located.location.file.empty()) PointAt(reader, artifact, located);
+  for (const auto& [related, text] : found.related) {
+    located.related.push_back({text, reader.Locate(static_cast<const model::Element&>(*related))});
+  }
   return located;
 }
 

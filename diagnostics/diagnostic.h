@@ -11,7 +11,13 @@
 
 namespace diagnostics {
 
-enum class Severity { kWarning, kError };
+enum class Severity { kNote, kWarning, kError };
+
+/// An element that a diagnostic is about as well.
+struct Related {
+  std::string text;  ///< what is to be seen there
+  xmi::Location location;
+};
 
 struct Diagnostic {
   Severity severity = Severity::kWarning;
@@ -25,6 +31,9 @@ struct Diagnostic {
   /// element is to blame or it has none.
   std::string element;
   std::string id;
+  std::vector<Related> related;
+  /// It tells of what is no legal IDL.
+  bool isAboutLegality = false;
 
   /// By the location first.
   friend bool operator<(const Diagnostic& left, const Diagnostic& right);

@@ -40,16 +40,32 @@ std::size_t Count(std::span<const Diagnostic> diagnostics, Severity severity) {
                     [severity](const Diagnostic& each) { return each.severity == severity; }));
 }
 
+std::string_view WordFor(Severity severity) {
+  if (severity == Severity::kNote) return "note";
+  return severity == Severity::kError ? "error" : "warning";
+}
+
+void AddLocation(const xmi::Location& location, Json& json) {
+  if (location.file.empty()) return;
+  json["file"] = location.file;
+  if (location.line != 0) json["line"] = location.line;
+  if (location.column != 0) json["column"] = location.column;
+}
+
+Json JsonOf(const Related& related) {
+  Json json = {{"message", related.text}};
+  AddLocation(related.location, json);
+  return json;
+}
+
 Json JsonOf(const Diagnostic& diagnostic) {
-  Json json = {{"severity", diagnostic.severity == Severity::kError ? "error" : "warning"},
+  Json json = {{"severity", WordFor(diagnostic.severity)},
                {"rule", diagnostic.rule},
                {"message", diagnostic.text}};
-  const xmi::Location& location = diagnostic.location;
-  if (!location.file.empty()) json["file"] = location.file;
-  if (!location.file.empty() && location.line != 0) json["line"] = location.line;
-  if (!location.file.empty() && location.column != 0) json["column"] = location.column;
+  AddLocation(diagnostic.location, json);
   if (!diagnostic.element.empty()) json["element"] = diagnostic.element;
   if (!diagnostic.id.empty()) json["id"] = diagnostic.id;
+  for (const Related& related : diagnostic.related) json["related"].push_back(JsonOf(related));
   return json;
 }
 
@@ -59,7 +75,8 @@ std::string JsonForm(std::span<const Diagnostic> diagnostics) {
   const Json frame = {{"version", 1},
                       {"summary",
                        {{"errors", Count(diagnostics, Severity::kError)},
-                        {"warnings", Count(diagnostics, Severity::kWarning)}}},
+                        {"warnings", Count(diagnostics, Severity::kWarning)},
+                        {"notes", Count(diagnostics, Severity::kNote)}}},
                       {"diagnostics", Json::array()}};
   return JsonWithList(frame, diagnostics.size(),
                       [diagnostics](std::size_t i) { return JsonOf(diagnostics[i]); });
@@ -130,10 +147,14 @@ Json ResultOf(const Diagnostic& diagnostic, const std::vector<std::string_view>&
   const auto rule = std::lower_bound(ids.begin(), ids.end(), diagnostic.rule);
   Json result = {{"ruleId", diagnostic.rule},
                  {"ruleIndex", rule - ids.begin()},
-                 {"level", diagnostic.severity == Severity::kError ? "error" : "warning"},
+                 {"level", WordFor(diagnostic.severity)},
                  {"message", {{"text", diagnostic.text}}}};
   Json location = LocationOf(diagnostic);
   if (!location.empty()) result["locations"] = Json::array({std::move(location)});
+  for (const Related& related : diagnostic.related) {
+    result["relatedLocations"].push_back({{"physicalLocation", PhysicalLocation(related.location)},
+                                          {"message", {{"text", related.text}}}});
+  }
   if (!diagnostic.id.empty()) {
     result["partialFingerprints"] = {{"ruleAndId/v1", diagnostic.rule + ":" + diagnostic.id}};
     result["properties"] = {{"id", diagnostic.id}};

@@ -1,6 +1,7 @@
 #include "options/options.h"
 
 #include "agent/idl_exception.h"
+#include "agent/messages.h"
 #include "agent/vocabulary.h"
 #include "options/path.h"
 
@@ -26,12 +27,20 @@ std::string LiteralSetting(mdk::IMdeEntity* element, const Tag& tag) {
   return Setting(element, tag, tag.Name())->GetValue(properties::name, 0);
 }
 
+/// False when the artifact lacks it: models are older than the setting.
+bool BooleanSetting(mdk::IMdeEntity* element, const Tag& tag) {
+  mdk::IMdeEntity* value = element->EvalExpression(tag.Expression(), 0);
+  return value != nullptr && value->GetValue(properties::name, 0) == "true";
+}
+
 }  // namespace
 
 // What the messages call them is irregular ("fileFname", full stops in three of five); users
 // search for the messages as they are.
 void Options::SetOptions(mdk::IMdeEntity* generator) {
   element = generator;
+  verbatim = BooleanSetting(element, tags::isVerbatim);
+  SetVerbatim(verbatim);
   targetDir = TextSetting(element, tags::targetDir, tags::targetDir.Name() + ".");
   fileName = TextSetting(element, tags::fileName, "IDLGenerator::fileFname.");
   if (fileName.empty()) fileName = element->GetValue(properties::name, 0);

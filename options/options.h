@@ -29,6 +29,9 @@ class Options {
   FileMapping Mapping() const;
   /// Whether an operation that doesn't say is oneway.
   bool isOneway() const { return isAsyncDefault == "true"; }
+  /// Whether the plain form is written, whatever compilers say of it. False for an artifact that
+  /// doesn't say.
+  bool isVerbatim() const { return verbatim; }
   /// The directory that all output goes under.
   std::string RootDir() const { return rootDir; }
   /// The directory of the file that holds the artifact.
@@ -46,6 +49,7 @@ class Options {
   mdk::IMdeEntity* element = nullptr;
   std::string isAsyncDefault;
   std::string rootDir;
+  bool verbatim = false;
 };
 
 /// The settings of the current run.

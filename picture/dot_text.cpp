@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "diagnostics/one_line.h"
+#include "types/one_line.h"
 #include "tree/interfaces.h"
 
 namespace picture {
@@ -21,7 +21,7 @@ constexpr std::string_view head =
 /// mean anything.
 std::string Quoted(std::string_view text) {
   std::string quoted = "\"";
-  for (const char character : diagnostics::OneLine(text)) {
+  for (const char character : mdktoidl::OneLine(text)) {
     if (character == '"' || character == '\\') quoted += '\\';
     quoted += character;
     if (character == '&') quoted += "amp;";

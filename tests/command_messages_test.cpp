@@ -102,12 +102,12 @@ TEST_F(CommandMessagesTest, WarningsFailOnlyWhenAskedTo) {
 
 TEST_F(CommandMessagesTest, NamesThatAreNotLegalFailOnlyWhenStrict) {
   Write("keyword.uml", support::Replaced(Data("target.uml"), "\"one\"/>", "\"Struct\"/>"));
-  const ProcessResult lenient = Run({"-o", "out", "keyword.uml"});
+  const ProcessResult lenient = Run({"--verbatim", "-o", "out", "keyword.uml"});
   EXPECT_EQ(lenient.status, 0);
   EXPECT_THAT(lenient.errors, AllOf(HasSubstr("keyword.uml:6:"), HasSubstr("warning: "),
                                     HasSubstr("[idl-keyword]")));
   EXPECT_THAT(Text("out/files.idl"), HasSubstr("Struct"));
-  const ProcessResult strict = Run({"--strict", "-o", "strict", "keyword.uml"});
+  const ProcessResult strict = Run({"--verbatim", "--strict", "-o", "strict", "keyword.uml"});
   EXPECT_EQ(strict.status, 1);
   EXPECT_THAT(strict.errors, AllOf(HasSubstr("error: "), HasSubstr("[idl-keyword]")));
   EXPECT_FALSE(Exists("strict"));

@@ -23,38 +23,43 @@ const Diagnostic all[] = {
      "struct-no-members",
      {"m.uml", 3, 7},
      "M::S",
-     "s1"},
+     "s1",
+     {{"the other S", {"n.uml", 5, 2}}}},
     {Severity::kError,
      "name \"a\nb\x1b\x7f\"",
      "idl-identifier",
      {"/a b/\xC3\xA9#?.uml", 4, 0},
      "M::a\nb",
-     ""},
-    {Severity::kError, "bad \xFF\xC3 text", "of-a-colleague", {"a:b/../%.uml", 0, 0}, "", "\xFF"},
-    {Severity::kWarning, "nothing to blame", "struct-no-members", {}, "", ""},
+     "",
+     {}},
+    {Severity::kError, "bad \xFF\xC3 text", "of-a-colleague", {"a:b/../%.uml", 0, 0}, "", "\xFF", {}},
+    {Severity::kWarning, "nothing to blame", "struct-no-members", {}, "", "", {}},
 };
 
 TEST(GccForm, IsOneLineEach) {
   EXPECT_EQ(diagnostics::GccForm({}), "");
   EXPECT_EQ(diagnostics::GccForm(all),
             "m.uml:3:7: warning: struct S has no members [struct-no-members]\n"
+            "n.uml:5:2: note: the other S\n"
             "/a b/\xC3\xA9#?.uml:4: error: name \"a\\nb\\x1b\\x7f\" [idl-identifier]\n"
             "a:b/../%.uml: error: bad \xFF\xC3 text [of-a-colleague]\n"
             "idlexport: warning: nothing to blame [struct-no-members]\n");
   EXPECT_EQ(diagnostics::GccForm({&all[0], 1}, true),
-            "m.uml:3:7: \x1b[1;35mwarning:\x1b[m struct S has no members [struct-no-members]\n");
+            "m.uml:3:7: \x1b[1;35mwarning:\x1b[m struct S has no members [struct-no-members]\n"
+            "n.uml:5:2: \x1b[1;36mnote:\x1b[m the other S\n");
 }
 
 TEST(JsonForm, HasWhatIsKnown) {
   EXPECT_EQ(diagnostics::JsonForm({}),
-            "{\"version\":1,\"summary\":{\"errors\":0,\"warnings\":0},\"diagnostics\":[]}\n");
+            "{\"version\":1,\"summary\":{\"errors\":0,\"warnings\":0,\"notes\":0},\"diagnostics\":[]}\n");
   const json found = json::parse(diagnostics::JsonForm(all));
   EXPECT_EQ(found, json::parse(R"({
     "version": 1,
-    "summary": {"errors": 2, "warnings": 2},
+    "summary": {"errors": 2, "warnings": 2, "notes": 0},
     "diagnostics": [
       {"severity": "warning", "rule": "struct-no-members", "message": "struct S has no members",
-       "file": "m.uml", "line": 3, "column": 7, "element": "M::S", "id": "s1"},
+       "file": "m.uml", "line": 3, "column": 7, "element": "M::S", "id": "s1",
+       "related": [{"message": "the other S", "file": "n.uml", "line": 5, "column": 2}]},
       {"severity": "error", "rule": "idl-identifier", "message": "name \"a\nb\u001b\u007f\"",
        "file": "/a b/é#?.uml", "line": 4, "element": "M::a\nb"},
       {"severity": "error", "rule": "of-a-colleague", "message": "bad \ufffd\ufffd text",

@@ -3,13 +3,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
+#include <iterator>
 #include <span>
 #include <string>
 #include <tuple>
 #include <vector>
 
-#include "checks/names.h"
 #include "command/agent_run.h"
 #include "tests/support/process.h"
 #include "tests/support/small_model.h"
@@ -28,7 +29,10 @@ using testing::IsEmpty;
 /// What is found in a model that is read, by an export of it.
 std::vector<Diagnostic> FoundIn(XmiFiles& files) {
   const support::ScratchDirectory scratch;
-  return command::AgentRun(files.Reader(), files["out"], scratch.Path(), nullptr).NameDiagnostics();
+  const command::AgentRun run(files.Reader(), files["out"], scratch.Path(), nullptr);
+  std::vector<Diagnostic> found = run.FileNameDiagnostics();
+  std::ranges::copy_if(run.Told(), std::back_inserter(found), &Diagnostic::isAboutLegality);
+  return found;
 }
 
 /// "error [rule] text", one for each finding.
@@ -49,7 +53,7 @@ std::string CompilerErrors(const std::string& model) {
   const support::ScratchDirectory directory;
   support::WriteFile(directory.Path() / "model.uml", model);
   const ProcessResult run =
-      support::RunProcess({IDLEXPORT_COMMAND, "-o", "out", "model.uml"}, directory.Path());
+      support::RunProcess({IDLEXPORT_COMMAND, "--verbatim", "-o", "out", "model.uml"}, directory.Path());
   EXPECT_EQ(run.status, 0) << run.output << run.errors;
   const ProcessResult compiled =
       support::RunProcess({IDLEXPORT_OMNIIDL, "-bdump", "out/Out.idl"}, directory.Path());
@@ -66,8 +70,8 @@ struct NameCase {
 void ExpectFindings(const std::string& rule, std::span<const NameCase> cases) {
   for (const auto& [text, finding] : cases) {
     SCOPED_TRACE(text);
-    const std::string model =
-        support::SmallModel(text.starts_with("module") ? text : "module M { " + text + " }");
+    const std::string model = support::SmallModel(
+        text.starts_with("module") ? text : "module M { " + text + " }", "isVerbatim=\"true\"");
     std::string found;
     for (const std::string& each : Findings(model)) found += (found.empty() ? "" : "; ") + each;
     EXPECT_EQ(support::Replaced(found, "[" + rule + "] ", ""), finding);

@@ -82,7 +82,8 @@ ExportBench::~ExportBench() { fs::current_path(previous_); }
 
 Element& ExportBench::Artifact(std::initializer_list<Element*> elements, Tags settings) {
   // The values of the first application prevail, so the second gives defaults.
-  Element& artifact = Mark(Generator("Out", settings), "IDLGenerator", {{"targetDir", "out"}});
+  Element& artifact = Mark(Generator("Out", settings), "IDLGenerator",
+                           {{"targetDir", "out"}, {"isVerbatim", "true"}});
   for (Element* element : elements) Manifest(artifact, *element);
   return artifact;
 }
@@ -110,7 +111,7 @@ void ExpectOutcomes(std::span<const OutcomeCase> cases, Tags settings) {
 Exported ExportSmallModel(std::string_view text, const std::string& settings) {
   const ExportBench bench;
   XmiFiles files;
-  files.Write("model.uml", SmallModel(text, "targetDir=\"out\" " + settings)).Read();
+  files.Write("model.uml", SmallModel(text, "targetDir=\"out\" isVerbatim=\"true\" " + settings)).Read();
   return bench.Run(&files["out"]);
 }
 

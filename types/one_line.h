@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace diagnostics {
+namespace mdktoidl {
 
 /// The text with control characters written as C escapes ("\n", "\x01"); all else stays.
 std::string OneLine(std::string_view text);
@@ -12,4 +12,4 @@ std::string OneLine(std::string_view text);
 /// Whether a text holds a control character of ASCII.
 bool HasControl(std::string_view text);
 
-}  // namespace diagnostics
+}  // namespace mdktoidl

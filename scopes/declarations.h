@@ -1,21 +1,13 @@
-// What the checks share: a way through the tree's declarations, and the list of what is found.
+// Ways through the tree's declarations, and what to call one.
 #pragma once
 
 #include <cstdint>
-#include <initializer_list>
 #include <string>
-#include <string_view>
-#include <utility>
 #include <vector>
 
-#include "agent/diagnostics.h"
 #include "tree/module.h"
 
-namespace checks {
-
-using mdktoidl::Message;
-using mdktoidl::Node;
-using mdktoidl::Root;
+namespace mdktoidl {
 
 /// Calls `visit` with each declaration directly inside a node of the tree.
 template <typename Visit>
@@ -47,21 +39,4 @@ std::string Describe(const Node& node);
 /// The declaration at the top that one is or stands in.
 const Node& Outermost(const Node& node);
 
-/// What was found, by declaration.
-class DiagnosticList {
- public:
-  void Report(const Node& node, Message message, std::initializer_list<std::string_view> pieces) {
-    found_.emplace_back(node.Serial(), mdktoidl::Diagnostic{
-                                           message, node.Entity(), {pieces.begin(), pieces.end()}});
-  }
-
-  bool HasErrors() const;
-
-  /// In the order of the declarations, those about the artifact first.
-  std::vector<mdktoidl::Diagnostic> Sorted() &&;
-
- private:
-  std::vector<std::pair<std::uint32_t, mdktoidl::Diagnostic>> found_;
-};
-
-}  // namespace checks
+}  // namespace mdktoidl

@@ -1,4 +1,4 @@
-#include "checks/declared_names.h"
+#include "scopes/declared_names.h"
 
 #include <algorithm>
 #include <bit>
@@ -6,7 +6,7 @@
 
 #include "types/identifier.h"
 
-namespace checks {
+namespace mdktoidl {
 namespace {
 
 /// Tells hashes that occur once, in so little memory that asking costs next to nothing.
@@ -31,11 +31,11 @@ class RecurringHashes {
 };
 
 struct NameHash {
-  std::size_t operator()(std::string_view name) const { return mdktoidl::HashOfName(name); }
+  std::size_t operator()(std::string_view name) const { return HashOfName(name); }
 };
 struct NameEqual {
   bool operator()(std::string_view left, std::string_view right) const {
-    return mdktoidl::IsSameName(left, right);
+    return IsSameName(left, right);
   }
 };
 
@@ -71,8 +71,8 @@ DeclaredNames::DeclaredNames(const Root& root) {
 
 void DeclaredNames::NoteUses(const Root& root) {
   const auto isKnown = [this](const Node& used) { return MayClash(Of(used)); };
-  for (const mdktoidl::Use& use : root.AllUses()) {
-    const bool isSimple = use.spelling == mdktoidl::Spelling::simple;
+  for (const Use& use : root.AllUses()) {
+    const bool isSimple = use.spelling == Spelling::simple;
     if (isKnown(isSimple ? *use.used : Outermost(*use.used))) {
       clashing_.push_back(use.user->Serial());
     }
@@ -85,4 +85,4 @@ bool DeclaredNames::MayClashIn(const Node& declaration) const {
   return first != clashing_.end() && *first <= declaration.LastSerial();
 }
 
-}  // namespace checks
+}  // namespace mdktoidl

@@ -2,16 +2,11 @@
 #include <unordered_set>
 #include <vector>
 
-#include "checks/name_checks.h"
+#include "scopes/name_checks.h"
 #include "tree/use.h"
 
-namespace checks {
+namespace mdktoidl {
 namespace {
-
-using mdktoidl::Inheritance;
-using mdktoidl::Spelling;
-using mdktoidl::Use;
-using mdktoidl::UseRole;
 
 /// Looks simple names up as IDL does: outward through the scopes around their user, and in each in
 /// its bases.
@@ -61,15 +56,15 @@ class LookUp {
 }  // namespace
 
 // The facets of a segment are looked up in its component, and need no scope.
-void CheckVisibility(const Root& root, DiagnosticList& found) {
+void CheckVisibility(const Root& root) {
   LookUp lookUp(root);
   for (const Use& use : root.AllUses()) {
     if (use.isInScope || use.spelling != Spelling::simple || use.role == UseRole::provides)
       continue;
     if (!use.user->isDeclared() || lookUp.Finds(use)) continue;
-    found.Report(*use.user, Message::nameNotVisible, {Describe(*use.user), Describe(*use.used)});
+    (*use.user).Report(Message::nameNotVisible, {Describe(*use.user), Describe(*use.used)});
   }
-  if (lookUp.IsExhausted()) found.Report(root, Message::namesInheritedTooWidely, {});
+  if (lookUp.IsExhausted()) root.Report(Message::namesInheritedTooWidely, {});
 }
 
-}  // namespace checks
+}  // namespace mdktoidl

@@ -1,8 +1,8 @@
-#include "diagnostics/one_line.h"
+#include "types/one_line.h"
 
 #include <algorithm>
 
-namespace diagnostics {
+namespace mdktoidl {
 namespace {
 
 bool IsControl(char character) {
@@ -41,4 +41,4 @@ std::string OneLine(std::string_view text) {
   return line;
 }
 
-}  // namespace diagnostics
+}  // namespace mdktoidl

@@ -6,16 +6,11 @@
 #include <utility>
 #include <vector>
 
-#include "checks/name_checks.h"
+#include "scopes/name_checks.h"
 #include "tree/use.h"
 
-namespace checks {
+namespace mdktoidl {
 namespace {
-
-using mdktoidl::Inheritance;
-using mdktoidl::Spelling;
-using mdktoidl::Use;
-using mdktoidl::UseRole;
 
 bool IsHeir(const Node& node) { return node.Kind().heredity == Inheritance::inherits; }
 
@@ -98,7 +93,7 @@ class MemberCollector {
 
  private:
   void Add(const Member& member) {
-    if (!checks::MayClash(member.name)) return;
+    if (!mdktoidl::MayClash(member.name)) return;
     ++counts_[member.name];
     members_.push_back(member);
   }
@@ -127,8 +122,7 @@ std::vector<Member> MembersOf(const Root& root, std::span<const Node* const> hei
 /// inherits is entered once for each name, so neither diamonds nor circles make it long.
 class NameInheritance {
  public:
-  NameInheritance(std::span<const Edge> edges, DiagnosticList& found)
-      : edges_(edges), found_(found) {}
+  NameInheritance(std::span<const Edge> edges) : edges_(edges) {}
 
   /// Returns how much there was to do.
   std::size_t Check(std::span<const Member> members) {
@@ -174,13 +168,13 @@ class NameInheritance {
     const Node& other = *entry->second;
     if ((!isOwn && &other == &member) || !reported_.insert(&heir).second) return;
     if (isOwn) {
-      found_.Report(*own->second, Message::nameClashesWithInherited,
-                    {Describe(*own->second), Describe(member)});
+      own->second->Report(Message::nameClashesWithInherited,
+                          {Describe(*own->second), Describe(member)});
     } else {
       const bool isEarlier = other.Serial() < member.Serial();
-      found_.Report(heir, Message::nameInheritedTwice,
-                    {Describe(heir), Describe(isEarlier ? other : member),
-                     Describe(isEarlier ? member : other)});
+      heir.Report(Message::nameInheritedTwice,
+                  {Describe(heir), Describe(isEarlier ? other : member),
+                   Describe(isEarlier ? member : other)});
     }
   }
 
@@ -188,13 +182,12 @@ class NameInheritance {
     const auto used = used_.find(&heir);
     if (used == used_.end() || used->second->declaration == &member) return;
     const Node& user = *used->second->user;
-    found_.Report(user, Message::nameHiddenByInherited,
-                  {Describe(user), Describe(*used->second->declaration), Describe(member)});
+    user.Report(Message::nameHiddenByInherited,
+                {Describe(user), Describe(*used->second->declaration), Describe(member)});
     used_.erase(used);
   }
 
   std::span<const Edge> edges_;
-  DiagnosticList& found_;
   // Looked up only, never walked through: their order means nothing.
   std::unordered_map<const Node*, const Node*> own_;        // by owner, the first
   std::unordered_map<const Node*, const Node*> inherited_;  // what each passes on
@@ -214,13 +207,13 @@ bool MayClash(std::span<const Member> members) {
 
 // Names that only one interface declares, which is most of them, cost nothing further. What many
 // declare is followed as far as that costs no more than a fixed multiple of the model's size.
-void CheckInheritance(const Root& root, const DeclaredNames& names, DiagnosticList& found) {
+void CheckInheritance(const Root& root, const DeclaredNames& names) {
   constexpr std::size_t stepsPerDeclaration = 64;
   const std::vector<const Node*> heirs = HeirsIn(root);
   const std::vector<Edge> edges = EdgesOf(heirs);
   if (edges.empty()) return;
   const std::vector<Member> members = MembersOf(root, heirs, names, edges);
-  NameInheritance inheritance(edges, found);
+  NameInheritance inheritance(edges);
   std::size_t steps = 0;
   for (auto first = members.begin(); first != members.end();) {
     const auto last = std::find_if(
@@ -228,10 +221,10 @@ void CheckInheritance(const Root& root, const DeclaredNames& names, DiagnosticLi
     const std::span<const Member> ofOneName(first, last);
     if (MayClash(ofOneName)) steps += inheritance.Check(ofOneName);
     if (steps > stepsPerDeclaration * (root.Nodes().size() + edges.size())) {
-      return found.Report(root, Message::namesInheritedTooWidely, {});
+      return root.Report(Message::namesInheritedTooWidely, {});
     }
     first = last;
   }
 }
 
-}  // namespace checks
+}  // namespace mdktoidl

@@ -8,9 +8,9 @@
 #include <cstdint>
 #include <vector>
 
-#include "checks/declarations.h"
+#include "scopes/declarations.h"
 
-namespace checks {
+namespace mdktoidl {
 
 using NameNumber = std::uint32_t;
 /// The number of declarations without a name.
@@ -75,4 +75,4 @@ class ScopeNames {
   std::uint32_t scope_ = 1;
 };
 
-}  // namespace checks
+}  // namespace mdktoidl

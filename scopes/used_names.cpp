@@ -1,15 +1,10 @@
-#include "checks/used_names.h"
+#include "scopes/used_names.h"
 
 #include "tree/unions.h"
 #include "types/identifier.h"
 
-namespace checks {
+namespace mdktoidl {
 namespace {
-
-using mdktoidl::ScopeKind;
-using mdktoidl::Spelling;
-using mdktoidl::Use;
-using mdktoidl::UseRole;
 
 /// Whether the name found is that of what is used, or one of the enumerators that it declares.
 bool IsItself(const Node& found, const Node& used) {
@@ -21,8 +16,7 @@ bool IsReopened(const Node& one, const Node& other) {
   const auto isTopModule = [](const Node& node) {
     return node.isModule() && node.Enclosing() == nullptr;
   };
-  return isTopModule(one) && isTopModule(other) &&
-         mdktoidl::Unescaped(one.Name()) == mdktoidl::Unescaped(other.Name());
+  return isTopModule(one) && isTopModule(other) && Unescaped(one.Name()) == Unescaped(other.Name());
 }
 
 }  // namespace
@@ -54,8 +48,8 @@ void UseCheck::CheckUse(const Use& use, const Node& user) {
   if (names_.Of(*use.used) == kUniqueName && names_.Of(outermost) == kUniqueName) return;
   if (use.spelling == Spelling::simple) {
     // A label that the model gives stands for its enumeration; a simple union takes enumerators.
-    const bool isGiven = use.role == UseRole::label &&
-                         !static_cast<const mdktoidl::Union*>(user.Enclosing())->isSimpleUnion();
+    const bool isGiven =
+        use.role == UseRole::label && !static_cast<const Union*>(user.Enclosing())->isSimpleUnion();
     const Node& meant = isGiven ? *use.used->Enclosing() : *use.used;
     return CheckHit(scopeNames_.FindNameOf(*use.used), meant, user, use.role);
   }
@@ -97,8 +91,7 @@ void UseCheck::CheckHit(const Node* hit, const Node& used, const Node& user, Use
 
 void UseCheck::Report(const Node& at, const Node& used) {
   isReported_[at.Serial()] = true;
-  found_.Report(at, Message::nameClashesWithUsed,
-                {Describe(at), Describe(used), Describe(*scope_)});
+  at.Report(Message::nameClashesWithUsed, {Describe(at), Describe(used), Describe(*scope_)});
 }
 
-}  // namespace checks
+}  // namespace mdktoidl

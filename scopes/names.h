@@ -4,9 +4,9 @@
 // IDL compilers apply; what isn't exported may be named as it likes. All checks read the tree.
 #pragma once
 
-#include "checks/declarations.h"
+#include "scopes/declarations.h"
 
-namespace checks {
+namespace mdktoidl {
 
 /// Checks all names but those of files, of a tree that is evaluated; of one that is not yet
 /// evaluated what can be told without knowing what it uses. Costs time in proportion to the
@@ -21,6 +21,6 @@ namespace checks {
 ///   use-clash         a declaration named as something that its scope uses: IDL takes a used name
 ///                     as declared there ("in Color color")
 ///   name-not-visible  a name that is written without its scope where it means nothing
-void CheckNames(const Root& root, DiagnosticList& found);
+void CheckNames(const Root& root);
 
-}  // namespace checks
+}  // namespace mdktoidl

@@ -3,23 +3,21 @@
 #include <utility>
 #include <vector>
 
-#include "checks/name_checks.h"
-#include "checks/used_names.h"
+#include "scopes/name_checks.h"
+#include "scopes/used_names.h"
 #include "types/identifier.h"
 
-namespace checks {
+namespace mdktoidl {
 namespace {
-
-using mdktoidl::ScopeKind;
 
 class ScopeCheck {
  public:
-  ScopeCheck(const Root& root, const DeclaredNames& names, DiagnosticList& found)
+  ScopeCheck(const Root& root, const DeclaredNames& names)
       : root_(root),
         names_(names),
-        found_(found),
+
         scopeNames_(names),
-        useCheck_(root, names, scopeNames_, found) {}
+        useCheck_(root, names, scopeNames_) {}
 
   /// From the outside in, with a list of the scopes still to be checked.
   void Run() {
@@ -77,29 +75,26 @@ class ScopeCheck {
     if (first != nullptr) Compare(*first, member);
     const bool isReserved = scope.Kind().scope == ScopeKind::reservesItsName;
     if (isReserved && names_.Of(member) == names_.Of(scope)) {
-      found_.Report(member, Message::nameOfScopeAround, {Describe(member), scope.Kind().word});
+      member.Report(Message::nameOfScopeAround, {Describe(member), scope.Kind().word});
     }
     return first;
   }
 
   void Compare(const Node& first, const Node& second) {
     if (first.Entity() == second.Entity()) {
-      return found_.Report(second, Message::nameDeclaredTwice, {Describe(second)});
+      return second.Report(Message::nameDeclaredTwice, {Describe(second)});
     }
     const bool areModules = first.isModule() && second.isModule();
-    if (areModules && mdktoidl::Unescaped(first.Name()) == mdktoidl::Unescaped(second.Name()))
-      return;
+    if (areModules && Unescaped(first.Name()) == Unescaped(second.Name())) return;
     const bool isEnumerators = first.isEnumerator() || second.isEnumerator();
     const bool isSameEnum = first.isEnumerator() && first.Enclosing() == second.Enclosing();
-    found_.Report(
-        second,
+    second.Report(
         isEnumerators && !isSameEnum ? Message::nameOfEnumeratorClashes : Message::nameClashes,
         {Describe(second), Describe(first)});
   }
 
   const Root& root_;
   const DeclaredNames& names_;
-  DiagnosticList& found_;
   ScopeNames scopeNames_;
   UseCheck useCheck_;
   std::vector<Scope> scopes_;
@@ -107,8 +102,6 @@ class ScopeCheck {
 
 }  // namespace
 
-void CheckScopes(const Root& root, const DeclaredNames& names, DiagnosticList& found) {
-  ScopeCheck(root, names, found).Run();
-}
+void CheckScopes(const Root& root, const DeclaredNames& names) { ScopeCheck(root, names).Run(); }
 
-}  // namespace checks
+}  // namespace mdktoidl
