@@ -245,8 +245,9 @@ class Judge:
             return failure
         sound = case._replace(model=generate.Generator(case.seed).made(), fault="")
         without = self.export(sound, directory)
-        other = self.of_refused_model(sound, without) if without.status == 1 else None
-        return other or Failure("fault-misnamed", f"{case.fault}\n{exported.said}")
+        if without.status == 1:  # so the fault isn't the reason
+            return self.of_refused_model(sound, without)
+        return Failure("fault-misnamed", f"{case.fault}\n{exported.said}")
 
     def of_orders(self, case, exported, directory):
         """In each order the same: exported well or not."""
