@@ -153,6 +153,7 @@ enum class Message : std::size_t {
   // Names
   nameMissing,
   nameNotIdentifier,
+  nameIsEscaped,
   nameIsKeyword,
   nameIsKeywordButForCapitals,
   nameClashes,
@@ -164,7 +165,10 @@ enum class Message : std::size_t {
   nameClashesWithUsed,
   nameHiddenByInherited,
   nameNotVisible,
+  nameMeansOther,
   namesInheritedTooWidely,
+  nameEscaped,
+  nameRespelled,
   // Names of files
   fileNameUnsafe,
   fileNameOfModuleUnsafe,

@@ -179,7 +179,7 @@ void Module::Unparse(Writer& out) const {
 
 void Module::UnparseBlock(Writer& out) const {
   UnparseHeading(out);
-  out << "module " << Name();
+  out << "module " << Written();
   UnparseBody(out);
 }
 
@@ -197,7 +197,7 @@ void Module::UnparseModuleScope(Writer& out) const {
   newline(out);
   for (const Definition* each = Scope(); each != nullptr; each = each->Scope()) {
     newline(out);
-    out << "module " << each->Name() << " {";
+    out << "module " << each->Written() << " {";
     indent(out);
   }
 }

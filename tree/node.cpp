@@ -21,7 +21,7 @@ Definition::Definition(mdk::IMdeEntity* element, std::string_view given,
     : scope(enclosing), entity(element) {
   const std::string_view stored = nodeRegistry.Store(given);
   name = stored.data();
-  nameSize = static_cast<std::uint32_t>(stored.size());
+  nameSize = static_cast<std::uint32_t>(stored.size()) & 0x7FFFFFFF;
 }
 
 void Definition::BuildScopedName(std::string& result, std::string_view separator) const {
