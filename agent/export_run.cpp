@@ -10,6 +10,7 @@
 #include "agent/message_output.h"
 #include "options/options.h"
 #include "output/file.h"
+#include "scopes/added_typedefs.h"
 #include "scopes/names.h"
 #include "tree/interfaces.h"
 #include "tree/module.h"
@@ -94,7 +95,12 @@ void Evaluate() {
 
 // What the plain form has that no compiler takes is repaired, unless it is wanted as it is; what
 // can't be repaired is told.
-void MakeLegal(Root& tree) { MakeNamesLegal(tree, !options.isVerbatim()); }
+// The order comes after the types, which get further declarations, and the names after the order,
+// which decides what a name means.
+void MakeLegal(Root& tree) {
+  if (!options.isVerbatim()) NameTypes(tree);
+  MakeNamesLegal(tree, !options.isVerbatim());
+}
 
 bool OpenMainFile(Writer& out) {
   std::string directory = options.RootDir();

@@ -120,7 +120,7 @@ void Node::EvaluateTypes(NodeList& deps) {
 void Node::Report(Message message) const { Report(message, {ScopedName("::")}); }
 
 void Node::Report(Message message, std::initializer_list<std::string_view> pieces) const {
-  mdktoidl::Report(message, Entity(), pieces);
+  mdktoidl::Report(message, Blamed(), pieces);
 }
 
 void Node::ResolveType(mdk::IMdeEntity* typed, const TypeDiagnostics& diagnostics,

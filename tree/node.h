@@ -85,6 +85,8 @@ class Node : public Definition {
   /// hides declarations of the same name around it.
   virtual bool declares(std::string_view name) const;
 
+  /// The element that diagnostics about it are about: its own, where it has one.
+  virtual mdk::IMdeEntity* Blamed() const { return Entity(); }
   /// Reports for this declaration. The only piece is its scoped name, unless others are given.
   void Report(Message message) const;
   void Report(Message message, std::initializer_list<std::string_view> pieces) const;
@@ -108,7 +110,7 @@ class Node : public Definition {
  protected:
   /// A node inside `parent`, or at the top of the tree when that is null.
   Node(mdk::IMdeEntity* element, Container* parent);
-  /// The same for what the model doesn't hold: it was made for that element.
+  /// The same by another name than the element's, which may be null: the model doesn't hold it.
   Node(mdk::IMdeEntity* element, std::string_view name, Container* parent);
 
   /// Lets `GetNodeRef` find this node by its element.

@@ -49,6 +49,27 @@ class Sequence : public Node {
   WrittenType type;            // the sequence, not its element
 };
 
+/// A typedef that the model doesn't hold: it gives a type a name where IDL wants one. No element is
+/// its own, so it has no comment and nobody finds it by an element.
+class AddedTypedef : public Node {
+ public:
+  /// In `parent`, or at the top when that is null. Made for `user`, which has that type; messages
+  /// are about that.
+  AddedTypedef(std::string_view name, Container* parent, const Node& user, const WrittenType& its);
+
+  const Construct& Kind() const override { return Typedef::kind; }
+  void Unparse(Writer& out) const override;
+  const WrittenType* DefinedType() const override { return &type; }
+  mdk::IMdeEntity* Blamed() const override { return blamed; }
+
+ protected:
+  void ResolveTypes(NodeList&) override {}
+
+ private:
+  mdk::IMdeEntity* blamed;
+  WrittenType type;
+};
+
 /// An IDL boxed value type.
 class BoxedValue : public Node {
  public:

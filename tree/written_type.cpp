@@ -23,10 +23,15 @@ void WrittenType::WrapInSequence() {
   template_->sequences.insert(template_->sequences.begin(), SequenceLevel());
 }
 
-void WrittenType::TakeOver(WrittenType&& other, const Use* named, const Use* bound) {
-  *this = std::move(other);
+void WrittenType::CopyFrom(const WrittenType& other, const Use* named, const Use* bound) {
+  kind_ = other.kind_;
   named_ = named;
-  if (template_ != nullptr) template_->bound = bound;
+  predefined_ = other.predefined_;
+  predefinedSize_ = other.predefinedSize_;
+  template_.reset();
+  if (other.template_ == nullptr) return;
+  template_ = std::make_unique<Template>(*other.template_);
+  template_->bound = bound;
 }
 
 void WrittenType::SetNamed(const Use& named) {

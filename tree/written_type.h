@@ -33,9 +33,9 @@ class WrittenType {
   /// Makes it an unbounded sequence of itself.
   void WrapInSequence();
 
-  /// Takes over another type, which is of no use afterwards, for a declaration of its own: with the
-  /// uses that this has of its definition and of its bound.
-  void TakeOver(WrittenType&& other, const Use* named, const Use* bound);
+  /// Makes it the same as another declaration's, with the uses that its own declaration has of the
+  /// definition and of the bound.
+  void CopyFrom(const WrittenType& other, const Use* named, const Use* bound);
   /// Makes it a plain name.
   void SetNamed(const Use& named);
 
