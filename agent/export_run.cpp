@@ -10,6 +10,7 @@
 #include "agent/message_output.h"
 #include "options/options.h"
 #include "output/file.h"
+#include "scopes/added_typedefs.h"
 #include "scopes/names.h"
 #include "tree/interfaces.h"
 #include "tree/legality.h"
@@ -95,10 +96,13 @@ void Evaluate() {
 
 // What the plain form has that no compiler takes is repaired, unless it is wanted as it is; what
 // can't be repaired is told.
+// The order comes after the types, which get further declarations, and the names after the order,
+// which decides what a name means.
 void MakeLegal(Root& tree) {
   const bool mayRepair = !options.isVerbatim();
   if (mayRepair) RepairDeclarations(tree);
   CheckDeclarations(tree);
+  if (mayRepair) NameTypes(tree);
   MakeNamesLegal(tree, mayRepair);
 }
 

@@ -62,7 +62,9 @@ constexpr std::array rows = {
         "attribute {} has a multiplicity constant that could not be identified"},
     Row{Message::attributeTypeUnknown, error, "type-unknown",
         "attribute {} has a type that could not be identified"},
-    Row{Message::attributeTypeAnonymous, warning, "type-anonymous",
+    Row{Message::attributeTypeAnonymous, repairedAsWarned, "type-anonymous",
+        "attribute {} has an anonymous template type; consider using a typedef instead"},
+    Row{Message::memberTypeAnonymous, warning, "type-anonymous",
         "attribute {} has an anonymous template type; consider using a typedef instead"},
     Row{Message::attributeTypeNotExported, error, "type-not-exported",
         "attribute {} has a type that is not marked as a CORBA type or not included in the "
@@ -317,7 +319,7 @@ constexpr std::array rows = {
         "operation {} raises an undefined exception {}"},
     Row{Message::operationTypeUnknown, error, "type-unknown",
         "operation {} has a return type that could not be identified"},
-    Row{Message::operationTypeAnonymous, warning, "type-anonymous",
+    Row{Message::operationTypeAnonymous, repairedAsWarned, "type-anonymous",
         "operation {} has an anonymous return template type; consider using a typedef instead"},
     Row{Message::operationTypeNotExported, error, "type-not-exported",
         "operation {} has a return type that is not marked as a CORBA type or not included in the "
@@ -337,7 +339,7 @@ constexpr std::array rows = {
         "attribute {}has a multiplicity constant that could not be identified"},
     Row{Message::parameterTypeUnknown, error, "type-unknown",
         "parameter {} has a type that could not be identified"},
-    Row{Message::parameterTypeAnonymous, warning, "type-anonymous",
+    Row{Message::parameterTypeAnonymous, repairedAsWarned, "type-anonymous",
         "parameter {} has an anonymous template type; consider using a typedef instead"},
     Row{Message::parameterTypeNotExported, error, "type-not-exported",
         "parameter {} has a type that is not marked as a CORBA type or not included in the "
@@ -360,6 +362,11 @@ constexpr std::array rows = {
         "{} cannot have a multiplicity on an array type"},
     Row{Message::commentRepaired, repair, "repaired-comment",
         "{}: a line of its comment is changed, so that it remains a comment"},
+
+    // Types that are given a name; the first piece is the construct word with the scoped name
+    Row{Message::typedefAdded, repair, "added-typedef", "{}: typedef {} was added for its type"},
+    Row{Message::typeNamed, repair, "named-type",
+        "{}: its type is written as {}, which means the same"},
 
     // Names
     Row{Message::nameMissing, illegal, "idl-identifier", "{} has no name"},

@@ -44,6 +44,7 @@ enum class Message : std::size_t {
   attributeBoundUnknown,
   attributeTypeUnknown,
   attributeTypeAnonymous,
+  memberTypeAnonymous,
   attributeTypeNotExported,
   typeIsNative,
   boundTooLarge,
@@ -184,6 +185,9 @@ enum class Message : std::size_t {
   multiplicityIsCircular,
   multiplicityOfArray,
   commentRepaired,
+  // Types that are given a name
+  typedefAdded,
+  typeNamed,
   // Names
   nameMissing,
   nameNotIdentifier,

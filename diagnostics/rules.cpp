@@ -17,6 +17,8 @@ constexpr Rule rules[] = {
     // Types, whatever they are the type of
     {"type-unknown", "Every typed declaration has a type"},
     {"type-anonymous", "Template types are best given a name by a typedef"},
+    {"added-typedef", "A type that IDL wants a name for gets one by a typedef"},
+    {"named-type", "A type that IDL wants a name for is written as the model's own typedef of it"},
     {"type-not-exported", "A type that is used is marked and part of the export"},
     {"template-unknown", "A type definition is of a template that IDL has"},
     {"template-parameter", "The parameters of a template are those that IDL allows"},

@@ -47,6 +47,10 @@ class Field : public Attribute {
   const Construct& Kind() const override { return kind; }
   const Node* TypeThatHoldsMine() const override { return Enclosing(); }
   void Unparse(Writer& out) const override;
+  const WrittenType* TypeToName() const override { return nullptr; }
+
+ protected:
+  void ResolveTypes(NodeList&) override { ResolveMemberType(); }
 };
 
 /// One of the values of an enumeration. It stands in the enumeration, but its name lies in the

@@ -12,12 +12,25 @@
 
 namespace mdktoidl {
 
-void Attribute::ResolveTypes(NodeList&) {
-  static constexpr TypeDiagnostics diagnostics = {
-      "attribute ", Message::attributeBoundUnknown, Message::attributeTypeUnknown,
-      Message::attributeTypeAnonymous, Message::attributeTypeNotExported};
-  ResolveType(Entity(), diagnostics, type);
+namespace {
+
+// Fields and state members are called attributes, too; all of them are known so.
+constexpr TypeDiagnostics AttributeDiagnostics(Message anonymous) {
+  return {"attribute ", Message::attributeBoundUnknown, Message::attributeTypeUnknown, anonymous,
+          Message::attributeTypeNotExported};
 }
+
+}  // namespace
+
+void Attribute::ResolveTypes(NodeList&) {
+  ResolveType(Entity(), AttributeDiagnostics(Message::attributeTypeAnonymous), type);
+}
+
+void Attribute::ResolveMemberType() {
+  ResolveType(Entity(), AttributeDiagnostics(Message::memberTypeAnonymous), type);
+}
+
+void State::ResolveTypes(NodeList&) { ResolveMemberType(); }
 
 bool Attribute::isReadOnly() const {
   return Entity()->GetValue(properties::changeability, 0) == values::frozen;
@@ -91,8 +104,21 @@ void Operation::ResolveTypes(NodeList& deps) {
     }
   }
   UseType(std::move(result), type);
+  PlaceUses();
+}
+
+void Operation::PlaceUses() {
   for (Use& use : uses) use.isBeforeName = use.role != UseRole::raises;
   ResolveContext();
+}
+
+bool Operation::writesResult() const {
+  return returnParameter != nullptr && !isFinder() && !isFactory() && !isOneway();
+}
+
+void Operation::NameType(Node& definition) {
+  WriteTypeAs(definition, type);
+  PlaceUses();
 }
 
 void Operation::CheckOwner() const {
@@ -153,7 +179,7 @@ void Operation::UnparsePrefix(Writer& out) const {
     out << "factory ";
   } else if (isOneway()) {
     out << "oneway void ";
-  } else if (returnParameter != nullptr) {
+  } else if (writesResult()) {
     out << type << type.DeclaratorSuffix() << ' ';
   } else {
     out << "void ";

@@ -25,11 +25,16 @@ class Attribute : public Node {
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
 
+  const WrittenType* TypeToName() const override { return &type; }
+  void NameType(Node& definition) override { WriteTypeAs(definition, type); }
+
   /// True for an attribute that is frozen in the model.
   virtual bool isReadOnly() const;
 
  protected:
   void ResolveTypes(NodeList& deps) override;
+  /// The same for what may be of a template.
+  void ResolveMemberType();
 
   WrittenType type;
 };
@@ -46,6 +51,10 @@ class State : public Attribute {
                                   Forward::no,    Language::idl,   22};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
+  const WrittenType* TypeToName() const override { return nullptr; }
+
+ protected:
+  void ResolveTypes(NodeList& deps) override;
 
  private:
   bool showsSize = false;  // of an array, behind the name
@@ -69,6 +78,8 @@ class Operation : public Container {
   Meanings Means() const override { return factory || finder ? meanings::factory : Meanings(); }
   void Repair(const ConstantNames&) override;
   void CheckLegality(const ConstantNames&) const override;
+  const WrittenType* TypeToName() const override { return writesResult() ? &type : nullptr; }
+  void NameType(Node& definition) override;
 
   bool isFactory() const { return factory; }
   bool isFinder() const { return finder; }
@@ -84,6 +95,10 @@ class Operation : public Container {
 
  private:
   bool DetermineOneway() const;
+  /// Whether the type of the result is written.
+  bool writesResult() const;
+  /// All uses but exceptions stand before the name.
+  void PlaceUses();
   void CheckOwner() const;
   void ResolveRaises();
   void ResolveResult(TypeReference& result) const;
@@ -115,6 +130,8 @@ class Parameter : public Node {
   void Unparse(Writer& out) const override;
   bool writesComments() const override { return false; }
   void CheckLegality(const ConstantNames&) const override;
+  const WrittenType* TypeToName() const override { return &type; }
+  void NameType(Node& definition) override { WriteTypeAs(definition, type); }
 
   /// Whether this is a result of the operation.
   bool isResult() const { return direction == Direction::result; }

@@ -75,6 +75,13 @@ bool Root::hasOwnFile() const {
   return options.Mapping() == ONE_FILE || !holdsOnlyModules(children);
 }
 
+void Root::NumberAnew() {
+  NodeList order;
+  order.reserve(Nodes().size());
+  Number(order);
+  nodeRegistry.Reorder(std::move(order));
+}
+
 void Root::EvaluateTypes() {
   NodeList deps;
   OrderedScope::EvaluateTypes(deps);

@@ -25,6 +25,9 @@ class Root : public OrderedScope {
   /// Whether the main file holds more than its head and foot: includes or declarations.
   bool hasOwnFile() const;
 
+  /// Numbers all nodes in the order in which they stand in the tree, after some were put into it.
+  void NumberAnew();
+
   /// Evaluates the whole tree: types, rules and order.
   void EvaluateTypes();
 

@@ -14,9 +14,14 @@
 namespace mdktoidl {
 
 Definition::Definition(mdk::IMdeEntity* element, const Definition* enclosing)
+    : Definition(element,
+                 element == nullptr ? std::string() : element->GetValue(properties::name, 0),
+                 enclosing) {}
+
+Definition::Definition(mdk::IMdeEntity* element, std::string_view given,
+                       const Definition* enclosing)
     : scope(enclosing), entity(element) {
-  if (entity == nullptr) return;
-  const std::string_view stored = nodeRegistry.Store(entity->GetValue(properties::name, 0));
+  const std::string_view stored = nodeRegistry.Store(given);
   name = stored.data();
   nameSize = static_cast<std::uint32_t>(stored.size()) & 0x7FFFFFFF;
 }
@@ -79,6 +84,11 @@ bool Definition::InCurrentScope(const Definition* other) const {
 Node::Node(mdk::IMdeEntity* element, Container* parent)
     : Definition(element, parent), serial(nodeRegistry.Enter(this, Name())), lastSerial(serial) {}
 
+Node::Node(mdk::IMdeEntity* element, std::string_view name, Container* parent)
+    : Definition(element, name, parent),
+      serial(nodeRegistry.Enter(this, Name())),
+      lastSerial(serial) {}
+
 void* Node::operator new(std::size_t size) { return nodeRegistry.Allocate(size); }
 
 void Node::CreateNodeRef() { nodeRegistry.Register(Entity(), serial); }
@@ -88,6 +98,15 @@ Node* Node::GetNodeRef(mdk::IMdeEntity* element) {
 }
 
 void Node::UnparseForward(Writer&) const {}
+
+const WrittenType* Node::TypeToName() const { return nullptr; }
+
+void Node::NameType(Node&) {}
+
+void Node::Number(NodeList& order) {
+  serial = lastSerial = static_cast<std::uint32_t>(order.size());
+  order.push_back(this);
+}
 
 bool Node::declares(std::string_view) const { return false; }
 
@@ -101,7 +120,7 @@ void Node::EvaluateTypes(NodeList& deps) {
 void Node::Report(Message message) const { Report(message, {ScopedName("::")}); }
 
 void Node::Report(Message message, std::initializer_list<std::string_view> pieces) const {
-  mdktoidl::Report(message, Entity(), pieces);
+  mdktoidl::Report(message, Blamed(), pieces);
 }
 
 void Node::Report(Message message, std::initializer_list<std::string_view> pieces,
@@ -237,6 +256,26 @@ void Node::UseType(TypeReference&& reference, WrittenType& type, UseRole role) {
     named = &use;
   }
   type.Set(std::move(reference), named, boundUse);
+}
+
+// The first name that the type had becomes that of the definition. What it had further, a bound, is
+// an entry that isn't written.
+void Node::WriteTypeAs(Node& definition, WrittenType& type) {
+  Use* named = nullptr;
+  for (Use& use : uses) {
+    if (!type.Writes(use)) continue;
+    use.used = &definition;
+    use.name = nullptr;
+    use.role = UseRole::type;
+    use.isInScope = isInside(definition.NameScope());
+    use.isDependency = named == nullptr;
+    use.spelling = named == nullptr ? SpellingInTemplate(definition) : Spelling::none;
+    if (named == nullptr) named = &use;
+  }
+  if (named == nullptr) {
+    named = &AddUse(definition, UseRole::type, SpellingInTemplate(definition));
+  }
+  type.SetNamed(*named);
 }
 
 Use& Node::AddUse(Node& used, UseRole role, Spelling spelling) {

@@ -32,6 +32,7 @@ class Container;
 class Enumeration;
 class Interface;
 class Value;
+class OrderedScope;
 
 /// Borrowed nodes. Kept sorted by creation where a list serves as a set.
 using NodeList = std::vector<Node*>;
@@ -79,6 +80,16 @@ class Node : public Definition {
   virtual const Constant* AsConstant() const { return nullptr; }
   virtual const Interface* AsInterface() const { return nullptr; }
   virtual const Value* AsValue() const { return nullptr; }
+  /// The scope that orders its declarations that this is; null for anything else.
+  virtual OrderedScope* AsOrderedScope() { return nullptr; }
+  /// The type that this is a name for, be it a sequence's; null for all but type definitions.
+  virtual const WrittenType* DefinedType() const { return nullptr; }
+  /// Its type, where IDL takes no templates without a name; null where it takes them, and for what
+  /// has no type.
+  virtual const WrittenType* TypeToName() const;
+  /// Has that type written as the name of a declaration that means the same. Its spelling is found
+  /// out, which takes knowing all declarations around.
+  virtual void NameType(Node& definition);
   /// Whether this is a module; it may have a file of its own.
   virtual bool isModule() const { return false; }
   /// Whether this is a scope that orders its declarations, and one of that name stands in it, which
@@ -102,6 +113,8 @@ class Node : public Definition {
   /// Reports what no compiler takes, and nothing can be written for.
   virtual void CheckLegality(const ConstantNames&) const {}
 
+  /// The element that diagnostics about it are about: its own, where it has one.
+  virtual mdk::IMdeEntity* Blamed() const { return Entity(); }
   /// Reports for this declaration. The only piece is its scoped name, unless others are given.
   void Report(Message message) const;
   void Report(Message message, std::initializer_list<std::string_view> pieces) const;
@@ -130,6 +143,8 @@ class Node : public Definition {
  protected:
   /// A node inside `parent`, or at the top of the tree when that is null.
   Node(mdk::IMdeEntity* element, Container* parent);
+  /// The same by another name than the element's, which may be null: the model doesn't hold it.
+  Node(mdk::IMdeEntity* element, std::string_view name, Container* parent);
 
   /// Lets `GetNodeRef` find this node by its element.
   void CreateNodeRef();
@@ -150,12 +165,15 @@ class Node : public Definition {
   void ReportType(const TypeReference& reference, const TypeDiagnostics& diagnostics) const;
   void CheckSizes(const TypeReference& reference) const;
   void UseType(TypeReference&& reference, WrittenType& type, UseRole role = UseRole::type);
+  /// Replaces what the type uses by a declaration that means the same.
+  void WriteTypeAs(Node& definition, WrittenType& type);
 
   /// Enters a name that it writes.
   Use& AddUse(Node& used, UseRole role, Spelling spelling);
   /// The same, spelled simply in scope, else by the "::" name.
   Use& AddUse(Node& used, UseRole role) { return AddUse(used, role, SpellingOf(used)); }
   Spelling SpellingOf(const Node& other) const;
+  Spelling SpellingInTemplate(const Node& other) const;
   /// Sets the simple name of a use, where the model has another than what is used.
   static void Rename(Use& use, std::string_view name);
 
@@ -164,12 +182,15 @@ class Node : public Definition {
   void UnparseHeading(Writer& out) const;
   void UnparseComment(mdk::IMdeEntity* element, Writer& out) const;
 
+  /// Numbers it, and what is inside it, by their places in a list that they are appended to.
+  virtual void Number(NodeList& order);
+
   Uses uses;
 
  private:
   friend class Container;
+  friend class OrderedScope;
 
-  Spelling SpellingInTemplate(const Node& other) const;
   bool isHiddenHere(const Node& other) const;
 
   std::uint32_t serial;

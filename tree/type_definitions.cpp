@@ -96,6 +96,25 @@ void Sequence::Unparse(Writer& out) const {
   out << "typedef " << type << ' ' << Written() << ';';
 }
 
+AddedTypedef::AddedTypedef(std::string_view name, Container* parent, const Node& user,
+                           const WrittenType& its)
+    : Node(nullptr, name, parent), blamed(user.Blamed()) {
+  const Use* named = nullptr;
+  const Use* bound = nullptr;
+  if (Node* node = its.BoundConstant()) {
+    bound = &AddUse(*node, UseRole::bound, SpellingInTemplate(*node));
+  }
+  if (Node* node = its.Definition()) {
+    named = &AddUse(*node, UseRole::element, SpellingInTemplate(*node));
+  }
+  type.CopyFrom(its, named, bound);
+}
+
+void AddedTypedef::Unparse(Writer& out) const {
+  newline(out);
+  out << "typedef " << type << ' ' << Written() << type.DeclaratorSuffix() << ';';
+}
+
 BoxedValue::BoxedValue(mdk::IMdeEntity* element, Container* parent) : Node(element, parent) {
   CreateNodeRef();
   attribute =

@@ -18,6 +18,7 @@ class Typedef : public Node {
   void Unparse(Writer& out) const override;
   std::optional<Alias> AliasOf() const override;
   void RememberAlias(const Alias& alias) const override { known = alias; }
+  const WrittenType* DefinedType() const override { return &type; }
   Meanings Means() const override { return meanings::type; }
   const WrittenType* Denotes() const override { return &type; }
   const Node* TypeThatHoldsMine() const override { return this; }
@@ -41,6 +42,7 @@ class Sequence : public Node {
                                   Forward::no, Language::idl,   14};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
+  const WrittenType* DefinedType() const override { return &type; }
   Meanings Means() const override { return meanings::type; }
   const Node* TypeThatHoldsMine() const override { return this; }
 
@@ -50,6 +52,28 @@ class Sequence : public Node {
  private:
   mdk::IMdeEntity* attribute;  // what has the element type; null when there is none
   WrittenType type;            // the sequence, not its element
+};
+
+/// A typedef that the model doesn't hold: it gives a type a name where IDL wants one. No element is
+/// its own, so it has no comment and nobody finds it by an element.
+class AddedTypedef : public Node {
+ public:
+  /// In `parent`, or at the top when that is null. Made for `user`, which has that type; messages
+  /// are about that.
+  AddedTypedef(std::string_view name, Container* parent, const Node& user, const WrittenType& its);
+
+  const Construct& Kind() const override { return Typedef::kind; }
+  void Unparse(Writer& out) const override;
+  mdk::IMdeEntity* Blamed() const override { return blamed; }
+  Meanings Means() const override { return meanings::type; }
+  bool writesComments() const override { return false; }
+
+ protected:
+  void ResolveTypes(NodeList&) override {}
+
+ private:
+  mdk::IMdeEntity* blamed;
+  WrittenType type;
 };
 
 /// An IDL boxed value type.

@@ -52,6 +52,7 @@ class Case : public Attribute {
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
   const Node* TypeThatHoldsMine() const override { return Enclosing(); }
+  const WrittenType* TypeToName() const override { return nullptr; }
 
   /// Whether the case takes all values that no other takes.
   bool isDefault() const;
