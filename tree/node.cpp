@@ -155,7 +155,9 @@ void Node::UseType(TypeReference&& reference, WrittenType& type, UseRole role) {
   const Use* named = nullptr;
   Node* node = reference.kind == unknownType ? nullptr : GetNodeRef(reference.definition);
   if (node != nullptr && reference.isAnonymous) {
-    named = &AddUse(*node, UseRole::element, SpellingInTemplate(*node));
+    Use& use = AddUse(*node, UseRole::element, SpellingInTemplate(*node));
+    use.isInSequence = !reference.sequences.empty();
+    named = &use;
   } else if (node != nullptr) {
     Use& use = AddUse(*node, role);
     Rename(use, reference.name);

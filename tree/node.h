@@ -27,6 +27,7 @@ namespace mdktoidl {
 
 class Container;
 class Enumeration;
+class OrderedScope;
 
 /// Borrowed nodes. Kept sorted by creation where a list serves as a set.
 using NodeList = std::vector<Node*>;
@@ -67,11 +68,22 @@ class Node : public Definition {
   virtual std::optional<Alias> AliasOf() const { return std::nullopt; }
   /// Shortens the way for the next question: what `AliasOf` leads to in the end.
   virtual void RememberAlias(const Alias&) const {}
+  /// The use of what this is another name of, or a name for sequences of; null for all else, arrays
+  /// included. Known when types are evaluated.
+  virtual const Use* NamedType() const { return nullptr; }
+  /// The scope that this is, of those that order their declarations; null for anything else.
+  virtual OrderedScope* AsOrderedScope() { return nullptr; }
+  const OrderedScope* AsOrderedScope() const {
+    return const_cast<Node*>(this)->AsOrderedScope();
+  }
   /// The enumeration that this is; null for anything else.
   virtual const Enumeration* AsEnumeration() const { return nullptr; }
   virtual bool isEnumerator() const { return false; }
   /// Whether this is a module; it may have a file of its own.
   virtual bool isModule() const { return false; }
+  /// Writes what begins and ends an opening of a module; nothing for anything else.
+  virtual void UnparseOpening(bool, Writer&) const {}
+  virtual void UnparseClosing(Writer&) const {}
   /// Whether this is a scope that orders its declarations, and one of that name stands in it, which
   /// hides declarations of the same name around it.
   virtual bool declares(std::string_view name) const;

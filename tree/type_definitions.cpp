@@ -63,6 +63,10 @@ std::optional<Alias> Typedef::AliasOf() const {
   return Alias{GetNodeRef(base), {}};
 }
 
+const Use* Typedef::NamedType() const {
+  return type.DeclaratorSuffix().empty() ? type.Named() : nullptr;
+}
+
 void Typedef::Unparse(Writer& out) const {
   UnparseComment(Entity(), out);
   newline(out);
@@ -87,6 +91,11 @@ void Sequence::ResolveTypes(NodeList&) {
     Report(isArray ? Message::sequenceTypeIsArray : Message::sequenceTypeAnonymous);
   }
   type.WrapInSequence();
+  for (Use& use : uses) use.isInSequence = use.role == UseRole::element && !isArray;
+}
+
+const Use* Sequence::NamedType() const {
+  return type.DeclaratorSuffix().empty() ? type.Named() : nullptr;
 }
 
 void Sequence::Unparse(Writer& out) const {

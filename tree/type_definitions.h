@@ -18,6 +18,7 @@ class Typedef : public Node {
   void Unparse(Writer& out) const override;
   std::optional<Alias> AliasOf() const override;
   void RememberAlias(const Alias& alias) const override { known = alias; }
+  const Use* NamedType() const override;
 
  protected:
   void ResolveTypes(NodeList& deps) override;
@@ -38,6 +39,7 @@ class Sequence : public Node {
                                   Forward::no, Language::idl,   14};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
+  const Use* NamedType() const override;
 
  protected:
   void ResolveTypes(NodeList& deps) override;

@@ -35,6 +35,8 @@ class WrittenType {
   TypeKind Kind() const { return kind_; }
   /// The declaration that it names, inside all templates; null for none.
   const Node* Definition() const { return named_ == nullptr ? nullptr : named_->used; }
+  /// The use by which it names that; null for none.
+  const Use* Named() const { return named_; }
   /// What is written behind the declared name; "[2][3]" for an array, mostly empty.
   std::string_view DeclaratorSuffix() const;
 
