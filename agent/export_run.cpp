@@ -94,7 +94,7 @@ void Evaluate() {
 
 // What the plain form has that no compiler takes is repaired, unless it is wanted as it is; what
 // can't be repaired is told.
-void MakeLegal(Root& tree) { CheckNames(tree); }
+void MakeLegal(Root& tree) { MakeNamesLegal(tree, !options.isVerbatim()); }
 
 bool OpenMainFile(Writer& out) {
   std::string directory = options.RootDir();

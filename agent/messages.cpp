@@ -17,6 +17,8 @@ constexpr Severities error{Severity::error, Severity::error};
 constexpr Severities fatal{Severity::fatal, Severity::fatal};
 /// What no compiler takes, and nothing can be written for.
 constexpr Severities illegal{Severity::error, Severity::remark};
+/// What the plain form can be meant to have, and nothing else.
+constexpr Severities illegalInModels{Severity::error, Severity::silent};
 /// The same, which the agent's own text has always warned of.
 constexpr Severities illegalAsWarned{Severity::error, Severity::warning};
 /// What is repaired, and where it isn't, the agent's own text warns of it.
@@ -273,7 +275,9 @@ constexpr std::array rows = {
 
     // Names
     Row{Message::nameMissing, illegal, "idl-identifier", "{} has no name"},
-    Row{Message::nameNotIdentifier, illegal, "idl-identifier", "{}: '{}' is no IDL identifier"},
+    Row{Message::nameNotIdentifier, illegal, "idl-identifier", "{}: '{}' is no IDL identifier{}"},
+    Row{Message::nameIsEscaped, illegalInModels, "idl-identifier",
+        "{} begins with an underscore; call it '{}', and one is written where IDL needs it"},
     Row{Message::nameIsKeyword, illegal, "idl-keyword", "{} is named as the IDL keyword '{}'"},
     Row{Message::nameIsKeywordButForCapitals, illegal, "idl-keyword",
         "{} is named as the IDL keyword '{}', but for capitals"},
@@ -291,8 +295,13 @@ constexpr std::array rows = {
         "{} uses {}, which the inherited {} hides"},
     Row{Message::nameNotVisible, illegal, "name-not-visible",
         "{} uses {} by its simple name, which means nothing there"},
-    Row{Message::namesInheritedTooWidely, illegal, "name-clash",
+    Row{Message::nameMeansOther, illegal, "name-not-visible",
+        "{} uses {} by a name that means {} there"},
+    Row{Message::namesInheritedTooWidely, remark, "name-clash",
         "so much is inherited so widely that not every inherited name was checked"},
+    Row{Message::nameEscaped, repair, "repaired-name",
+        "{} is written as '_{}', which IDL takes for the name and not for a keyword"},
+    Row{Message::nameRespelled, repair, "repaired-name", "{} writes {} as '{}'"},
 
     // Names of files
     Row{Message::fileNameUnsafe, error, "unsafe-name",

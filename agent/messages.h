@@ -149,6 +149,7 @@ enum class Message : std::size_t {
   // Names
   nameMissing,
   nameNotIdentifier,
+  nameIsEscaped,
   nameIsKeyword,
   nameIsKeywordButForCapitals,
   nameClashes,
@@ -160,7 +161,10 @@ enum class Message : std::size_t {
   nameClashesWithUsed,
   nameHiddenByInherited,
   nameNotVisible,
+  nameMeansOther,
   namesInheritedTooWidely,
+  nameEscaped,
+  nameRespelled,
   // Names of files
   fileNameUnsafe,
   fileNameOfModuleUnsafe,

@@ -100,7 +100,11 @@ TEST(SarifForm, HasWhatTheFormatRequiresAndLeadsToTheSpot) {
                            "region": {"startLine": 3, "startColumn": 7}},
       "logicalLocations": [{"fullyQualifiedName": "M::S"}]}],
     "partialFingerprints": {"ruleAndId/v1": "struct-no-members:s1"},
-    "properties": {"id": "s1"}})"));
+    "properties": {"id": "s1"},
+    "relatedLocations": [{
+      "physicalLocation": {"artifactLocation": {"uri": "n.uml"},
+                           "region": {"startLine": 5, "startColumn": 2}},
+      "message": {"text": "the other S"}}]})"));
   EXPECT_EQ(results[1]["locations"], json::parse(R"([{
     "physicalLocation": {"artifactLocation": {"uri": "file:///a%20b/%C3%A9%23%3F.uml"},
                          "region": {"startLine": 4}},

@@ -80,6 +80,7 @@ TEST(Diagnostics, LeadToTheElementsThatTheyAreAbout) {
   const std::size_t first = files.Reader().Locate(files["m"]).line;
   const auto line = [first](std::size_t offset) { return " " + std::to_string(first + offset); };
   EXPECT_THAT(ToldOf(files), ElementsAre("type-unknown x2" + line(3), "type-unknown x3" + line(4),
+                                         "name-clash x2" + line(3), "name-clash x3" + line(4),
                                          "type-unknown p" + line(8)));
 }
 

@@ -75,7 +75,7 @@ namespace {
 std::string_view VerbOf(const Demand& demand) {
   const Construct& kind = demand.after->Kind();
   const bool isHolder = kind.scope == ScopeKind::reservesItsName &&
-                        kind.heredity == Inheritance::none;
+                        kind.inheritance == Inheritance::none;
   switch (demand.use->role) {
     case UseRole::type:
       return isHolder ? "holds" : "uses";

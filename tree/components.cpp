@@ -57,7 +57,7 @@ void Component::ResolveTypes(NodeList& deps) {
 
 void Component::Unparse(Writer& out) const {
   UnparseHeading(out);
-  out << "component " << Name();
+  out << "component " << Written();
   if (const Use* base = uses.First(UseRole::base)) out << " : " << *base;
   if (uses.Has(UseRole::supports)) {
     out << " supports ";
@@ -68,7 +68,7 @@ void Component::Unparse(Writer& out) const {
 
 void Component::UnparseForward(Writer& out) const {
   newline(out);
-  out << "component " << Name() << ';';
+  out << "component " << Written() << ';';
 }
 
 // The type is deliberately written by its simple name, wherever it is declared: files in use are
@@ -89,7 +89,7 @@ void Port::Unparse(Writer& out) const {
   const Use* used = uses.First(UseRole::port);
   if (used == nullptr) return;
   newline(out);
-  out << Keywords() << *used << ' ' << Name() << ';';
+  out << Keywords() << *used << ' ' << Written() << ';';
 }
 
 const PortRules& Facet::Rules() const {

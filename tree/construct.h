@@ -40,7 +40,7 @@ enum class Language : std::uint8_t { idl, cidl };
 struct Construct {
   std::string_view word;  ///< what users call it: "struct", "operation"
   ScopeKind scope;
-  Inheritance heredity;
+  Inheritance inheritance;
   Forward forward;
   Language language;
   int rank;  ///< the order in which kinds are listed, scopes before what stands in them

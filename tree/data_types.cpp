@@ -22,13 +22,13 @@ Struct::Struct(mdk::IMdeEntity* element, Container* parent) : Container(element,
 
 void Struct::Unparse(Writer& out) const {
   UnparseHeading(out);
-  out << "struct " << Name();
+  out << "struct " << Written();
   UnparseBody(out);
 }
 
 void Struct::UnparseForward(Writer& out) const {
   newline(out);
-  out << "struct " << Name() << ';';
+  out << "struct " << Written() << ';';
 }
 
 Exception::Exception(mdk::IMdeEntity* element, Container* parent) : Container(element, parent) {
@@ -40,14 +40,14 @@ Exception::Exception(mdk::IMdeEntity* element, Container* parent) : Container(el
 
 void Exception::Unparse(Writer& out) const {
   UnparseHeading(out);
-  out << "exception " << Name();
+  out << "exception " << Written();
   UnparseBody(out);
 }
 
 void Field::Unparse(Writer& out) const {
   UnparseComment(Entity(), out);
   newline(out);
-  out << type << ' ' << Name() << type.DeclaratorSuffix() << ';';
+  out << type << ' ' << Written() << type.DeclaratorSuffix() << ';';
 }
 
 Enumeration::Enumeration(mdk::IMdeEntity* element, Container* parent) : Container(element, parent) {
@@ -80,7 +80,7 @@ Enumerator* Enumeration::FindLiteral(const mdk::IMdeEntity* element) const {
 
 void Enumeration::Unparse(Writer& out) const {
   UnparseHeading(out);
-  out << "enum " << Name();
+  out << "enum " << Written();
   UnparseBody(out);
 }
 
@@ -160,7 +160,7 @@ Node* Constant::FindValue(mdk::IMdeEntity* named) const {
 void Constant::Unparse(Writer& out) const {
   UnparseComment(Entity(), out);
   newline(out);
-  out << "const " << type << ' ' << Name() << " = ";
+  out << "const " << type << ' ' << Written() << " = ";
   if (const Use* value = uses.First(UseRole::value)) {
     out << *value;
   } else {

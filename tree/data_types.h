@@ -54,7 +54,7 @@ class Enumerator : public Node {
   const Construct& Kind() const override { return kind; }
   const Definition* NameScope() const override { return Scope()->Scope(); }
   bool isEnumerator() const override { return true; }
-  void Unparse(Writer& out) const override { out << Name(); }
+  void Unparse(Writer& out) const override { out << Written(); }
 
  protected:
   void ResolveTypes(NodeList&) override {}

@@ -75,7 +75,7 @@ void Home::UnparseUse(UseRole role, std::string_view keyword, Writer& out) const
 
 void Home::Unparse(Writer& out) const {
   UnparseHeading(out);
-  out << "home " << Name();
+  out << "home " << Written();
   UnparseUse(UseRole::base, " : ", out);
   UnparseUse(UseRole::supports, " supports ", out);
   UnparseUse(UseRole::manages, " manages ", out);
@@ -132,7 +132,7 @@ void ComponentImpl::ResolveTypes(NodeList& deps) {
 
 void ComponentImpl::Unparse(Writer& out) const {
   UnparseHeading(out);
-  out << "composition " << Category() << ' ' << compositionName;
+  out << "composition " << Category() << ' ' << Written();
   UnparseBody(out);
 }
 
@@ -154,7 +154,7 @@ void HomeImpl::ResolveTypes(NodeList&) {
 void HomeImpl::UnparseExecutor(std::span<const Segment* const> segments, Writer& out) const {
   UnparseComment(Entity(), out);
   newline(out);
-  out << "home executor " << Name() << " {";
+  out << "home executor " << Written() << " {";
   indent(out);
   newline(out);
   out << "implements ";
@@ -196,7 +196,7 @@ void Segment::ResolveTypes(NodeList&) {
 void Segment::UnparseSegment(Writer& out) const {
   UnparseComment(Entity(), out);
   newline(out);
-  out << "segment " << Name() << " { provides ";
+  out << "segment " << Written() << " { provides ";
   uses.Write(UseRole::provides, out);
   out << "; };";
 }

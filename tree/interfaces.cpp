@@ -110,7 +110,7 @@ void Interface::UnparseKind(Writer& out) const {
   } else if (isLocal()) {
     out << "local ";
   }
-  out << "interface " << Name();
+  out << "interface " << Written();
 }
 
 void Interface::Unparse(Writer& out) const {
@@ -208,7 +208,7 @@ void Value::Unparse(Writer& out) const {
   UnparseHeading(out);
   if (abstract) out << "abstract ";
   if (custom) out << "custom ";
-  out << kindWord << "type " << Name();
+  out << kindWord << "type " << Written();
   UnparseBases(out);
   UnparseBody(out);
 }
@@ -218,7 +218,7 @@ void Value::Unparse(Writer& out) const {
 void Value::UnparseForward(Writer& out) const {
   newline(out);
   if (abstract) out << "abstract ";
-  out << "valuetype " << Name() << ';';
+  out << "valuetype " << Written() << ';';
 }
 
 }  // namespace mdktoidl

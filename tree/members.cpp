@@ -23,7 +23,7 @@ void Attribute::Unparse(Writer& out) const {
   UnparseComment(Entity(), out);
   newline(out);
   if (isReadOnly()) out << "readonly ";
-  out << "attribute " << type << ' ' << Name() << type.DeclaratorSuffix() << ';';
+  out << "attribute " << type << ' ' << Written() << type.DeclaratorSuffix() << ';';
 }
 
 // The declarator suffix is deliberately not written here, unlike for attributes and fields: files
@@ -31,7 +31,7 @@ void Attribute::Unparse(Writer& out) const {
 void State::Unparse(Writer& out) const {
   UnparseComment(Entity(), out);
   newline(out);
-  out << (isPublic(Entity()) ? "public " : "private ") << type << ' ' << Name() << ';';
+  out << (isPublic(Entity()) ? "public " : "private ") << type << ' ' << Written() << ';';
 }
 
 Operation::Operation(mdk::IMdeEntity* element, Container* parent)
@@ -121,7 +121,7 @@ void Operation::Unparse(Writer& out) const {
   UnparseComment(Entity(), out);
   newline(out);
   UnparsePrefix(out);
-  out << Name() << '(';
+  out << Written() << '(';
   UnparseParameters(out);
   out << ')';
   if (uses.Has(UseRole::raises)) {
@@ -229,7 +229,7 @@ void Parameter::ReportResult(const TypeReference& reference) const {
 }
 
 void Parameter::Unparse(Writer& out) const {
-  out << Keyword() << type << ' ' << Name() << type.DeclaratorSuffix();
+  out << Keyword() << type << ' ' << Written() << type.DeclaratorSuffix();
 }
 
 }  // namespace mdktoidl

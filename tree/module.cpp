@@ -199,7 +199,7 @@ void Module::UnparseOpening(bool isFirst, Writer& out) const {
   newline(out);
   if (isFirst) UnparseComment(Entity(), out);
   newline(out);
-  out << "module " << Name() << " {";
+  out << "module " << Written() << " {";
   indent(out);
 }
 
@@ -220,7 +220,7 @@ void Module::UnparseModuleScope(Writer& out) const {
   if (isFramed()) std::ranges::reverse(around);
   for (const Definition* each : around) {
     newline(out);
-    out << "module " << each->Name() << " {";
+    out << "module " << each->Written() << " {";
     indent(out);
   }
 }

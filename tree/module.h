@@ -80,8 +80,6 @@ class Root : public FileScope {
   /// identifiers, or keywords.
   const std::vector<std::uint32_t>& NameHashes() const { return nodeRegistry.NameHashes(); }
   const std::vector<std::uint32_t>& DoubtfulNames() const { return nodeRegistry.DoubtfulNames(); }
-  /// The record of what they use, in the order entered.
-  const std::deque<Use>& AllUses() const { return nodeRegistry.AllUses(); }
 
  private:
   void UnparseChild(const Node& child, Writer& out) const override;

@@ -16,7 +16,7 @@ Definition::Definition(mdk::IMdeEntity* element, const Definition* enclosing)
   if (entity == nullptr) return;
   const std::string_view stored = nodeRegistry.Store(entity->GetValue(properties::name, 0));
   name = stored.data();
-  nameSize = static_cast<std::uint32_t>(stored.size());
+  nameSize = static_cast<std::uint32_t>(stored.size()) & 0x7FFFFFFF;
 }
 
 void Definition::BuildScopedName(std::string& result, std::string_view separator) const {

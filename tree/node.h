@@ -58,8 +58,6 @@ class Node : public Definition {
   /// Whether it is part of the IDL, as far as that is known. What is not is told of nevertheless,
   /// and may be used by others.
   virtual bool isDeclared() const { return true; }
-  /// The name that is written for it, nearly always the model's.
-  virtual std::string_view WrittenName() const { return Name(); }
 
   /// Whether this is a constant, which may bound a sequence.
   virtual bool declaresConstant() const { return false; }
@@ -99,6 +97,7 @@ class Node : public Definition {
   const Node* Enclosing() const { return static_cast<const Node*>(Scope()); }
   /// What it uses by name. Empty until it is evaluated.
   const Uses& Used() const { return uses; }
+  Uses& Used() { return uses; }
   /// The place in the order of creation, from 0. What is inside it has places behind its own, up to
   /// its `LastSerial`.
   std::uint32_t Serial() const { return serial; }

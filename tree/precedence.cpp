@@ -18,7 +18,7 @@ bool isLegalInside(const Use& use) {
   if (!isNamedAsType(use)) return !isInHeader(use.role) && use.role != UseRole::value;
   const Construct& kind = use.used->Kind();
   if (kind.forward == Forward::inSequences) return use.isInSequence;
-  return kind.forward == Forward::asType || kind.heredity == Inheritance::inherits;
+  return kind.forward == Forward::asType || kind.inheritance == Inheritance::inherits;
 }
 
 }  // namespace

@@ -70,7 +70,7 @@ const Use* Typedef::NamedType() const {
 void Typedef::Unparse(Writer& out) const {
   UnparseComment(Entity(), out);
   newline(out);
-  out << "typedef " << type << ' ' << Name() << type.DeclaratorSuffix() << ';';
+  out << "typedef " << type << ' ' << Written() << type.DeclaratorSuffix() << ';';
 }
 
 Sequence::Sequence(mdk::IMdeEntity* element, Container* parent) : Node(element, parent) {
@@ -101,7 +101,7 @@ const Use* Sequence::NamedType() const {
 void Sequence::Unparse(Writer& out) const {
   UnparseComment(Entity(), out);
   newline(out);
-  out << "typedef " << type << ' ' << Name() << ';';
+  out << "typedef " << type << ' ' << Written() << ';';
 }
 
 BoxedValue::BoxedValue(mdk::IMdeEntity* element, Container* parent) : Node(element, parent) {
@@ -123,7 +123,7 @@ void BoxedValue::ResolveTypes(NodeList&) {
 void BoxedValue::Unparse(Writer& out) const {
   UnparseComment(Entity(), out);
   newline(out);
-  out << "valuetype " << Name() << ' ' << type << ';';
+  out << "valuetype " << Written() << ' ' << type << ';';
 }
 
 // Every definition on the way remembers the end, so that many users of a long chain of definitions

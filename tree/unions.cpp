@@ -151,13 +151,13 @@ Alias Union::ResolveDiscriminator() {
 
 void Union::Unparse(Writer& out) const {
   UnparseHeading(out);
-  out << "union " << Name() << " switch (" << type << ')';
+  out << "union " << Written() << " switch (" << type << ')';
   UnparseBody(out);
 }
 
 void Union::UnparseForward(Writer& out) const {
   newline(out);
-  out << "union " << Name() << ';';
+  out << "union " << Written() << ';';
 }
 
 void Case::ResolveTypes(NodeList&) {
@@ -210,7 +210,7 @@ void Case::Unparse(Writer& out) const {
   }
   indent(out);
   newline(out);
-  out << type << ' ' << Name() << type.DeclaratorSuffix() << ';';
+  out << type << ' ' << Written() << type.DeclaratorSuffix() << ';';
   redent(out);
 }
 

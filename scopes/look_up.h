@@ -1,0 +1,46 @@
+// What a name means at the place where it is written, as IDL compilers look it up.
+//
+// They look in the scope where it is written, then in that scope's bases, then in the scope around
+// it, and so on. Only the first identifier of a "::" name is looked up like that. A scope also
+// counts as declaring what is used in it: the first identifier of a name that is used can't be
+// declared there as well, except in a module around the scopes that use it.
+#pragma once
+
+#include "scopes/scope_table.h"
+
+namespace mdktoidl {
+
+/// What a name would be taken for.
+struct Meaning {
+  enum class Kind : std::uint8_t {
+    right,    ///< for what is meant
+    nothing,  ///< it isn't found
+    hidden,   ///< for something else
+    clash     ///< for what is meant, but it enters a scope that declares something of that name
+  };
+  Kind kind = Kind::right;
+  const Node* first = nullptr;  ///< what the first identifier should mean
+  const Node* hit = nullptr;    ///< what is in the way
+  const Node* scope = nullptr;  ///< and the scope that declares or inherits it; null for the file's
+  bool isInherited = false;
+};
+
+class LookUp {
+ public:
+  LookUp(const Root& root, const DeclaredNames& names) : names_(names), table_(root, names) {}
+
+  /// What a use would mean if it were spelled so.
+  Meaning Of(const Use& use, Spelling spelling);
+
+  const ScopeTable& Table() const { return table_; }
+
+ private:
+  Meaning OfFirst(const Use& use, const Node& first);
+  Meaning OfUnique(const Use& use, const Node& first);
+  bool isRight(const Node& hit, const Node& first) const;
+
+  const DeclaredNames& names_;
+  ScopeTable table_;
+};
+
+}  // namespace mdktoidl
