@@ -11,6 +11,7 @@
 #include "options/options.h"
 #include "output/file.h"
 #include "scopes/names.h"
+#include "tree/arrangement.h"
 #include "tree/interfaces.h"
 #include "tree/module.h"
 #include "tree/node_registry.h"
@@ -94,7 +95,11 @@ void Evaluate() {
 
 // What the plain form has that no compiler takes is repaired, unless it is wanted as it is; what
 // can't be repaired is told.
-void MakeLegal(Root& tree) { MakeNamesLegal(tree, !options.isVerbatim()); }
+void MakeLegal(Root& tree) {
+  const bool mayRepair = !options.isVerbatim();
+  if (mayRepair) Arrange(tree);
+  MakeNamesLegal(tree, mayRepair);
+}
 
 bool OpenMainFile(Writer& out) {
   std::string directory = options.RootDir();

@@ -6,8 +6,6 @@
 #include <unordered_set>
 #include <utility>
 
-#include "agent/diagnostics.h"
-
 namespace mdktoidl {
 
 void Numbering::Number(const std::vector<const Node*>& list) {
@@ -26,9 +24,7 @@ std::size_t Numbering::Around(const Node& node) const {
 }
 
 void SortEdges(std::vector<Edge>& edges) {
-  const auto key = [](const Edge& edge) {
-    return std::tuple(edge.from, edge.to, !edge.demand->isHard);
-  };
+  const auto key = [](const Edge& edge) { return std::tuple(edge.from, edge.to, !edge.isHard); };
   std::ranges::stable_sort(edges, {}, key);
   const auto isSame = [](const Edge& left, const Edge& right) {
     return left.from == right.from && left.to == right.to;
@@ -74,8 +70,8 @@ namespace {
 
 std::string_view VerbOf(const Demand& demand) {
   const Construct& kind = demand.after->Kind();
-  const bool isHolder = kind.scope == ScopeKind::reservesItsName &&
-                        kind.inheritance == Inheritance::none;
+  const bool isHolder =
+      kind.scope == ScopeKind::reservesItsName && kind.inheritance == Inheritance::none;
   switch (demand.use->role) {
     case UseRole::type:
       return isHolder ? "holds" : "uses";
@@ -100,9 +96,8 @@ std::string_view VerbOf(const Demand& demand) {
 
 std::string StepOf(const Demand& demand) {
   const Use& use = *demand.use;
-  std::string text = std::string(demand.after->Kind().word) + " " +
-                     demand.after->ScopedName("::") + " " + std::string(VerbOf(demand)) + " " +
-                     use.used->ScopedName("::");
+  std::string text = std::string(demand.after->Kind().word) + " " + demand.after->ScopedName("::") +
+                     " " + std::string(VerbOf(demand)) + " " + use.used->ScopedName("::");
   // A sequence's element is demanded by who uses the sequence.
   if (!demand.before->Encloses(*use.used)) {
     text += ", which needs " + demand.before->ScopedName("::") + " complete";
@@ -111,8 +106,8 @@ std::string StepOf(const Demand& demand) {
 }
 
 bool areOnlyConstants(const std::vector<const Demand*>& steps) {
-  return std::ranges::all_of(
-      steps, [](const Demand* step) { return step->use->role == UseRole::value; });
+  return std::ranges::all_of(steps,
+                             [](const Demand* step) { return step->use->role == UseRole::value; });
 }
 
 }  // namespace
@@ -140,7 +135,7 @@ bool CheckCircles(const std::vector<Demand>& demands, Numbering& numbering) {
   std::vector<Edge> edges;
   for (const Demand& demand : demands) {
     if (!demand.isHard) continue;
-    edges.push_back({numbering.Of(*demand.after), numbering.Of(*demand.before), &demand});
+    edges.push_back({numbering.Of(*demand.after), numbering.Of(*demand.before), &demand, true});
   }
   SortEdges(edges);
   const Ordering ordering = OrderByDependencies(GraphOf(nodes.size(), edges));

@@ -3,6 +3,7 @@
 
 #include <vector>
 
+#include "agent/diagnostics.h"
 #include "tree/precedence.h"
 
 namespace mdktoidl {
@@ -30,7 +31,8 @@ class Numbering {
 struct Edge {
   std::size_t from;
   std::size_t to;
-  const Demand* demand;
+  const Demand* demand;  ///< null for one that has no reason in the uses
+  bool isHard;
 };
 
 /// Sorts by both ends, and keeps the first demand among the same, a hard one if there is any.

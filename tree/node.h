@@ -71,9 +71,7 @@ class Node : public Definition {
   virtual const Use* NamedType() const { return nullptr; }
   /// The scope that this is, of those that order their declarations; null for anything else.
   virtual OrderedScope* AsOrderedScope() { return nullptr; }
-  const OrderedScope* AsOrderedScope() const {
-    return const_cast<Node*>(this)->AsOrderedScope();
-  }
+  const OrderedScope* AsOrderedScope() const { return const_cast<Node*>(this)->AsOrderedScope(); }
   /// The enumeration that this is; null for anything else.
   virtual const Enumeration* AsEnumeration() const { return nullptr; }
   virtual bool isEnumerator() const { return false; }

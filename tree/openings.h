@@ -13,8 +13,9 @@ class Openings {
   /// Within `scope`, whose own body is being written.
   Openings(const Node& scope, Writer& out) : scope_(&scope), open_(&scope), out_(out) {}
 
-  /// Opens the modules around a declaration of the scope that are not open, after closing those that
-  /// it doesn't stand in. A module's first opening has its comment and its forward declarations.
+  /// Opens the modules around a declaration of the scope that are not open, after closing those
+  /// that it doesn't stand in. A module's first opening has its comment and its forward
+  /// declarations.
   void GoTo(const Node& declaration);
   void CloseAll() { CloseUpTo(scope_); }
 
@@ -27,8 +28,8 @@ class Openings {
   std::unordered_set<const Node*> opened_;  // at some time
 };
 
-/// Writes forward declarations in `scope`; those of declarations in modules inside it in openings of
-/// these of their own. `scope` may be the root.
+/// Writes forward declarations in `scope`; those of declarations in modules inside it in openings
+/// of these of their own. `scope` may be the root.
 void WriteForwards(const Node& scope, const NodeList& declarations, Writer& out);
 
 }  // namespace mdktoidl

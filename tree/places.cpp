@@ -30,6 +30,7 @@ void Places::PlaceMembers(const OrderedScope& scope) {
 
 void Places::PlaceForwards(const OrderedScope& scope) {
   for (const Node* node : scope.Forwards()) {
+    if (node->Kind().forward == Forward::no) continue;
     std::uint32_t& declared = declared_[node->Serial()];
     declared = std::min(declared, next_++);
   }

@@ -8,8 +8,8 @@
 
 namespace mdktoidl {
 
-/// The places of all declarations of a tree in the order in which they are written; taken once, when
-/// that order is settled.
+/// The places of all declarations of a tree in the order in which they are written; taken once,
+/// when that order is settled.
 class Places {
  public:
   explicit Places(const Root& root);
@@ -21,8 +21,8 @@ class Places {
            DeclaredAt(declared) < DefinedAt(user);
   }
 
-  /// Whether the definition of `defined` stands before what `user` writes. Neither stands inside the
-  /// other.
+  /// Whether the definition of `defined` stands before what `user` writes. Neither stands inside
+  /// the other.
   bool IsDefinedBefore(const Node& defined, const Node& user) const {
     return DefinedAt(defined) < DefinedAt(user);
   }

@@ -46,8 +46,8 @@ bool Precedence::isHard(const Use& use) {
   }
 }
 
-/// The struct or union whose sequences a used definition names: only that itself, and names for more
-/// such sequences, may use them before it is complete. Null for all other uses.
+/// The struct or union whose sequences a used definition names: only that itself, and names for
+/// more such sequences, may use them before it is complete. Null for all other uses.
 const Node* Precedence::ElementToComplete(const Use& use) {
   if (use.used->NamedType() == nullptr || use.user->NamedType() == &use) return nullptr;
   const Node* element = IncompleteElement(*use.used);
