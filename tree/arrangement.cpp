@@ -50,7 +50,11 @@ class ModuleWalk {
     for (std::size_t thing = 0; thing < things_.size(); ++thing) {
       if (waiting_[thing] == 0) MakeReady(thing);
     }
-    for (; !ready_.empty(); ready_.pop()) Stay(things_[ready_.top()]->Enclosing());
+    while (!ready_.empty()) {
+      const Node* module = things_[ready_.top()]->Enclosing();
+      ready_.pop();
+      Stay(module);
+    }
     return std::move(order_);
   }
 
