@@ -12,6 +12,7 @@
 #include "output/file.h"
 #include "scopes/added_typedefs.h"
 #include "scopes/names.h"
+#include "tree/arrangement.h"
 #include "tree/interfaces.h"
 #include "tree/legality.h"
 #include "tree/module.h"
@@ -103,6 +104,7 @@ void MakeLegal(Root& tree) {
   if (mayRepair) RepairDeclarations(tree);
   CheckDeclarations(tree);
   if (mayRepair) NameTypes(tree);
+  if (mayRepair) Arrange(tree);
   MakeNamesLegal(tree, mayRepair);
 }
 

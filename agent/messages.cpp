@@ -44,8 +44,19 @@ constexpr std::array rows = {
     Row{Message::moduleIsEmpty, warning, "module-empty", "module {} is empty"},
     Row{Message::memberDeclaredAlready, warning, "member-declared-twice",
         "{} has a member that is declared elsewhere and left out here: {}"},
-    Row{Message::cannotBeForward, warning, "forward-impossible",
+    Row{Message::cannotBeForward, repairedAsWarned, "forward-impossible",
         "Definition{} cannot be a forward declaration"},
+    Row{Message::orderIsCircular, error, "order-circle", "{} needs itself complete: {}"},
+    Row{Message::filesAreCircular, error, "file-circle",
+        "the file of {} and others need each other complete, so one file for everything is needed, "
+        "or a declaration has to move: {}"},
+    Row{Message::orderRepaired, repair, "repaired-order",
+        "{}: its declarations are written in another order, in which each stands behind what it "
+        "needs"},
+    Row{Message::moduleOpenedAgain, repair, "repaired-order",
+        "module {} is opened more than once, since others need some of it before the rest"},
+    Row{Message::fileFramed, repair, "repaired-order",
+        "{}: its file gets other includes or openings of modules, so that it may be read first"},
 
     // Structs
     Row{Message::structHasNoMembers, illegalAsWarned, "struct-no-members",

@@ -35,6 +35,11 @@ enum class Message : std::size_t {
   moduleIsEmpty,
   memberDeclaredAlready,
   cannotBeForward,
+  orderIsCircular,
+  filesAreCircular,
+  orderRepaired,
+  moduleOpenedAgain,
+  fileFramed,
   // Structs
   structHasNoMembers,
   structHasConstant,

@@ -13,6 +13,9 @@ constexpr Rule rules[] = {
     {"forward-impossible",
      "A cycle of declarations needs forward declarations, which IDL has for "
      "interfaces, value types, structs, unions and components alone"},
+    {"order-circle", "No declarations need each other complete"},
+    {"file-circle", "No files of modules need each other complete"},
+    {"repaired-order", "Declarations are written where compilers want them"},
 
     // Types, whatever they are the type of
     {"type-unknown", "Every typed declaration has a type"},

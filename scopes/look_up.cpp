@@ -17,10 +17,6 @@ bool Enters(const Use& use, const Node* scope, const Node* start) {
 
 namespace {
 
-bool IsDeclaredBefore(const Node& declared, const Node& user) {
-  return declared.Serial() < user.Serial();
-}
-
 bool Inherits(const Node* scope) {
   return scope != nullptr && scope->Kind().inheritance == Inheritance::inherits;
 }
@@ -54,7 +50,7 @@ Meaning LookUp::OfFirst(const Use& use, const Node& first) {
     if (hit != nullptr && Enters(use, scope, start)) {
       return {Meaning::Kind::clash, &first, hit, scope, false};
     }
-    if (hit != nullptr && IsDeclaredBefore(*hit, *use.user)) {
+    if (hit != nullptr && places_.IsDeclaredBefore(*hit, *use.user)) {
       return {Meaning::Kind::hidden, &first, hit, scope, false};
     }
     if (Inherits(scope)) {

@@ -7,6 +7,7 @@
 #pragma once
 
 #include "scopes/scope_table.h"
+#include "tree/places.h"
 
 namespace mdktoidl {
 
@@ -39,7 +40,9 @@ bool Enters(const Use& use, const Node* scope, const Node* start);
 
 class LookUp {
  public:
-  LookUp(const Root& root, const DeclaredNames& names) : names_(names), table_(root, names) {}
+  /// `places` are those of a tree in its final order.
+  LookUp(const Root& root, const DeclaredNames& names, const Places& places)
+      : names_(names), places_(places), table_(root, names) {}
 
   /// What a use would mean if it were spelled so.
   Meaning Of(const Use& use, Spelling spelling);
@@ -52,6 +55,7 @@ class LookUp {
   bool isRight(const Node& hit, const Node& first) const;
 
   const DeclaredNames& names_;
+  const Places& places_;
   ScopeTable table_;
 };
 

@@ -118,7 +118,8 @@ void MakeIdentifiersLegal(const Root& root, bool mayRepair) {
 
 void MakeNamesLegal(Root& root, bool mayRepair) {
   const DeclaredNames names(root);
-  LookUp lookUp(root, names);
+  const Places places(root);
+  LookUp lookUp(root, names, places);
   MakeIdentifiersLegal(root, mayRepair);
   CheckDeclaredNames(root, names, lookUp.Table());
   CheckInheritedNames(root, names);

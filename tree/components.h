@@ -15,7 +15,7 @@ class Component : public Container {
   Component(mdk::IMdeEntity* element, Container* parent);
 
   static constexpr Construct kind{"component",  ScopeKind::open, Inheritance::inherits,
-                                  Forward::yes, Language::idl,   5};
+                                  Forward::asType, Language::idl,   5};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
   void UnparseForward(Writer& out) const override;

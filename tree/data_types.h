@@ -17,7 +17,7 @@ class Struct : public Container {
   Struct(mdk::IMdeEntity* element, Container* parent);
 
   static constexpr Construct kind{
-      "struct", ScopeKind::reservesItsName, Inheritance::none, Forward::yes, Language::idl, 9};
+      "struct", ScopeKind::reservesItsName, Inheritance::none, Forward::inSequences, Language::idl, 9};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
   void UnparseForward(Writer& out) const override;

@@ -15,7 +15,7 @@ class Interface : public OrderedScope {
   Interface(mdk::IMdeEntity* element, Container* parent);
 
   static constexpr Construct kind{"interface",           ScopeKind::reservesItsName,
-                                  Inheritance::inherits, Forward::yes,
+                                  Inheritance::inherits, Forward::asType,
                                   Language::idl,         1};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
@@ -46,10 +46,10 @@ class Value : public OrderedScope {
   Value(mdk::IMdeEntity* element, Container* parent);
 
   static constexpr Construct kind{"value type",          ScopeKind::reservesItsName,
-                                  Inheritance::inherits, Forward::yes,
+                                  Inheritance::inherits, Forward::asType,
                                   Language::idl,         2};
   static constexpr Construct eventKind{"event type",          ScopeKind::reservesItsName,
-                                       Inheritance::inherits, Forward::yes,
+                                       Inheritance::inherits, Forward::asType,
                                        Language::idl,         3};
   const Construct& Kind() const override { return kindWord == "event" ? eventKind : kind; }
   void Unparse(Writer& out) const override;

@@ -1,17 +1,51 @@
 // The upper levels of the tree: its root, the modules, and the placeholders beside them.
 #pragma once
 
+#include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "tree/container.h"
 #include "tree/node_registry.h"
 
 namespace mdktoidl {
 
-/// The tree of one run: the declarations that the exported artifact names.
-class Root : public OrderedScope {
+/// What a file has besides its own declarations, where each module has one.
+struct FileFrame {
+  NodeList forwards;                ///< declarations of other files, declared before the includes
+  std::vector<const Node*> before;  ///< whose files are included before the declarations
+  std::vector<const Node*> behind;  ///< and behind them
+};
+
+/// A scope that may have a file of its own: the root and the modules.
+class FileScope : public OrderedScope {
  public:
-  explicit Root(mdk::IMdeEntity* artifact) : OrderedScope(artifact, nullptr) {}
+  /// The path of that file, relative to the root directory; empty for a module when everything goes
+  /// into one file.
+  virtual std::string ScopedFileName() const = 0;
+  /// Whose files are included in the plain form, in the order written; some more than once.
+  virtual std::vector<const Node*> Included() const = 0;
+  /// Gives the file another frame than that of the plain form.
+  void SetFrame(FileFrame frame) { frame_ = std::make_unique<FileFrame>(std::move(frame)); }
+
+ protected:
+  using OrderedScope::OrderedScope;
+
+  /// Whether its frame is not that of the plain form.
+  bool isFramed() const { return frame_ != nullptr; }
+  void UnparseFrameBefore(Writer& out) const;
+  void UnparseFrameBehind(Writer& out) const;
+  void UnparseChild(const Node& child, Writer& out) const override;
+
+ private:
+  std::unique_ptr<FileFrame> frame_;
+};
+
+/// The tree of one run: the declarations that the exported artifact names.
+class Root : public FileScope {
+ public:
+  explicit Root(mdk::IMdeEntity* artifact) : FileScope(artifact, nullptr) {}
 
   static constexpr Construct kind{"artifact",  ScopeKind::open, Inheritance::none,
                                   Forward::no, Language::idl,   27};
@@ -22,7 +56,12 @@ class Root : public OrderedScope {
   /// Appends a declaration; the root owns it from then on.
   void AddNode(std::unique_ptr<Node> node) { Adopt(std::move(node)); }
 
-  /// Whether the main file holds more than its head and foot: includes or declarations.
+  std::string ScopedFileName() const override;
+  /// None: the plain form's main file leaves it to others what else to read.
+  std::vector<const Node*> Included() const override { return {}; }
+
+  /// Whether the main file holds more than its head, its foot and includes of modules'
+  /// files.
   bool hasOwnFile() const;
 
   /// Numbers all nodes in the order in which they stand in the tree, after some were put into it.
@@ -47,14 +86,14 @@ class Root : public OrderedScope {
   const std::vector<std::uint32_t>& DoubtfulNames() const { return nodeRegistry.DoubtfulNames(); }
 
  private:
-  void UnparseNode(const Node& node, Writer& out) const;
+  void UnparseChild(const Node& child, Writer& out) const override;
 };
 
 /// The tree of the current run; null between runs.
 extern Root* root;
 
 /// An IDL module: a package of the model, with the file that it may have of its own.
-class Module : public OrderedScope {
+class Module : public FileScope {
  public:
   /// A module inside `parent`, another module; at the top of the tree when that is null. Throws
   /// `IDLException` when modules are nested more than 256 deep.
@@ -66,10 +105,11 @@ class Module : public OrderedScope {
   void Unparse(Writer& out) const override;
   bool isModule() const override { return true; }
   void Repair(const ConstantNames&) override { isLeftOut = declaresNothing(); }
+  void UnparseOpening(bool isFirst, Writer& out) const override;
+  void UnparseClosing(Writer& out) const override;
 
-  /// The path of the file that the module has of its own, relative to the root directory; empty
-  /// when everything goes into one file.
-  std::string ScopedFileName() const;
+  std::string ScopedFileName() const override;
+  std::vector<const Node*> Included() const override;
 
   /// The node whose file holds `node`: the innermost module around it, or else the root.
   static const Node* GetFileNode(const Node* node);
@@ -82,11 +122,8 @@ class Module : public OrderedScope {
   void Init();
   bool declaresNothing() const;
   void UnparseBlock(Writer& out) const;
-  /// Modules inside this one are left out when they have files of their own.
-  void UnparseMembers(Writer& out) const override;
   void UnparseModuleScope(Writer& out) const;
   void UnparseModuleScopeEnd(Writer& out) const;
-  void UnparsePackageRelationships(Writer& out) const;
 
   bool isLeftOut = false;  // since it declares nothing; a file that it has of its own stays
   int depth;               // 1 at the top of the tree

@@ -99,6 +99,12 @@ Node* Node::GetNodeRef(mdk::IMdeEntity* element) {
 
 void Node::UnparseForward(Writer&) const {}
 
+const Use* Node::NamedType() const {
+  const WrittenType* defined = DefinedType();
+  const bool isName = defined != nullptr && defined->DeclaratorSuffix().empty();
+  return isName ? defined->Named() : nullptr;
+}
+
 const WrittenType* Node::TypeToName() const { return nullptr; }
 
 void Node::NameType(Node&) {}
@@ -249,7 +255,9 @@ void Node::UseType(TypeReference&& reference, WrittenType& type, UseRole role) {
   const Use* named = nullptr;
   Node* node = reference.kind == unknownType ? nullptr : GetNodeRef(reference.definition);
   if (node != nullptr && reference.isAnonymous) {
-    named = &AddUse(*node, UseRole::element, SpellingInTemplate(*node));
+    Use& use = AddUse(*node, UseRole::element, SpellingInTemplate(*node));
+    use.isInSequence = !reference.sequences.empty();
+    named = &use;
   } else if (node != nullptr) {
     Use& use = AddUse(*node, role);
     Rename(use, reference.name);

@@ -73,6 +73,12 @@ class Node : public Definition {
   virtual std::optional<Alias> AliasOf() const { return std::nullopt; }
   /// Shortens the way for the next question: what `AliasOf` leads to in the end.
   virtual void RememberAlias(const Alias&) const {}
+  /// The use of what this is another name of, or a name for sequences of; null for all else, arrays
+  /// included. Known when types are evaluated.
+  const Use* NamedType() const;
+  /// The scope that this is, of those that order their declarations; null for anything else.
+  virtual OrderedScope* AsOrderedScope() { return nullptr; }
+  const OrderedScope* AsOrderedScope() const { return const_cast<Node*>(this)->AsOrderedScope(); }
   /// The enumeration that this is; null for anything else.
   virtual const Enumeration* AsEnumeration() const { return nullptr; }
   virtual bool isEnumerator() const { return false; }
@@ -80,8 +86,6 @@ class Node : public Definition {
   virtual const Constant* AsConstant() const { return nullptr; }
   virtual const Interface* AsInterface() const { return nullptr; }
   virtual const Value* AsValue() const { return nullptr; }
-  /// The scope that orders its declarations that this is; null for anything else.
-  virtual OrderedScope* AsOrderedScope() { return nullptr; }
   /// The type that this is a name for, be it a sequence's; null for all but type definitions.
   virtual const WrittenType* DefinedType() const { return nullptr; }
   /// Its type, where IDL takes no templates without a name; null where it takes them, and for what
@@ -92,6 +96,9 @@ class Node : public Definition {
   virtual void NameType(Node& definition);
   /// Whether this is a module; it may have a file of its own.
   virtual bool isModule() const { return false; }
+  /// Writes what begins and ends an opening of a module; nothing for anything else.
+  virtual void UnparseOpening(bool, Writer&) const {}
+  virtual void UnparseClosing(Writer&) const {}
   /// Whether this is a scope that orders its declarations, and one of that name stands in it, which
   /// hides declarations of the same name around it.
   virtual bool declares(std::string_view name) const;

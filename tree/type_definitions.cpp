@@ -88,6 +88,7 @@ void Sequence::ResolveTypes(NodeList&) {
     Report(isArray ? Message::sequenceTypeIsArray : Message::sequenceTypeAnonymous);
   }
   type.WrapInSequence();
+  for (Use& use : uses) use.isInSequence = use.role == UseRole::element && !isArray;
 }
 
 void Sequence::Unparse(Writer& out) const {
@@ -105,7 +106,9 @@ AddedTypedef::AddedTypedef(std::string_view name, Container* parent, const Node&
     bound = &AddUse(*node, UseRole::bound, SpellingInTemplate(*node));
   }
   if (Node* node = its.Definition()) {
-    named = &AddUse(*node, UseRole::element, SpellingInTemplate(*node));
+    Use& use = AddUse(*node, UseRole::element, SpellingInTemplate(*node));
+    use.isInSequence = !its.Sequences().empty();
+    named = &use;
   }
   type.CopyFrom(its, named, bound);
 }

@@ -64,6 +64,7 @@ class AddedTypedef : public Node {
 
   const Construct& Kind() const override { return Typedef::kind; }
   void Unparse(Writer& out) const override;
+  const WrittenType* DefinedType() const override { return &type; }
   mdk::IMdeEntity* Blamed() const override { return blamed; }
   Meanings Means() const override { return meanings::type; }
   bool writesComments() const override { return false; }

@@ -62,6 +62,8 @@ struct Use {
   bool isInScope : 1;
   /// It stands before its user's name, and so outside the scope that this makes: a result's type.
   bool isBeforeName : 1;
+  /// What is used is an element of a sequence.
+  bool isInSequence : 1;
   /// The base is one to which a value may be truncated.
   bool isTruncatable : 1;
 

@@ -56,6 +56,8 @@ class WrittenType {
   std::span<const SequenceLevel> Sequences() const;
   /// The constant that bounds the outermost sequence by its name; null for none.
   Node* BoundConstant() const;
+  /// The use by which it names that; null for none.
+  const Use* Named() const { return named_; }
   /// What is written behind the declared name; "[2][3]" for an array, mostly empty.
   std::string_view DeclaratorSuffix() const;
 
