@@ -37,8 +37,8 @@ class Definition {
   /// The name that is written for it, nearly always the model's.
   virtual std::string_view WrittenName() const { return Name(); }
   Identifier Written() const { return {WrittenName(), escaped != 0}; }
-  /// The name by which others write it. For a composition that isn't the name that it declares: what
-  /// is managed is the implementation.
+  /// The name by which others write it. For a composition that isn't the name that it declares:
+  /// what is managed is the implementation.
   Identifier AsUsed() const { return {Name(), escaped != 0}; }
   /// Lets the name be written with the underscore that makes any keyword a name.
   void Escape() { escaped = 1; }

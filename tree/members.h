@@ -3,8 +3,11 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "tree/container.h"
 
@@ -41,6 +44,9 @@ class State : public Attribute {
  public:
   using Attribute::Attribute;
 
+  Meanings Means() const override { return meanings::state; }
+  void Repair(const ConstantNames&) override;
+
   static constexpr Construct kind{"state member", ScopeKind::none, Inheritance::inherited,
                                   Forward::no,    Language::idl,   22};
   const Construct& Kind() const override { return kind; }
@@ -49,6 +55,9 @@ class State : public Attribute {
 
  protected:
   void ResolveTypes(NodeList& deps) override;
+
+ private:
+  bool showsSize = false;  // of an array, behind the name
 };
 
 class Parameter;
@@ -68,6 +77,9 @@ class Operation : public Container {
   void Unparse(Writer& out) const override;
   const WrittenType* TypeToName() const override { return writesResult() ? &type : nullptr; }
   void NameType(Node& definition) override;
+  Meanings Means() const override { return factory || finder ? meanings::factory : Meanings(); }
+  void Repair(const ConstantNames&) override;
+  void CheckLegality(const ConstantNames&) const override;
 
   bool isFactory() const { return factory; }
   bool isFinder() const { return finder; }
@@ -92,10 +104,14 @@ class Operation : public Container {
   void ResolveResult(TypeReference& result) const;
   void UnparsePrefix(Writer& out) const;
   void UnparseParameters(Writer& out) const;
+  void ResolveContext();
   void UnparseContext(Writer& out) const;
 
+  using ContextStrings = std::vector<std::string>;
+
   const Parameter* returnParameter = nullptr;
-  WrittenType type;  // of the result
+  WrittenType type;                         // of the result
+  std::unique_ptr<ContextStrings> context;  // as they are written; null for none, which is usual
   bool finder;
   bool factory;
   mutable std::optional<bool> oneway;  // asked of the model at the first question
@@ -114,6 +130,8 @@ class Parameter : public Node {
   void Unparse(Writer& out) const override;
   const WrittenType* TypeToName() const override { return &type; }
   void NameType(Node& definition) override { WriteTypeAs(definition, type); }
+  bool writesComments() const override { return false; }
+  void CheckLegality(const ConstantNames&) const override;
 
   /// Whether this is a result of the operation.
   bool isResult() const { return direction == Direction::result; }

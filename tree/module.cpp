@@ -130,6 +130,14 @@ Module::Module(mdk::IMdeEntity* element, Container* parent)
 
 void Module::Init() { AdoptMembers(moduleMembers); }
 
+// Compilers refuse a module without declarations.
+bool Module::declaresNothing() const {
+  return std::ranges::all_of(children, [](const auto& child) {
+    if (!child->isModule()) return !child->isDeclared();
+    return static_cast<const Module&>(*child).declaresNothing();
+  });
+}
+
 void Module::ResolveTypes(NodeList& deps) {
   EvaluateAndSort(external);
   deps.insert(deps.end(), external.begin(), external.end());
@@ -163,11 +171,14 @@ const Node* Module::GetFileNode(const Node* node) {
 }
 
 void Module::Unparse(Writer& out) const {
-  if (options.Mapping() == ONE_FILE) return UnparseBlock(out);
+  if (options.Mapping() == ONE_FILE) {
+    if (!isLeftOut) UnparseBlock(out);
+    return;
+  }
   File::Close(out);
   if (!File::Open(ScopedFileName(), out)) return;
   UnparsePackageRelationships(out);
-  if (!holdsOnlyModules(children)) {
+  if (!isLeftOut && !holdsOnlyModules(children)) {
     UnparseModuleScope(out);
     UnparseBlock(out);
     UnparseModuleScopeEnd(out);

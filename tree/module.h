@@ -17,6 +17,7 @@ class Root : public OrderedScope {
                                   Forward::no, Language::idl,   27};
   const Construct& Kind() const override { return kind; }
   bool isDeclared() const override { return false; }
+  bool writesComments() const override { return false; }
 
   /// Appends a declaration; the root owns it from then on.
   void AddNode(std::unique_ptr<Node> node) { Adopt(std::move(node)); }
@@ -64,6 +65,7 @@ class Module : public OrderedScope {
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
   bool isModule() const override { return true; }
+  void Repair(const ConstantNames&) override { isLeftOut = declaresNothing(); }
 
   /// The path of the file that the module has of its own, relative to the root directory; empty
   /// when everything goes into one file.
@@ -78,6 +80,7 @@ class Module : public OrderedScope {
  private:
   void ObserveReferences(const Node& child, const NodeList& references) override;
   void Init();
+  bool declaresNothing() const;
   void UnparseBlock(Writer& out) const;
   /// Modules inside this one are left out when they have files of their own.
   void UnparseMembers(Writer& out) const override;
@@ -85,9 +88,10 @@ class Module : public OrderedScope {
   void UnparseModuleScopeEnd(Writer& out) const;
   void UnparsePackageRelationships(Writer& out) const;
 
-  int depth;          // 1 at the top of the tree
-  NodeList external;  // what the contents use outside this module
-  NodeList nested;    // what the contents of this module's own file use in modules inside it
+  bool isLeftOut = false;  // since it declares nothing; a file that it has of its own stays
+  int depth;               // 1 at the top of the tree
+  NodeList external;       // what the contents use outside this module
+  NodeList nested;         // what the contents of this module's own file use in modules inside it
 };
 
 /// An include of an IDL file that is not part of the export.
@@ -100,6 +104,7 @@ class Include : public Node {
                                   Forward::no, Language::idl,   26};
   const Construct& Kind() const override { return kind; }
   bool isDeclared() const override { return false; }
+  bool writesComments() const override { return false; }
   void Unparse(Writer& out) const override;
 
  protected:
@@ -121,6 +126,7 @@ class Artifact : public Node {
                                   Forward::no, Language::idl,   27};
   const Construct& Kind() const override { return kind; }
   bool isDeclared() const override { return false; }
+  bool writesComments() const override { return false; }
   void Unparse(Writer&) const override {}
 
  protected:

@@ -8,6 +8,8 @@
 #include "output/comment.h"
 #include "tree/container.h"
 #include "tree/node_registry.h"
+#include "types/one_line.h"
+#include "types/text.h"
 
 namespace mdktoidl {
 
@@ -123,6 +125,41 @@ void Node::Report(Message message, std::initializer_list<std::string_view> piece
   mdktoidl::Report(message, Blamed(), pieces);
 }
 
+void Node::Report(Message message, std::initializer_list<std::string_view> pieces,
+                  const Node& other, std::string_view there) const {
+  Diagnostic diagnostic{message, Blamed(), {pieces.begin(), pieces.end()}, {}};
+  if (other.Blamed() != nullptr) {
+    diagnostic.related.push_back({other.Blamed(), std::string(there)});
+  }
+  mdktoidl::Report(std::move(diagnostic));
+}
+
+std::string Node::Described() const {
+  return std::string(Kind().word) + ' ' + OneLine(ScopedName("::"));
+}
+
+// Whose places want something else says so itself.
+Expectation Node::Expects(UseRole role) const {
+  switch (role) {
+    case UseRole::type:
+    case UseRole::element:
+      return {meanings::type, "type"};
+    case UseRole::supports:
+      return {meanings::interface, "interface"};
+    case UseRole::raises:
+      return {meanings::exception, "exception"};
+    case UseRole::manages:
+    case UseRole::implements:
+      return {meanings::component, "component"};
+    case UseRole::primaryKey:
+      return {meanings::value | meanings::event, "value type"};
+    case UseRole::provides:
+      return {meanings::facet, "facet"};
+    default:
+      return {};
+  }
+}
+
 void Node::ResolveType(mdk::IMdeEntity* typed, const TypeDiagnostics& diagnostics,
                        WrittenType& type, UseRole role) {
   TypeReference reference;
@@ -163,7 +200,45 @@ void Node::ReportType(const TypeReference& reference, const TypeDiagnostics& dia
   }
 }
 
+namespace {
+
+/// The numbers in a text, as they are written there.
+std::vector<std::string> NumbersIn(std::string_view text) {
+  std::vector<std::string> numbers;
+  constexpr std::string_view separators = "<>[], ";
+  while (!text.empty()) {
+    const std::string_view word = text.substr(0, text.find_first_of(separators));
+    if (IntegerLiteral(std::string(word))) numbers.emplace_back(word);
+    text.remove_prefix(std::min(word.size() + 1, text.size()));
+  }
+  return numbers;
+}
+
+constexpr long greatestSize = 0xFFFFFFFFL;
+
+}  // namespace
+
+void Node::CheckSizes(const TypeReference& reference) const {
+  if (reference.predefined == "native") Report(Message::typeIsNative, {Described()});
+  if (!reference.isAnonymous) return;
+  std::string sizes = reference.bounded + ' ' + reference.declaratorSuffix;
+  for (const SequenceLevel& level : reference.sequences) sizes += ' ' + level.bound;
+  const std::vector<std::string> numbers = NumbersIn(sizes);
+  for (const std::string& number : numbers) {
+    if (IntegerLiteral(number) > greatestSize) {
+      Report(Message::boundTooLarge, {Described(), number});
+    }
+  }
+  if (!reference.bounded.starts_with("fixed")) return;
+  constexpr long mostDigits = 31;
+  const auto digits = IntegerLiteral(numbers[0]);
+  if (digits > mostDigits || IntegerLiteral(numbers[1]) > digits) {
+    Report(Message::fixedHasWrongDigits, {Described(), reference.bounded});
+  }
+}
+
 void Node::UseType(TypeReference&& reference, WrittenType& type, UseRole role) {
+  CheckSizes(reference);
   const Use* boundUse = nullptr;
   Node* bound =
       reference.multiplicity.hasConstant ? GetNodeRef(reference.multiplicity.constant) : nullptr;

@@ -19,15 +19,20 @@
 #include "output/layout.h"
 #include "tree/construct.h"
 #include "tree/definition.h"
+#include "tree/meaning.h"
 #include "tree/use.h"
 #include "tree/written_type.h"
 #include "types/type_reference.h"
 
 namespace mdktoidl {
 
+class Constant;
+class ConstantNames;
 class Container;
 class Enumeration;
+class Interface;
 class OrderedScope;
+class Value;
 
 /// Borrowed nodes. Kept sorted by creation where a list serves as a set.
 using NodeList = std::vector<Node*>;
@@ -36,6 +41,8 @@ using NodeList = std::vector<Node*>;
 struct Alias {
   const Node* declaration = nullptr;  ///< null for a predefined type, and for a template
   std::string primitive;              ///< the predefined type; empty for anything else
+  /// The type definition that names a template; null for anything else.
+  const Node* definition = nullptr;
 };
 
 class Node : public Definition {
@@ -79,6 +86,10 @@ class Node : public Definition {
   /// Has that type written as the name of a declaration that means the same. Its spelling is found
   /// out, which takes knowing all declarations around.
   virtual void NameType(Node& definition);
+  /// The constant, the interface, the value or event type that this is; null for anything else.
+  virtual const Constant* AsConstant() const { return nullptr; }
+  virtual const Interface* AsInterface() const { return nullptr; }
+  virtual const Value* AsValue() const { return nullptr; }
   /// Whether this is a module; it may have a file of its own.
   virtual bool isModule() const { return false; }
   /// Whether this is a scope that orders its declarations, and one of that name stands in it, which
@@ -87,9 +98,31 @@ class Node : public Definition {
 
   /// The element that diagnostics about it are about: its own, where it has one.
   virtual mdk::IMdeEntity* Blamed() const { return Entity(); }
+  /// What a name that means it may stand for.
+  virtual Meanings Means() const { return 0; }
+  /// What a name that it writes in a role has to stand for.
+  virtual Expectation Expects(UseRole role) const;
+  /// The type that this is another name of; null for what is none. Known once it is evaluated.
+  virtual const WrittenType* Denotes() const { return nullptr; }
+  /// The type that this gives its own type to, as a field does to its struct; null for none.
+  virtual const Node* TypeThatHoldsMine() const { return nullptr; }
+  /// Whether the element's comments are written before it.
+  virtual bool writesComments() const { return true; }
+
+  /// Makes legal what compilers would refuse, where that can be done in the declaration itself, and
+  /// tells of it. Not called where the plain form is wanted.
+  virtual void Repair(const ConstantNames&) {}
+  /// Reports what no compiler takes, and nothing can be written for.
+  virtual void CheckLegality(const ConstantNames&) const {}
+
   /// Reports for this declaration. The only piece is its scoped name, unless others are given.
   void Report(Message message) const;
   void Report(Message message, std::initializer_list<std::string_view> pieces) const;
+  /// The same about another declaration as well; `there` says what is to be seen there.
+  void Report(Message message, std::initializer_list<std::string_view> pieces, const Node& other,
+              std::string_view there) const;
+  /// The word for it with its scoped name: "struct M::S".
+  std::string Described() const;
 
   /// The node that was built in this run for `element`; null when there is none, and for null.
   static Node* GetNodeRef(mdk::IMdeEntity* element);
@@ -130,6 +163,7 @@ class Node : public Definition {
   void ReportMultiplicity(const Multiplicity& multiplicity, std::string_view word) const;
   void ReportArray(const TypeReference& reference, std::string_view word) const;
   void ReportType(const TypeReference& reference, const TypeDiagnostics& diagnostics) const;
+  void CheckSizes(const TypeReference& reference) const;
   void UseType(TypeReference&& reference, WrittenType& type, UseRole role = UseRole::type);
   /// Replaces what the type uses by a declaration that means the same.
   void WriteTypeAs(Node& definition, WrittenType& type);

@@ -19,6 +19,9 @@ class Typedef : public Node {
   std::optional<Alias> AliasOf() const override;
   void RememberAlias(const Alias& alias) const override { known = alias; }
   const WrittenType* DefinedType() const override { return &type; }
+  Meanings Means() const override { return meanings::type; }
+  const WrittenType* Denotes() const override { return &type; }
+  const Node* TypeThatHoldsMine() const override { return this; }
 
  protected:
   void ResolveTypes(NodeList& deps) override;
@@ -40,6 +43,8 @@ class Sequence : public Node {
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
   const WrittenType* DefinedType() const override { return &type; }
+  Meanings Means() const override { return meanings::type; }
+  const Node* TypeThatHoldsMine() const override { return this; }
 
  protected:
   void ResolveTypes(NodeList& deps) override;
@@ -61,6 +66,10 @@ class AddedTypedef : public Node {
   void Unparse(Writer& out) const override;
   const WrittenType* DefinedType() const override { return &type; }
   mdk::IMdeEntity* Blamed() const override { return blamed; }
+  Meanings Means() const override { return meanings::type; }
+  const WrittenType* Denotes() const override { return &type; }
+  const Node* TypeThatHoldsMine() const override { return this; }
+  bool writesComments() const override { return false; }
 
  protected:
   void ResolveTypes(NodeList&) override {}
@@ -79,6 +88,8 @@ class BoxedValue : public Node {
                                   Forward::no,   Language::idl,   15};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
+  Meanings Means() const override { return meanings::type | meanings::boxed; }
+  void CheckLegality(const ConstantNames&) const override;
 
  protected:
   void ResolveTypes(NodeList& deps) override;
@@ -91,5 +102,20 @@ class BoxedValue : public Node {
 /// What a declaration is in the end another name of; the declaration itself when it is none. Empty
 /// for definitions that lead in a circle.
 Alias Unaliased(const Node& node);
+
+/// What a type is in the end, through type definitions.
+struct BaseType {
+  const Node* declaration = nullptr;  ///< null for what is predefined or a template
+  std::string predefined;             ///< "unsigned long", "string<8>"; empty for anything else
+  bool isMadeOfElements = false;      ///< a sequence or an array
+
+  /// False when the type, or what it leads to, could not be identified.
+  bool isKnown() const { return declaration != nullptr || !predefined.empty() || isMadeOfElements; }
+  /// As users know it.
+  std::string Text() const;
+};
+
+/// Known once everything is evaluated.
+BaseType BaseOf(const WrittenType& type);
 
 }  // namespace mdktoidl
