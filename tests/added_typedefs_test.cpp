@@ -78,7 +78,7 @@ const TypedefCase typedefCases[] = {
     {"module M { interface I { struct S { field x } attr a : M::I::S [*] }"
      " sequence Outside : M::I::S }",
      "module M {\ninterface I {\ntypedef sequence<S> SSeq;\nattribute SSeq a;\n"
-     "typedef sequence<I::S> Outside;\n"},
+     "typedef sequence<M::I::S> Outside;\n"},
     // Names that are taken: declared, used, of the scope itself, of what hides it from the user.
     {"module M { struct longseq { field x } interface I { attr a [*] } }",
      "module M {\ntypedef sequence<long> LongSeq_2;\ninterface I {\nattribute LongSeq_2 a;\n"},
