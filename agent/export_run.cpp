@@ -132,7 +132,7 @@ void Export(mdk::IMdeEntity* artifact, RunState& state, Writer& out) {
   MakeLegal(*root);
   if (!isRefused) root->MakeDirectories();
   PrintMessages();
-  if (isRefused) return;
+  if (isRefused) return Print(headings::aborted);
   if (errors.empty()) root->Unparse(out);
   File::Close(out);
   deleteNodeStereotypes(artifact);

@@ -124,9 +124,11 @@ TEST(Diagnostics, TellOfTheReadersRemarks) {
                          "template-parameter-unreadable", "template-recursive", "value-unknown"));
 }
 
-/// What is silent where repairs are made is a warning where none are.
+/// That without repairs, where what is repaired is silent.
 std::string SeverityShown(Message message) {
+  mdktoidl::SetVerbatim(SeverityOf(message) == mdktoidl::Severity::silent);
   const mdktoidl::Severity severity = SeverityOf(message);
+  mdktoidl::SetVerbatim(false);
   if (severity == mdktoidl::Severity::note) return "note";
   return severity < mdktoidl::Severity::error ? "warning" : "error";
 }

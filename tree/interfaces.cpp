@@ -253,6 +253,7 @@ void Value::BringForward(UseRole role, bool (*isConcrete)(const Use&)) {
 }
 
 void Value::Repair(const ConstantNames&) {
+  forwardWord = kindWord;
   BringForward(UseRole::base, isConcreteValue);
   BringForward(UseRole::supports, isConcreteInterface);
 }
@@ -325,12 +326,12 @@ void Value::Unparse(Writer& out) const {
   UnparseBody(out);
 }
 
-// An event type's forward declaration says "valuetype", too. That is deliberate: compilers that
-// know no event types take it, and files in use are written so.
+// In the plain form an event type's forward declaration says "valuetype", too. That is deliberate:
+// files in use are written so.
 void Value::UnparseForward(Writer& out) const {
   newline(out);
   if (abstract) out << "abstract ";
-  out << "valuetype " << Written() << ';';
+  out << forwardWord << "type " << Written() << ';';
 }
 
 }  // namespace mdktoidl

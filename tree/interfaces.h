@@ -79,7 +79,8 @@ class Value : public OrderedScope {
 
   bool custom = false;
   bool abstract = false;
-  std::string_view kindWord = "value";  // written before "type"
+  std::string_view kindWord = "value";     // written before "type"
+  std::string_view forwardWord = "value";  // the same in its forward declaration
 };
 
 /// The members of interfaces and homes.

@@ -75,11 +75,11 @@ class Operation : public Container {
                                          Forward::no, Language::idl,   19};
   const Construct& Kind() const override { return finder || factory ? creatorKind : kind; }
   void Unparse(Writer& out) const override;
-  const WrittenType* TypeToName() const override { return writesResult() ? &type : nullptr; }
-  void NameType(Node& definition) override;
   Meanings Means() const override { return factory || finder ? meanings::factory : Meanings(); }
   void Repair(const ConstantNames&) override;
   void CheckLegality(const ConstantNames&) const override;
+  const WrittenType* TypeToName() const override { return writesResult() ? &type : nullptr; }
+  void NameType(Node& definition) override;
 
   bool isFactory() const { return factory; }
   bool isFinder() const { return finder; }
@@ -128,10 +128,10 @@ class Parameter : public Node {
   /// The operation writes the type of its result in place of the parameter.
   bool isDeclared() const override;
   void Unparse(Writer& out) const override;
-  const WrittenType* TypeToName() const override { return &type; }
-  void NameType(Node& definition) override { WriteTypeAs(definition, type); }
   bool writesComments() const override { return false; }
   void CheckLegality(const ConstantNames&) const override;
+  const WrittenType* TypeToName() const override { return &type; }
+  void NameType(Node& definition) override { WriteTypeAs(definition, type); }
 
   /// Whether this is a result of the operation.
   bool isResult() const { return direction == Direction::result; }

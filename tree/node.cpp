@@ -103,8 +103,6 @@ const WrittenType* Node::TypeToName() const { return nullptr; }
 
 void Node::NameType(Node&) {}
 
-const WrittenType* Node::DefinedType() const { return nullptr; }
-
 void Node::Number(NodeList& order) {
   serial = lastSerial = static_cast<std::uint32_t>(order.size());
   order.push_back(this);

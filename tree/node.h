@@ -31,8 +31,8 @@ class ConstantNames;
 class Container;
 class Enumeration;
 class Interface;
-class OrderedScope;
 class Value;
+class OrderedScope;
 
 /// Borrowed nodes. Kept sorted by creation where a list serves as a set.
 using NodeList = std::vector<Node*>;
@@ -76,28 +76,26 @@ class Node : public Definition {
   /// The enumeration that this is; null for anything else.
   virtual const Enumeration* AsEnumeration() const { return nullptr; }
   virtual bool isEnumerator() const { return false; }
+  /// The constant, the interface, the value or event type that this is; null for anything else.
+  virtual const Constant* AsConstant() const { return nullptr; }
+  virtual const Interface* AsInterface() const { return nullptr; }
+  virtual const Value* AsValue() const { return nullptr; }
   /// The scope that orders its declarations that this is; null for anything else.
   virtual OrderedScope* AsOrderedScope() { return nullptr; }
-  /// The type that this gives another name; null for all but type definitions.
-  virtual const WrittenType* DefinedType() const;
+  /// The type that this is a name for, be it a sequence's; null for all but type definitions.
+  virtual const WrittenType* DefinedType() const { return nullptr; }
   /// Its type, where IDL takes no templates without a name; null where it takes them, and for what
   /// has no type.
   virtual const WrittenType* TypeToName() const;
   /// Has that type written as the name of a declaration that means the same. Its spelling is found
   /// out, which takes knowing all declarations around.
   virtual void NameType(Node& definition);
-  /// The constant, the interface, the value or event type that this is; null for anything else.
-  virtual const Constant* AsConstant() const { return nullptr; }
-  virtual const Interface* AsInterface() const { return nullptr; }
-  virtual const Value* AsValue() const { return nullptr; }
   /// Whether this is a module; it may have a file of its own.
   virtual bool isModule() const { return false; }
   /// Whether this is a scope that orders its declarations, and one of that name stands in it, which
   /// hides declarations of the same name around it.
   virtual bool declares(std::string_view name) const;
 
-  /// The element that diagnostics about it are about: its own, where it has one.
-  virtual mdk::IMdeEntity* Blamed() const { return Entity(); }
   /// What a name that means it may stand for.
   virtual Meanings Means() const { return 0; }
   /// What a name that it writes in a role has to stand for.
@@ -115,6 +113,8 @@ class Node : public Definition {
   /// Reports what no compiler takes, and nothing can be written for.
   virtual void CheckLegality(const ConstantNames&) const {}
 
+  /// The element that diagnostics about it are about: its own, where it has one.
+  virtual mdk::IMdeEntity* Blamed() const { return Entity(); }
   /// Reports for this declaration. The only piece is its scoped name, unless others are given.
   void Report(Message message) const;
   void Report(Message message, std::initializer_list<std::string_view> pieces) const;

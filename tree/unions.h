@@ -51,8 +51,8 @@ class Case : public Attribute {
                                   Forward::no, Language::idl,   23};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
-  const WrittenType* TypeToName() const override { return nullptr; }
   const Node* TypeThatHoldsMine() const override { return Enclosing(); }
+  const WrittenType* TypeToName() const override { return nullptr; }
 
   /// Whether the case takes all values that no other takes.
   bool isDefault() const;
