@@ -97,8 +97,9 @@ void Evaluate() {
 
 // What the plain form has that no compiler takes is repaired, unless it is wanted as it is; what
 // can't be repaired is told.
-// The order comes after the types, which get further declarations, and the names after the order,
-// which decides what a name means.
+// Types are named after the declarations are checked, so that what is wrong with one is told of the
+// declaration that has it; before the order, since that is of the typedefs as well; and before the
+// names, since the order decides what they mean.
 void MakeLegal(Root& tree) {
   const bool mayRepair = !options.isVerbatim();
   if (mayRepair) RepairDeclarations(tree);

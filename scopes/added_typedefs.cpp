@@ -42,6 +42,7 @@ struct Group {
   const Node* home = nullptr;  // the scope that gets it; null for the file's
   bool isNested = false;       // home is no module: it holds what the type consists of
   std::string structure;
+  std::string name;
   Node* added = nullptr;
 
   const WrittenType& Type() const { return *users.front()->TypeToName(); }
@@ -223,9 +224,8 @@ class TypeNamer {
     TakenNames taken(root_, table_, scopes, homes);
     for (std::size_t i = 0; i < order.size(); ++i) {
       Group& group = *order[i];
-      const std::string name = taken.FreeName(WantedName(group), group.home, around[i]);
-      taken.Declare(name, group.home);
-      Make(group, name);
+      group.name = taken.FreeName(WantedName(group), group.home, around[i]);
+      taken.Declare(group.name, group.home);
     }
   }
 
@@ -268,10 +268,11 @@ class TypeNamer {
     return last;
   }
 
-  void Make(Group& group, const std::string& name) {
+  void Make(Group& group) {
     OrderedScope* scope = OpeningFor(group);
     Container* parent = scope == &root_ ? nullptr : scope;
-    auto node = std::make_unique<AddedTypedef>(name, parent, *group.users.front(), group.Type());
+    const Node& first = *group.users.front();
+    auto node = std::make_unique<AddedTypedef>(group.name, parent, first, group.Type());
     group.added = node.get();
     OrderedScope::Insertion insertion{std::move(node), {}, LastPartIn(*scope, group.Type())};
     for (const Node* user : group.users) {
@@ -281,7 +282,9 @@ class TypeNamer {
     insertions_[scope].push_back(std::move(insertion));
   }
 
+  // Those for one place stand in the order of their first users.
   void Add() {
+    for (Group& group : groups_) Make(group);
     for (OrderedScope* scope : changed_) scope->Insert(std::move(insertions_[scope]));
     root_.NumberAnew();
     for (const Group& group : groups_) {

@@ -282,6 +282,7 @@ constexpr std::string_view smallModels[] = {
     "interface I { attr _x } value V { finder find boxed B : long } struct S -- 'a\\\\' { field "
     "any }",
     "exception E interface I { op e op f { raises M::E } }",
+    "sequence Longs : long interface I { attr a [*] attr b : string [*] } struct S { field x [*] }",
 };
 
 /// Each of them takes a model, or a file system, of its own; other tests raise them.

@@ -131,9 +131,9 @@ void Node::Report(Message message, std::initializer_list<std::string_view> piece
 
 void Node::Report(Message message, std::initializer_list<std::string_view> pieces,
                   const Node& other, std::string_view there) const {
-  Diagnostic diagnostic{message, Entity(), {pieces.begin(), pieces.end()}, {}};
-  if (other.Entity() != nullptr) {
-    diagnostic.related.push_back({other.Entity(), std::string(there)});
+  Diagnostic diagnostic{message, Blamed(), {pieces.begin(), pieces.end()}, {}};
+  if (other.Blamed() != nullptr) {
+    diagnostic.related.push_back({other.Blamed(), std::string(there)});
   }
   mdktoidl::Report(std::move(diagnostic));
 }

@@ -65,6 +65,7 @@ class AddedTypedef : public Node {
   const Construct& Kind() const override { return Typedef::kind; }
   void Unparse(Writer& out) const override;
   const WrittenType* DefinedType() const override { return &type; }
+  const Node* TypeThatHoldsMine() const override { return this; }
   mdk::IMdeEntity* Blamed() const override { return blamed; }
   Meanings Means() const override { return meanings::type; }
   bool writesComments() const override { return false; }
