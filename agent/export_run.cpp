@@ -10,9 +10,11 @@
 #include "agent/message_output.h"
 #include "options/options.h"
 #include "output/file.h"
+#include "scopes/added_typedefs.h"
 #include "scopes/names.h"
 #include "tree/arrangement.h"
 #include "tree/interfaces.h"
+#include "tree/legality.h"
 #include "tree/module.h"
 #include "tree/node_registry.h"
 #include "types/constant_value.h"
@@ -95,9 +97,16 @@ void Evaluate() {
 
 // What the plain form has that no compiler takes is repaired, unless it is wanted as it is; what
 // can't be repaired is told.
+// The order comes after the types, which get further declarations, and the names after the order,
+// which decides what a name means.
 void MakeLegal(Root& tree) {
   const bool mayRepair = !options.isVerbatim();
-  if (mayRepair) Arrange(tree);
+  if (mayRepair) RepairDeclarations(tree);
+  CheckDeclarations(tree);
+  if (mayRepair) {
+    NameTypes(tree);
+    Arrange(tree);
+  }
   MakeNamesLegal(tree, mayRepair);
 }
 
@@ -126,7 +135,7 @@ void Export(mdk::IMdeEntity* artifact, RunState& state, Writer& out) {
   MakeLegal(*root);
   if (!isRefused) root->MakeDirectories();
   PrintMessages();
-  if (isRefused) return;
+  if (isRefused) return Print(headings::aborted);
   if (errors.empty()) root->Unparse(out);
   File::Close(out);
   deleteNodeStereotypes(artifact);

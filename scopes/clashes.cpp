@@ -7,7 +7,7 @@ namespace {
 
 /// A clash with another declaration, which is shown as well.
 void ReportClash(Message message, const Node& node, const Node& other) {
-  Diagnostic diagnostic{message, node.Entity(), {Describe(node), Describe(other)}};
+  Diagnostic diagnostic{message, node.Blamed(), {Describe(node), Describe(other)}};
   AddRelated(other, diagnostic);
   Report(std::move(diagnostic));
 }
@@ -20,7 +20,8 @@ void CompareTwice(const Node& second, const ScopeTable& table) {
 }
 
 void Compare(const Node& first, const Node& second, const ScopeTable& table) {
-  if (first.Entity() == second.Entity()) return CompareTwice(second, table);
+  const bool isSameElement = first.Entity() != nullptr && first.Entity() == second.Entity();
+  if (isSameElement) return CompareTwice(second, table);
   if (table.ScopeOf(&second) == &first) return;
   const bool isEnumerator = first.isEnumerator() || second.isEnumerator();
   const bool isSameEnum = first.isEnumerator() && first.Enclosing() == second.Enclosing();

@@ -22,7 +22,7 @@ std::string Describe(const Node& node) {
 }
 
 void AddRelated(const Node& other, Diagnostic& diagnostic) {
-  if (other.Entity() != nullptr) diagnostic.related.push_back({other.Entity(), Describe(other)});
+  if (other.Blamed() != nullptr) diagnostic.related.push_back({other.Blamed(), Describe(other)});
 }
 
 const Node& Outermost(const Node& node) {

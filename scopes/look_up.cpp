@@ -2,24 +2,20 @@
 
 namespace mdktoidl {
 
-namespace {
-
-const Node* NameScopeOf(const Node& node) { return static_cast<const Node*>(node.NameScope()); }
-
-/// The innermost scope in which a use is looked up.
 const Node* StartOf(const Use& use) {
   const bool isInside =
       use.user->Kind().scope != ScopeKind::none && !isInHeader(use.role) && !use.isBeforeName;
   return isInside ? use.user : NameScopeOf(*use.user);
 }
 
-/// Whether a use enters its first identifier into a scope around it.
 bool Enters(const Use& use, const Node* scope, const Node* start) {
   if (scope == nullptr || isInHeader(use.role)) return false;
   if (scope->isModule()) return scope == start;
   // An exception is used in the operation that raises it.
   return use.role != UseRole::raises || scope == use.user;
 }
+
+namespace {
 
 bool Inherits(const Node* scope) {
   return scope != nullptr && scope->Kind().inheritance == Inheritance::inherits;

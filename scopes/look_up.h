@@ -26,6 +26,18 @@ struct Meaning {
   bool isInherited = false;
 };
 
+/// The scope in which the declaration's name lies; null for the file.
+inline const Node* NameScopeOf(const Node& node) {
+  return static_cast<const Node*>(node.NameScope());
+}
+
+/// The innermost scope in which a use is looked up; null for the file.
+const Node* StartOf(const Use& use);
+
+/// Whether a use enters its first identifier into a scope, which is `start`, where it is looked up
+/// first, or one around that.
+bool Enters(const Use& use, const Node* scope, const Node* start);
+
 class LookUp {
  public:
   /// `places` are those of a tree in its final order.

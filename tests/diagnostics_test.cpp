@@ -124,18 +124,27 @@ TEST(Diagnostics, TellOfTheReadersRemarks) {
                          "template-parameter-unreadable", "template-recursive", "value-unknown"));
 }
 
+/// That without repairs, where what is repaired is silent.
+std::string SeverityShown(Message message) {
+  mdktoidl::SetVerbatim(SeverityOf(message) == mdktoidl::Severity::silent);
+  const mdktoidl::Severity severity = SeverityOf(message);
+  mdktoidl::SetVerbatim(false);
+  if (severity == mdktoidl::Severity::note) return "note";
+  return severity < mdktoidl::Severity::error ? "warning" : "error";
+}
+
 // The document has tables: | severity | `message` | `rule` | meaning and remedy |
 TEST(MessagesDocument, ExplainsEveryMessageAndRule) {
   const std::string document = support::ReadFile(IDLEXPORT_SOURCE_DIR "/docs/messages.md");
-  const std::regex row("\n(\\| (?:error|warning) \\| `[^`]*` \\| `[^`]*`) \\| [^|]+ \\|(?=\n)");
+  const std::regex row(
+      "\n(\\| (?:error|warning|note) \\| `[^`]*` \\| `[^`]*`) \\| [^|]+ \\|(?=\n)");
   std::set<std::string> rows;
   for (std::sregex_iterator each(document.begin(), document.end(), row), end; each != end; ++each) {
     rows.insert(each->str(1));
   }
   for (std::size_t index = 0; index < messageCount; ++index) {
     const auto message = static_cast<Message>(index);
-    const bool isWarning = SeverityOf(message) == mdktoidl::Severity::warning;
-    const std::string expected = (isWarning ? "| warning | `" : "| error | `") +
+    const std::string expected = "| " + SeverityShown(message) + " | `" +
                                  std::string(Text(message)) + "` | `" +
                                  std::string(RuleOf(message)) + "`";
     EXPECT_TRUE(rows.contains(expected)) << expected;

@@ -335,7 +335,7 @@ TEST(IdlNames, OfWhatIsNotExportedMayBeAnything) {
 
 TEST(IdlNames, AreShownWithTheirPlace) {
   XmiFiles files;
-  files.Write("model.uml", Plain("module M { struct S {\n field x } enum s }")).Read();
+  files.Write("model.uml", Plain("module M { struct S {\n field x } exception s }")).Read();
   const std::vector<Diagnostic> found = FoundIn(files);
   ASSERT_EQ(found.size(), 1U);
   EXPECT_EQ(found[0].location.file, files.Path("model.uml"));

@@ -20,6 +20,18 @@ void Container::Adopt(std::unique_ptr<Node> child) {
   children.push_back(std::move(child));
 }
 
+// The recursion is as deep as declarations are nested, which modules limit.
+void Container::Number(NodeList& order) {
+  Node::Number(order);
+  std::uint32_t next = 0;
+  for (const auto& child : children) {
+    child->position = next++;
+    child->Number(order);
+    assert(child->serial > serial && child->lastSerial + 1 == order.size());
+  }
+  lastSerial = static_cast<std::uint32_t>(order.size() - 1);
+}
+
 void Container::AdoptMembers(const Classification& table) {
   const std::list<mdk::IMdeEntity*> members = Elements(Entity(), properties::ownedMember);
   children.reserve(members.size());
@@ -107,6 +119,58 @@ void OrderedScope::EvaluateAndSort(NodeList& outside) {
     forwards.push_back(node);
     if (node->Kind().forward == Forward::no) node->Report(Message::cannotBeForward);
   }
+}
+
+namespace {
+
+/// An item, and the place in a list before which it belongs.
+template <typename Item>
+struct Placed {
+  std::size_t place;
+  Item item;
+};
+
+/// Puts items into a list; those for one place in their order.
+template <typename Item>
+void PutInto(std::vector<Item>& list, std::vector<Placed<Item>> items) {
+  std::ranges::stable_sort(items, {}, &Placed<Item>::place);
+  std::vector<Item> merged;
+  merged.reserve(list.size() + items.size());
+  auto next = items.begin();
+  for (std::size_t place = 0; place <= list.size(); ++place) {
+    for (; next != items.end() && next->place == place; ++next) {
+      merged.push_back(std::move(next->item));
+    }
+    if (place < list.size()) merged.push_back(std::move(list[place]));
+  }
+  list = std::move(merged);
+}
+
+}  // namespace
+
+void OrderedScope::Insert(std::vector<Insertion> insertions) {
+  std::vector<std::size_t> ranks(children.size());  // in the output, by position
+  for (std::size_t rank = 0; rank < sorted.size(); ++rank) ranks[sorted[rank]->position] = rank;
+  std::vector<Placed<std::unique_ptr<Node>>> created;
+  std::vector<Placed<Node*>> written;
+  for (Insertion& insertion : insertions) {
+    std::size_t position = children.size();
+    std::size_t rank = sorted.size();
+    for (const Node* user : insertion.users) {
+      const std::size_t place = ChildEnclosing(*user)->position;
+      position = std::min(position, place);
+      rank = std::min(rank, ranks[place]);
+    }
+    if (insertion.users.empty()) {
+      position = ChildEnclosing(*insertion.used)->position + std::size_t{1};
+      rank = ranks[position - 1] + 1;
+    }
+    written.push_back({rank, insertion.node.get()});
+    created.push_back({position, std::move(insertion.node)});
+  }
+  PutInto(children, std::move(created));
+  PutInto(sorted, std::move(written));
+  names.reset();
 }
 
 void OrderedScope::UnparseForwards(Writer& out) const { WriteForwards(*this, forwards, out); }

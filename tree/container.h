@@ -18,6 +18,8 @@ class Container : public Node {
  public:
   using Children = std::vector<std::unique_ptr<Node>>;
 
+  void Number(NodeList& order) override;
+
   /// The child that is or encloses `node`; null when `node` is not inside this container.
   Node* ChildEnclosing(const Node& node) const;
 
@@ -59,6 +61,15 @@ class Container : public Node {
 /// A container that writes its declarations in the order in which they use each other.
 class OrderedScope : public Container {
  public:
+  /// A declaration that is put among the others.
+  struct Insertion {
+    std::unique_ptr<Node> node;
+    /// Those inside this scope that use it. It stands before the first of them.
+    std::vector<const Node*> users;
+    /// Where there are none, it stands behind that, which is inside this scope.
+    const Node* used;
+  };
+
   bool declares(std::string_view name) const override;
   OrderedScope* AsOrderedScope() override { return this; }
 
@@ -72,6 +83,10 @@ class OrderedScope : public Container {
 
   /// Writes the forward declarations.
   void UnparseForwards(Writer& out) const;
+  /// Takes over declarations and puts them in their places, both in the order of creation and in
+  /// that of the output; those for one place keep their order. The tree must be numbered anew
+  /// before anything else is asked of it.
+  void Insert(std::vector<Insertion> insertions);
 
  protected:
   using Container::Container;

@@ -30,14 +30,15 @@ class Definition {
   /// so its enumerators' names lie in that around it.
   virtual const Definition* NameScope() const { return scope; }
 
-  /// The element's name as the model has it; empty without an element.
+  /// The element's name as the model has it, but for what the model doesn't hold; empty without an
+  /// element.
   std::string_view Name() const { return {name, nameSize}; }
 
   /// The name that is written for it, nearly always the model's.
   virtual std::string_view WrittenName() const { return Name(); }
   Identifier Written() const { return {WrittenName(), escaped != 0}; }
-  /// The name by which others write it. For a composition that isn't the name that it declares: what
-  /// is managed is the implementation.
+  /// The name by which others write it. For a composition that isn't the name that it declares:
+  /// what is managed is the implementation.
   Identifier AsUsed() const { return {Name(), escaped != 0}; }
   /// Lets the name be written with the underscore that makes any keyword a name.
   void Escape() { escaped = 1; }
@@ -54,6 +55,8 @@ class Definition {
 
  protected:
   Definition(mdk::IMdeEntity* element, const Definition* enclosing);
+  /// The same by another name than the element's.
+  Definition(mdk::IMdeEntity* element, std::string_view name, const Definition* enclosing);
 
  private:
   void BuildScopedName(std::string& result, std::string_view separator) const;

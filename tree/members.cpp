@@ -1,19 +1,36 @@
 #include "tree/members.h"
 
+#include <algorithm>
 #include <list>
 #include <utility>
 
 #include "options/options.h"
 #include "types/elements.h"
+#include "types/identifier.h"
+#include "types/one_line.h"
+#include "types/text.h"
 
 namespace mdktoidl {
 
-void Attribute::ResolveTypes(NodeList&) {
-  static constexpr TypeDiagnostics diagnostics = {
-      "attribute ", Message::attributeBoundUnknown, Message::attributeTypeUnknown,
-      Message::attributeTypeAnonymous, Message::attributeTypeNotExported};
-  ResolveType(Entity(), diagnostics, type);
+namespace {
+
+// Fields and state members are called attributes, too; all of them are known so.
+constexpr TypeDiagnostics AttributeDiagnostics(Message anonymous) {
+  return {"attribute ", Message::attributeBoundUnknown, Message::attributeTypeUnknown, anonymous,
+          Message::attributeTypeNotExported};
 }
+
+}  // namespace
+
+void Attribute::ResolveTypes(NodeList&) {
+  ResolveType(Entity(), AttributeDiagnostics(Message::attributeTypeAnonymous), type);
+}
+
+void Attribute::ResolveMemberType() {
+  ResolveType(Entity(), AttributeDiagnostics(Message::memberTypeAnonymous), type);
+}
+
+void State::ResolveTypes(NodeList&) { ResolveMemberType(); }
 
 bool Attribute::isReadOnly() const {
   return Entity()->GetValue(properties::changeability, 0) == values::frozen;
@@ -26,12 +43,20 @@ void Attribute::Unparse(Writer& out) const {
   out << "attribute " << type << ' ' << Written() << type.DeclaratorSuffix() << ';';
 }
 
-// The declarator suffix is deliberately not written here, unlike for attributes and fields: files
-// in use lack it, and an array's size is left to a typedef.
+void State::Repair(const ConstantNames&) {
+  if (type.DeclaratorSuffix().empty()) return;
+  showsSize = true;
+  Report(Message::stateSizeAdded, {ScopedName("::"), type.DeclaratorSuffix()});
+}
+
+// The plain form deliberately lacks the declarator suffix, unlike those of attributes and fields:
+// files in use do.
 void State::Unparse(Writer& out) const {
   UnparseComment(Entity(), out);
   newline(out);
-  out << (isPublic(Entity()) ? "public " : "private ") << type << ' ' << Written() << ';';
+  out << (isPublic(Entity()) ? "public " : "private ") << type << ' ' << Written();
+  if (showsSize) out << type.DeclaratorSuffix();
+  out << ';';
 }
 
 Operation::Operation(mdk::IMdeEntity* element, Container* parent)
@@ -79,7 +104,21 @@ void Operation::ResolveTypes(NodeList& deps) {
     }
   }
   UseType(std::move(result), type);
+  PlaceUses();
+}
+
+void Operation::PlaceUses() {
   for (Use& use : uses) use.isBeforeName = use.role != UseRole::raises;
+  ResolveContext();
+}
+
+bool Operation::writesResult() const {
+  return returnParameter != nullptr && !isFinder() && !isFactory() && !isOneway();
+}
+
+void Operation::NameType(Node& definition) {
+  WriteTypeAs(definition, type);
+  PlaceUses();
 }
 
 void Operation::CheckOwner() const {
@@ -140,7 +179,7 @@ void Operation::UnparsePrefix(Writer& out) const {
     out << "factory ";
   } else if (isOneway()) {
     out << "oneway void ";
-  } else if (returnParameter != nullptr) {
+  } else if (writesResult()) {
     out << type << type.DeclaratorSuffix() << ' ';
   } else {
     out << "void ";
@@ -157,15 +196,64 @@ void Operation::UnparseParameters(Writer& out) const {
   }
 }
 
-void Operation::UnparseContext(Writer& out) const {
-  mdk::IMdeEntity* context = Entity()->EvalExpression(tags::context.Expression(), 0);
-  if (context == nullptr || !context->IsKindOf(metaclasses::listExpression)) return;
-  const std::list<mdk::IMdeEntity*> expressions = Elements(context, properties::expression);
+void Operation::ResolveContext() {
+  mdk::IMdeEntity* list = Entity()->EvalExpression(tags::context.Expression(), 0);
+  if (list == nullptr || !list->IsKindOf(metaclasses::listExpression)) return;
+  const std::list<mdk::IMdeEntity*> expressions = Elements(list, properties::expression);
   if (expressions.empty()) return;
+  context = std::make_unique<ContextStrings>();
+  for (mdk::IMdeEntity* each : expressions) {
+    context->push_back(each->GetValue(properties::value, 0));
+  }
+}
+
+namespace {
+
+// Letters, digits, underscores and points, behind a letter, and maybe an asterisk at the end.
+bool isContextName(std::string_view text) {
+  if (text.ends_with('*')) text.remove_suffix(1);
+  std::string name(text);
+  std::ranges::replace(name, '.', '_');
+  return !text.starts_with('_') && IsIdentifier(name);
+}
+
+bool isContextString(std::string_view text) {
+  text = TrimEndOfString(text);
+  return text.size() > 2 && text.front() == '"' && text.back() == '"' &&
+         isContextName(text.substr(1, text.size() - 2));
+}
+
+}  // namespace
+
+void Operation::Repair(const ConstantNames&) {
+  if (context == nullptr) return;
+  const ContextStrings given = *context;
+  std::erase_if(*context, [](const std::string& text) { return TrimEndOfString(text).empty(); });
+  for (std::string& text : *context) {
+    if (isContextName(text)) text = '"' + text + '"';
+  }
+  if (*context != given) Report(Message::contextRepaired);
+  if (context->empty()) context = nullptr;
+}
+
+void Operation::CheckLegality(const ConstantNames&) const {
+  if (isFinder() && Enclosing()->AsValue() != nullptr) {
+    Report(Message::finderInValue, {ScopedName("::"), Enclosing()->Described()});
+  }
+  if (context == nullptr) return;
+  for (const std::string& text : *context) {
+    if (!isContextString(text)) {
+      Report(Message::contextIllegal, {ScopedName("::"), OneLine(text)});
+    }
+  }
+}
+
+void Operation::UnparseContext(Writer& out) const {
+  if (context == nullptr) return;
   out << " context (";
   std::string_view separator;
-  for (mdk::IMdeEntity* each : expressions) {
-    out << separator << each->GetValue(properties::value, 0);
+  for (const std::string& each : *context) {
+    out << separator << each;
     separator = ", ";
   }
   out << ')';
@@ -207,6 +295,10 @@ constexpr TypeDiagnostics parameterDiagnostics = {
 
 bool Parameter::isDeclared() const {
   return static_cast<const Operation&>(*Scope()).Result() != this;
+}
+
+void Parameter::CheckLegality(const ConstantNames&) const {
+  if (isDeclared() && Keyword().empty()) Report(Message::parameterLacksDirection);
 }
 
 void Parameter::CheckDirection() const {

@@ -95,6 +95,13 @@ bool Root::hasOwnFile() const {
   return options.Mapping() == ONE_FILE || !holdsOnlyModules(children);
 }
 
+void Root::NumberAnew() {
+  NodeList order;
+  order.reserve(Nodes().size());
+  Number(order);
+  nodeRegistry.Reorder(std::move(order));
+}
+
 void Root::EvaluateTypes() {
   NodeList deps;
   OrderedScope::EvaluateTypes(deps);
@@ -141,6 +148,14 @@ Module::Module(mdk::IMdeEntity* element, Container* parent)
 
 void Module::Init() { AdoptMembers(moduleMembers); }
 
+// Compilers refuse a module without declarations.
+bool Module::declaresNothing() const {
+  return std::ranges::all_of(children, [](const auto& child) {
+    if (!child->isModule()) return !child->isDeclared();
+    return static_cast<const Module&>(*child).declaresNothing();
+  });
+}
+
 void Module::ResolveTypes(NodeList& deps) {
   EvaluateAndSort(external);
   deps.insert(deps.end(), external.begin(), external.end());
@@ -174,11 +189,14 @@ const Node* Module::GetFileNode(const Node* node) {
 }
 
 void Module::Unparse(Writer& out) const {
-  if (options.Mapping() == ONE_FILE) return UnparseBlock(out);
+  if (options.Mapping() == ONE_FILE) {
+    if (!isLeftOut) UnparseBlock(out);
+    return;
+  }
   File::Close(out);
   if (!File::Open(ScopedFileName(), out)) return;
   UnparseFrameBefore(out);
-  if (!holdsOnlyModules(children)) {
+  if (!isLeftOut && !holdsOnlyModules(children)) {
     UnparseModuleScope(out);
     UnparseBlock(out);
     UnparseModuleScopeEnd(out);

@@ -51,6 +51,7 @@ class Root : public FileScope {
                                   Forward::no, Language::idl,   27};
   const Construct& Kind() const override { return kind; }
   bool isDeclared() const override { return false; }
+  bool writesComments() const override { return false; }
 
   /// Appends a declaration; the root owns it from then on.
   void AddNode(std::unique_ptr<Node> node) { Adopt(std::move(node)); }
@@ -62,6 +63,9 @@ class Root : public FileScope {
   /// Whether the main file holds more than its head, its foot and includes of modules'
   /// files.
   bool hasOwnFile() const;
+
+  /// Numbers all nodes in the order in which they stand in the tree, after some were put into it.
+  void NumberAnew();
 
   /// Evaluates the whole tree: types, rules and order.
   void EvaluateTypes();
@@ -102,6 +106,7 @@ class Module : public FileScope {
   bool isModule() const override { return true; }
   void UnparseOpening(bool isFirst, Writer& out) const override;
   void UnparseClosing(Writer& out) const override;
+  void Repair(const ConstantNames&) override { isLeftOut = declaresNothing(); }
 
   std::string ScopedFileName() const override;
   std::vector<const Node*> Included() const override;
@@ -115,13 +120,15 @@ class Module : public FileScope {
  private:
   void ObserveReferences(const Node& child, const NodeList& references) override;
   void Init();
+  bool declaresNothing() const;
   void UnparseBlock(Writer& out) const;
   void UnparseModuleScope(Writer& out) const;
   void UnparseModuleScopeEnd(Writer& out) const;
 
-  int depth;          // 1 at the top of the tree
-  NodeList external;  // what the contents use outside this module
-  NodeList nested;    // what the contents of this module's own file use in modules inside it
+  bool isLeftOut = false;  // since it declares nothing; a file that it has of its own stays
+  int depth;               // 1 at the top of the tree
+  NodeList external;       // what the contents use outside this module
+  NodeList nested;         // what the contents of this module's own file use in modules inside it
 };
 
 /// An include of an IDL file that is not part of the export.
@@ -134,6 +141,7 @@ class Include : public Node {
                                   Forward::no, Language::idl,   26};
   const Construct& Kind() const override { return kind; }
   bool isDeclared() const override { return false; }
+  bool writesComments() const override { return false; }
   void Unparse(Writer& out) const override;
 
  protected:
@@ -155,6 +163,7 @@ class Artifact : public Node {
                                   Forward::no, Language::idl,   27};
   const Construct& Kind() const override { return kind; }
   bool isDeclared() const override { return false; }
+  bool writesComments() const override { return false; }
   void Unparse(Writer&) const override {}
 
  protected:

@@ -8,13 +8,20 @@
 #include "output/comment.h"
 #include "tree/container.h"
 #include "tree/node_registry.h"
+#include "types/one_line.h"
+#include "types/text.h"
 
 namespace mdktoidl {
 
 Definition::Definition(mdk::IMdeEntity* element, const Definition* enclosing)
+    : Definition(element,
+                 element == nullptr ? std::string() : element->GetValue(properties::name, 0),
+                 enclosing) {}
+
+Definition::Definition(mdk::IMdeEntity* element, std::string_view given,
+                       const Definition* enclosing)
     : scope(enclosing), entity(element) {
-  if (entity == nullptr) return;
-  const std::string_view stored = nodeRegistry.Store(entity->GetValue(properties::name, 0));
+  const std::string_view stored = nodeRegistry.Store(given);
   name = stored.data();
   nameSize = static_cast<std::uint32_t>(stored.size()) & 0x7FFFFFFF;
 }
@@ -77,6 +84,11 @@ bool Definition::InCurrentScope(const Definition* other) const {
 Node::Node(mdk::IMdeEntity* element, Container* parent)
     : Definition(element, parent), serial(nodeRegistry.Enter(this, Name())), lastSerial(serial) {}
 
+Node::Node(mdk::IMdeEntity* element, std::string_view name, Container* parent)
+    : Definition(element, name, parent),
+      serial(nodeRegistry.Enter(this, Name())),
+      lastSerial(serial) {}
+
 void* Node::operator new(std::size_t size) { return nodeRegistry.Allocate(size); }
 
 void Node::CreateNodeRef() { nodeRegistry.Register(Entity(), serial); }
@@ -86,6 +98,15 @@ Node* Node::GetNodeRef(mdk::IMdeEntity* element) {
 }
 
 void Node::UnparseForward(Writer&) const {}
+
+const WrittenType* Node::TypeToName() const { return nullptr; }
+
+void Node::NameType(Node&) {}
+
+void Node::Number(NodeList& order) {
+  serial = lastSerial = static_cast<std::uint32_t>(order.size());
+  order.push_back(this);
+}
 
 bool Node::declares(std::string_view) const { return false; }
 
@@ -99,7 +120,42 @@ void Node::EvaluateTypes(NodeList& deps) {
 void Node::Report(Message message) const { Report(message, {ScopedName("::")}); }
 
 void Node::Report(Message message, std::initializer_list<std::string_view> pieces) const {
-  mdktoidl::Report(message, Entity(), pieces);
+  mdktoidl::Report(message, Blamed(), pieces);
+}
+
+void Node::Report(Message message, std::initializer_list<std::string_view> pieces,
+                  const Node& other, std::string_view there) const {
+  Diagnostic diagnostic{message, Entity(), {pieces.begin(), pieces.end()}, {}};
+  if (other.Entity() != nullptr) {
+    diagnostic.related.push_back({other.Entity(), std::string(there)});
+  }
+  mdktoidl::Report(std::move(diagnostic));
+}
+
+std::string Node::Described() const {
+  return std::string(Kind().word) + ' ' + OneLine(ScopedName("::"));
+}
+
+// Whose places want something else says so itself.
+Expectation Node::Expects(UseRole role) const {
+  switch (role) {
+    case UseRole::type:
+    case UseRole::element:
+      return {meanings::type, "type"};
+    case UseRole::supports:
+      return {meanings::interface, "interface"};
+    case UseRole::raises:
+      return {meanings::exception, "exception"};
+    case UseRole::manages:
+    case UseRole::implements:
+      return {meanings::component, "component"};
+    case UseRole::primaryKey:
+      return {meanings::value | meanings::event, "value type"};
+    case UseRole::provides:
+      return {meanings::facet, "facet"};
+    default:
+      return {};
+  }
 }
 
 void Node::ResolveType(mdk::IMdeEntity* typed, const TypeDiagnostics& diagnostics,
@@ -142,7 +198,45 @@ void Node::ReportType(const TypeReference& reference, const TypeDiagnostics& dia
   }
 }
 
+namespace {
+
+/// The numbers in a text, as they are written there.
+std::vector<std::string> NumbersIn(std::string_view text) {
+  std::vector<std::string> numbers;
+  constexpr std::string_view separators = "<>[], ";
+  while (!text.empty()) {
+    const std::string_view word = text.substr(0, text.find_first_of(separators));
+    if (IntegerLiteral(std::string(word))) numbers.emplace_back(word);
+    text.remove_prefix(std::min(word.size() + 1, text.size()));
+  }
+  return numbers;
+}
+
+constexpr long greatestSize = 0xFFFFFFFFL;
+
+}  // namespace
+
+void Node::CheckSizes(const TypeReference& reference) const {
+  if (reference.predefined == "native") Report(Message::typeIsNative, {Described()});
+  if (!reference.isAnonymous) return;
+  std::string sizes = reference.bounded + ' ' + reference.declaratorSuffix;
+  for (const SequenceLevel& level : reference.sequences) sizes += ' ' + level.bound;
+  const std::vector<std::string> numbers = NumbersIn(sizes);
+  for (const std::string& number : numbers) {
+    if (IntegerLiteral(number) > greatestSize) {
+      Report(Message::boundTooLarge, {Described(), number});
+    }
+  }
+  if (!reference.bounded.starts_with("fixed")) return;
+  constexpr long mostDigits = 31;
+  const auto digits = IntegerLiteral(numbers[0]);
+  if (digits > mostDigits || IntegerLiteral(numbers[1]) > digits) {
+    Report(Message::fixedHasWrongDigits, {Described(), reference.bounded});
+  }
+}
+
 void Node::UseType(TypeReference&& reference, WrittenType& type, UseRole role) {
+  CheckSizes(reference);
   const Use* boundUse = nullptr;
   Node* bound =
       reference.multiplicity.hasConstant ? GetNodeRef(reference.multiplicity.constant) : nullptr;
@@ -164,6 +258,26 @@ void Node::UseType(TypeReference&& reference, WrittenType& type, UseRole role) {
     named = &use;
   }
   type.Set(std::move(reference), named, boundUse);
+}
+
+// The first name that the type had becomes that of the definition. What it had further, a bound, is
+// an entry that isn't written.
+void Node::WriteTypeAs(Node& definition, WrittenType& type) {
+  Use* named = nullptr;
+  for (Use& use : uses) {
+    if (!type.Writes(use)) continue;
+    use.used = &definition;
+    use.name = nullptr;
+    use.role = UseRole::type;
+    use.isInScope = isInside(definition.NameScope());
+    use.isDependency = named == nullptr;
+    use.spelling = named == nullptr ? SpellingInTemplate(definition) : Spelling::none;
+    if (named == nullptr) named = &use;
+  }
+  if (named == nullptr) {
+    named = &AddUse(definition, UseRole::type, SpellingInTemplate(definition));
+  }
+  type.SetNamed(*named);
 }
 
 Use& Node::AddUse(Node& used, UseRole role, Spelling spelling) {

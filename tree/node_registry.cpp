@@ -1,6 +1,7 @@
 #include "tree/node_registry.h"
 
 #include <algorithm>
+#include <cassert>
 #include <list>
 #include <string>
 #include <utility>
@@ -8,6 +9,7 @@
 #include "agent/vocabulary.h"
 #include "host/model.h"
 #include "host/model_access.h"
+#include "tree/node.h"
 #include "types/identifier.h"
 
 namespace mdktoidl {
@@ -69,9 +71,23 @@ std::uint32_t NodeRegistry::Enter(Node* node, std::string_view name) {
 
 void NodeRegistry::Rename(std::uint32_t serial, std::string_view name) {
   nameHashes_[serial] = HashOfName(name);
-  if (!IsIdentifier(name) || MayBeKeyword(name, nameHashes_[serial])) {
+  if (!IsIdentifier(name) || IsEscaped(name) || MayBeKeyword(name, nameHashes_[serial])) {
     doubtfulNames_.push_back(serial);
   }
+}
+
+void NodeRegistry::Reorder(std::vector<Node*> order) {
+  assert(order.size() == nodes_.size());
+  std::vector<std::uint32_t> hashes(nameHashes_.size());
+  for (std::size_t before = 0; before < nodes_.size(); ++before) {
+    hashes[nodes_[before]->Serial()] = nameHashes_[before];
+  }
+  for (std::uint32_t& doubtful : doubtfulNames_) doubtful = nodes_[doubtful]->Serial();
+  for (ElementEntry& entry : elements_.Entries()) {
+    if (entry.node != 0) entry.node = nodes_[entry.node - 1]->Serial() + 1;
+  }
+  nodes_ = std::move(order);
+  nameHashes_ = std::move(hashes);
 }
 
 void NodeRegistry::Register(const mdk::IMdeEntity* element, std::uint32_t serial) {

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <deque>
 #include <memory_resource>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -33,6 +34,8 @@ struct ElementEntry {
 /// that order, too: those that lie together in memory have places close to each other here.
 class ElementTable {
  public:
+  /// All places, those that are free included.
+  std::span<ElementEntry> Entries() { return entries_; }
   /// The entry of an element; null when there is none.
   const ElementEntry* Find(const mdk::IMdeEntity* element) const;
   /// The same, made when there is none. Valid until the next is made.
@@ -52,6 +55,9 @@ class NodeRegistry {
   std::uint32_t Enter(Node* node, std::string_view name);
   /// Notes that a node is written by another name.
   void Rename(std::uint32_t serial, std::string_view name);
+
+  /// Has the nodes in another order. Each must know its new number, which is its place there.
+  void Reorder(std::vector<Node*> order);
 
   /// All nodes by their numbers, so that what encloses others comes before them.
   const std::vector<Node*>& Nodes() const { return nodes_; }

@@ -78,6 +78,16 @@ void Uses::Write(UseRole role, Writer& out) const {
   }
 }
 
+void Uses::BringForward(Use& use) {
+  Use* before = last_;
+  while (before->next != &use) before = before->next;
+  if (before == last_) return;
+  before->next = use.next;
+  if (last_ == &use) last_ = before;
+  use.next = last_->next;
+  last_->next = &use;
+}
+
 void Uses::Append(Use& use) {
   use.next = last_ == nullptr ? &use : last_->next;
   if (last_ != nullptr) last_->next = &use;

@@ -111,6 +111,8 @@ class Uses {
   void Write(UseRole role, Writer& out) const;
 
   void Append(Use& use);
+  /// Puts one of them before all others.
+  void BringForward(Use& use);
 
  private:
   Use* last_ = nullptr;

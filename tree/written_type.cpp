@@ -23,6 +23,42 @@ void WrittenType::WrapInSequence() {
   template_->sequences.insert(template_->sequences.begin(), SequenceLevel());
 }
 
+void WrittenType::CopyFrom(const WrittenType& other, const Use* named, const Use* bound) {
+  kind_ = other.kind_;
+  named_ = named;
+  predefined_ = other.predefined_;
+  predefinedSize_ = other.predefinedSize_;
+  template_.reset();
+  if (other.template_ == nullptr) return;
+  template_ = std::make_unique<Template>(*other.template_);
+  template_->bound = bound;
+}
+
+void WrittenType::SetNamed(const Use& named) {
+  kind_ = definition;
+  named_ = &named;
+  predefined_ = nullptr;
+  predefinedSize_ = 0;
+  template_.reset();
+}
+
+bool WrittenType::NeedsName() const {
+  return template_ != nullptr || Predefined().starts_with("fixed<");
+}
+
+bool WrittenType::Writes(const Use& use) const {
+  return &use == named_ || (template_ != nullptr && &use == template_->bound);
+}
+
+std::span<const SequenceLevel> WrittenType::Sequences() const {
+  if (template_ == nullptr) return {};
+  return template_->sequences;
+}
+
+Node* WrittenType::BoundConstant() const {
+  return template_ == nullptr || template_->bound == nullptr ? nullptr : template_->bound->used;
+}
+
 std::string_view WrittenType::DeclaratorSuffix() const {
   return template_ == nullptr ? std::string_view() : template_->declaratorSuffix;
 }
