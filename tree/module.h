@@ -104,9 +104,9 @@ class Module : public FileScope {
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
   bool isModule() const override { return true; }
-  void Repair(const ConstantNames&) override { isLeftOut = declaresNothing(); }
   void UnparseOpening(bool isFirst, Writer& out) const override;
   void UnparseClosing(Writer& out) const override;
+  void Repair(const ConstantNames&) override { isLeftOut = declaresNothing(); }
 
   std::string ScopedFileName() const override;
   std::vector<const Node*> Included() const override;
