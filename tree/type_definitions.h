@@ -65,6 +65,9 @@ class AddedTypedef : public Node {
   AddedTypedef(std::string_view name, Container* parent, const Node& user, const WrittenType& its);
 
   const Construct& Kind() const override { return Typedef::kind; }
+  const Use* NamedType() const override {
+    return type.DeclaratorSuffix().empty() ? type.Named() : nullptr;
+  }
   void Unparse(Writer& out) const override;
   mdk::IMdeEntity* Blamed() const override { return blamed; }
   Meanings Means() const override { return meanings::type; }
