@@ -63,9 +63,6 @@ class AddedTypedef : public Node {
   AddedTypedef(std::string_view name, Container* parent, const Node& user, const WrittenType& its);
 
   const Construct& Kind() const override { return Typedef::kind; }
-  const Use* NamedType() const override {
-    return type.DeclaratorSuffix().empty() ? type.Named() : nullptr;
-  }
   void Unparse(Writer& out) const override;
   const WrittenType* DefinedType() const override { return &type; }
   const Node* TypeThatHoldsMine() const override { return this; }
