@@ -32,7 +32,13 @@ const Diagnostic all[] = {
      "M::a\nb",
      "",
      {}},
-    {Severity::kError, "bad \xFF\xC3 text", "of-a-colleague", {"a:b/../%.uml", 0, 0}, "", "\xFF", {}},
+    {Severity::kError,
+     "bad \xFF\xC3 text",
+     "of-a-colleague",
+     {"a:b/../%.uml", 0, 0},
+     "",
+     "\xFF",
+     {}},
     {Severity::kWarning, "nothing to blame", "struct-no-members", {}, "", "", {}},
 };
 
@@ -50,8 +56,9 @@ TEST(GccForm, IsOneLineEach) {
 }
 
 TEST(JsonForm, HasWhatIsKnown) {
-  EXPECT_EQ(diagnostics::JsonForm({}),
-            "{\"version\":1,\"summary\":{\"errors\":0,\"warnings\":0,\"notes\":0},\"diagnostics\":[]}\n");
+  EXPECT_EQ(
+      diagnostics::JsonForm({}),
+      "{\"version\":1,\"summary\":{\"errors\":0,\"warnings\":0,\"notes\":0},\"diagnostics\":[]}\n");
   const json found = json::parse(diagnostics::JsonForm(all));
   EXPECT_EQ(found, json::parse(R"({
     "version": 1,

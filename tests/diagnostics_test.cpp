@@ -79,9 +79,9 @@ TEST(Diagnostics, LeadToTheElementsThatTheyAreAbout) {
                      <C:IDLGenerator base_Artifact="out"/>)");
   const std::size_t first = files.Reader().Locate(files["m"]).line;
   const auto line = [first](std::size_t offset) { return " " + std::to_string(first + offset); };
-  EXPECT_THAT(ToldOf(files), ElementsAre("type-unknown x2" + line(3), "type-unknown x3" + line(4),
-                                         "name-clash x2" + line(3), "name-clash x3" + line(4),
-                                         "type-unknown p" + line(8)));
+  EXPECT_THAT(ToldOf(files), ElementsAre("order-circle s" + line(1), "type-unknown x2" + line(3),
+                                         "type-unknown x3" + line(4), "name-clash x2" + line(3),
+                                         "name-clash x3" + line(4), "type-unknown p" + line(8)));
 }
 
 TEST(Diagnostics, TellOfTheReadersRemarks) {

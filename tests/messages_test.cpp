@@ -284,7 +284,11 @@ constexpr std::string_view smallModels[] = {
     " value X : M::Y , M::V { }",
     "interface I { attr _x } value V { finder find boxed B : long } struct S -- 'a\\\\' { field "
     "any }",
-    "exception E interface I { op e op f { raises M::E } }",
+    "struct T { field x } module N { struct T { field y } struct S { field z : M::T } }",
+    "module A { struct S { field t : M::B::S } struct T { field x } } "
+    "module B { struct S { field t : M::A::T } }",
+    "module A { interface I { attr j : M::B::J } } module B { interface J { attr i : M::A::I } }",
+    "interface I : M::J { } interface J { attr i : M::I attr all : long [*] }",
     "sequence Longs : long interface I { attr a [*] attr b : string [*] } struct S { field x [*] }",
 };
 
@@ -300,13 +304,12 @@ const std::set<Message> raisedElsewhere = {Message::settingMissing,
                                            Message::nameDeclaredTwice,
                                            Message::namesInheritedTooWidely};
 
-void AddRaisedBySmallModels(const std::string& isVerbatim, std::set<Message>& raised) {
+void AddRaisedBySmallModels(const std::string& settings, std::set<Message>& raised) {
   for (const std::string_view members : smallModels) {
     const ExportBench bench;
     support::XmiFiles files;
     const std::string text = "module M { " + std::string(members) + " }";
-    const std::string settings = "targetDir=\"out\" isVerbatim=\"" + isVerbatim + "\"";
-    files.Write("model.uml", support::SmallModel(text, settings)).Read();
+    files.Write("model.uml", support::SmallModel(text, "targetDir=\"out\" " + settings)).Read();
     Listener listener;
     const support::MessageLog log;
     mdktoidl::RunExport(&files["out"], &listener);
@@ -344,8 +347,10 @@ TEST(Messages, AreEachRaisedByAModelAndLeadToAnElement) {
       }
     }
   }
-  AddRaisedBySmallModels("true", raised);
-  AddRaisedBySmallModels("false", raised);
+  for (const char* settings :
+       {"isVerbatim=\"true\"", "isVerbatim=\"false\"", "fileMapping=\"MODULE_FLAT\""}) {
+    AddRaisedBySmallModels(settings, raised);
+  }
   for (std::size_t index = 0; index < static_cast<std::size_t>(Message::count); ++index) {
     const auto message = static_cast<Message>(index);
     EXPECT_TRUE(raised.contains(message)) << Text(message);

@@ -14,7 +14,7 @@ class Component : public Container {
  public:
   Component(mdk::IMdeEntity* element, Container* parent);
 
-  static constexpr Construct kind{"component",  ScopeKind::open, Inheritance::inherits,
+  static constexpr Construct kind{"component",     ScopeKind::open, Inheritance::inherits,
                                   Forward::asType, Language::idl,   5};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;

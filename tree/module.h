@@ -28,6 +28,8 @@ class FileScope : public OrderedScope {
   virtual std::vector<const Node*> Included() const = 0;
   /// Gives the file another frame than that of the plain form.
   void SetFrame(FileFrame frame) { frame_ = std::make_unique<FileFrame>(std::move(frame)); }
+  /// That; null for that of the plain form.
+  const FileFrame* Frame() const { return frame_.get(); }
 
  protected:
   using OrderedScope::OrderedScope;

@@ -68,6 +68,12 @@ void Places::Place(const Node& node) {
   if (scope != nullptr) PlaceMembers(*scope);
 }
 
+/// What other files declare forward may stand before everything in its own.
+void Places::PlaceAhead(const FileScope& file) {
+  if (file.Frame() == nullptr) return;
+  for (const Node* node : file.Frame()->forwards) declared_[node->Serial()] = 0;
+}
+
 void Places::PlaceFiles(const Root& root) {
   files_.resize(root.Nodes().size());
   for (const Node* node : root.Nodes()) {
@@ -75,6 +81,7 @@ void Places::PlaceFiles(const Root& root) {
     const bool isOwn = node->isModule() || around == nullptr;
     files_[node->Serial()] =
         isOwn ? (node->isModule() ? node->Serial() : root.Serial()) : files_[around->Serial()];
+    if (node == &root || node->isModule()) PlaceAhead(static_cast<const FileScope&>(*node));
   }
 }
 

@@ -41,6 +41,7 @@ class Places {
   void PlaceForwards(const OrderedScope& scope);
   void Place(const Node& node);
   void PlaceFiles(const Root& root);
+  void PlaceAhead(const FileScope& file);
   void OpenModules(const Node& declaration, const Node& scope);
 
   std::vector<std::uint32_t> defined_;

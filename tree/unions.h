@@ -19,8 +19,9 @@ class Union : public Container {
  public:
   Union(mdk::IMdeEntity* element, Container* parent);
 
-  static constexpr Construct kind{
-      "union", ScopeKind::reservesItsName, Inheritance::none, Forward::inSequences, Language::idl, 10};
+  static constexpr Construct kind{"union",           ScopeKind::reservesItsName,
+                                  Inheritance::none, Forward::inSequences,
+                                  Language::idl,     10};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
   void UnparseForward(Writer& out) const override;
