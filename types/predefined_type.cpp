@@ -41,7 +41,8 @@ const std::unordered_map<std::string_view, std::string_view> predefinedTypes = {
 };
 
 bool isDeclaration(mdk::IMdeEntity* element) {
-  if (element->IsKindOf(metaclasses::ident)) element = element->GetEntity(properties::definition, 0);
+  if (element->IsKindOf(metaclasses::ident))
+    element = element->GetEntity(properties::definition, 0);
   return element != nullptr && hasStereotype(element, stereotypes::corba);
 }
 

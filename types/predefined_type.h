@@ -9,8 +9,8 @@
 namespace mdktoidl {
 
 /// The IDL text of the predefined type that an element of that name is; empty for any other. In the
-/// plain form the name alone decides, so that a declaration of such a name can't be used; else it is
-/// no predefined type if it is marked as a declaration.
+/// plain form the name alone decides, so that a declaration of such a name can't be used; else it
+/// is no predefined type if it is marked as a declaration.
 std::string_view PredefinedType(mdk::IMdeEntity* element, const std::string& name);
 
 /// The same, of a type that may be null, which is none.
