@@ -10,9 +10,11 @@
 #include "agent/message_output.h"
 #include "options/options.h"
 #include "output/file.h"
+#include "scopes/added_typedefs.h"
 #include "scopes/names.h"
-#include "tree/added_typedefs.h"
+#include "tree/arrangement.h"
 #include "tree/interfaces.h"
+#include "tree/legality.h"
 #include "tree/module.h"
 #include "tree/node_registry.h"
 #include "types/constant_value.h"
@@ -95,9 +97,18 @@ void Evaluate() {
 
 // What the plain form has that no compiler takes is repaired, unless it is wanted as it is; what
 // can't be repaired is told.
+// Types are named after the declarations are checked, so that what is wrong with one is told of the
+// declaration that has it; before the order, since that is of the typedefs as well; and before the
+// names, since the order decides what they mean.
 void MakeLegal(Root& tree) {
-  if (!options.isVerbatim()) NameTypes(tree);
-  CheckNames(tree);
+  const bool mayRepair = !options.isVerbatim();
+  if (mayRepair) RepairDeclarations(tree);
+  CheckDeclarations(tree);
+  if (mayRepair) {
+    NameTypes(tree);
+    Arrange(tree);
+  }
+  MakeNamesLegal(tree, mayRepair);
 }
 
 bool OpenMainFile(Writer& out) {
@@ -125,7 +136,7 @@ void Export(mdk::IMdeEntity* artifact, RunState& state, Writer& out) {
   MakeLegal(*root);
   if (!isRefused) root->MakeDirectories();
   PrintMessages();
-  if (isRefused) return;
+  if (isRefused) return Print(headings::aborted);
   if (errors.empty()) root->Unparse(out);
   File::Close(out);
   deleteNodeStereotypes(artifact);

@@ -13,6 +13,7 @@ namespace metaclasses {
 
 inline const std::string artifact = "Artifact";
 inline const std::string attribute = "Attribute";
+inline const std::string booleanValue = "BooleanValue";
 inline const std::string characterValue = "CharacterValue";
 inline const std::string charstringValue = "CharstringValue";
 inline const std::string classifier = "Class";

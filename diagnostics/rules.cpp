@@ -13,6 +13,9 @@ constexpr Rule rules[] = {
     {"forward-impossible",
      "A cycle of declarations needs forward declarations, which IDL has for "
      "interfaces, value types, structs, unions and components alone"},
+    {"order-circle", "No declarations need each other complete"},
+    {"file-circle", "No files of modules need each other complete"},
+    {"repaired-order", "Declarations are written where compilers want them"},
 
     // Types, whatever they are the type of
     {"type-unknown", "Every typed declaration has a type"},
@@ -92,6 +95,36 @@ constexpr Rule rules[] = {
     {"bound-circular", "No bound depends on itself"},
     {"bound-of-array", "An array type has no multiplicity besides"},
 
+    // What compilers demand of each construct
+    {"enum-no-enumerators", "An enumeration has enumerators"},
+    {"type-native", "No type is `native`"},
+    {"bound-too-large", "Sizes are positive integers of 32 bits"},
+    {"fixed-digits", "A fixed-point number has at most 31 digits"},
+    {"wrong-kind", "What is used is of the kind that its place wants"},
+    {"constant-type", "A constant has a type that IDL has constants of"},
+    {"constant-value", "A constant's value is one of its type"},
+    {"repaired-value", "A value is written as IDL wants it"},
+    {"interface-base", "What an interface inherits is no more constrained than itself"},
+    {"local-type", "Local interfaces are used by local interfaces alone"},
+    {"value-base", "A value type has at most one base that is not abstract"},
+    {"value-supports", "A value type supports at most one interface that is not abstract"},
+    {"value-abstract-state", "An abstract value type has no state and no factories"},
+    {"repaired-bases", "Bases are written in the order that IDL wants"},
+    {"repaired-size", "The size of an array is written"},
+    {"boxed-value-type", "A boxed value boxes no value"},
+    {"boxed-value-place", "A boxed value stands in a module"},
+    {"case-label", "A label is a value of the discriminator's type"},
+    {"case-label-twice", "Each label stands for another value"},
+    {"case-default-twice", "A union has at most one default"},
+    {"case-default-impossible", "A default has values left"},
+    {"composition-category", "A composition is an entity, a process, a service or a session"},
+    {"segment-facet", "A segment provides facets of its component"},
+    {"repaired-segment", "A segment is written as its language has it"},
+    {"context-string", "A context string is a name in quotes"},
+    {"repaired-context", "A context is written as IDL wants it"},
+    {"parameter-direction", "A parameter has a direction"},
+    {"repaired-comment", "A comment doesn't swallow what follows it"},
+
     // The course of an export
     {"setting-missing", "The artifact carries the settings of the generator"},
     {"nothing-to-export", "The artifact manifests what it exports"},
@@ -103,6 +136,7 @@ constexpr Rule rules[] = {
     // The names that would be written
     {"idl-identifier", "A name is an identifier of IDL"},
     {"idl-keyword", "A name is no keyword of IDL"},
+    {"repaired-name", "A name is written so that it means what it should"},
     {"name-clash", "Names in a scope differ in more than capitals"},
     {"name-hides-scope", "A declaration does not have the name of the scope around it"},
     {"enumerator-clash",

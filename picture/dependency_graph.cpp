@@ -24,7 +24,7 @@ std::optional<std::uint32_t> Index(std::uint32_t index) {
 
 /// What is a node of its own. What stands inside it belongs to it.
 bool IsDrawnAlone(const Construct& kind) {
-  return kind.heredity == Inheritance::inherits || kind.language == mdktoidl::Language::cidl;
+  return kind.inheritance == Inheritance::inherits || kind.language == mdktoidl::Language::cidl;
 }
 
 /// The picture shows what components and their homes are made from, not how implementations divide

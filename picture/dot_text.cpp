@@ -2,8 +2,8 @@
 
 #include <string_view>
 
-#include "types/one_line.h"
 #include "tree/interfaces.h"
+#include "types/one_line.h"
 
 namespace picture {
 namespace {

@@ -21,6 +21,10 @@ std::string Describe(const Node& node) {
   return std::string(node.Kind().word) + " " + OneLine(WrittenScopedName(node));
 }
 
+void AddRelated(const Node& other, Diagnostic& diagnostic) {
+  if (other.Blamed() != nullptr) diagnostic.related.push_back({other.Blamed(), Describe(other)});
+}
+
 const Node& Outermost(const Node& node) {
   const Node* each = &node;
   while (each->Enclosing() != nullptr) each = each->Enclosing();

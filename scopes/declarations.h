@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "agent/diagnostics.h"
 #include "tree/module.h"
 
 namespace mdktoidl {
@@ -35,6 +36,9 @@ std::string WrittenScopedName(const Node& node);
 
 /// "struct Accounts::Entry", on one line.
 std::string Describe(const Node& node);
+
+/// Lets a diagnostic show another declaration, too.
+void AddRelated(const Node& other, Diagnostic& diagnostic);
 
 /// The declaration at the top that one is or stands in.
 const Node& Outermost(const Node& node);

@@ -66,18 +66,6 @@ DeclaredNames::DeclaredNames(const Root& root) {
   std::erase_if(clashing_,
                 [this](std::uint32_t serial) { return numbers_[serial] == kUniqueName; });
   size_ = counts.size();
-  NoteUses(root);
-}
-
-void DeclaredNames::NoteUses(const Root& root) {
-  const auto isKnown = [this](const Node& used) { return MayClash(Of(used)); };
-  for (const Use& use : root.AllUses()) {
-    const bool isSimple = use.spelling == Spelling::simple;
-    if (isKnown(isSimple ? *use.used : Outermost(*use.used))) {
-      clashing_.push_back(use.user->Serial());
-    }
-  }
-  std::ranges::sort(clashing_);
 }
 
 bool DeclaredNames::MayClashIn(const Node& declaration) const {

@@ -1,16 +1,15 @@
-// Checks the names of an export: that they are legal IDL.
-//
-// Names are written as the model has them. What would be written is checked here, by the rules that
-// IDL compilers apply; what isn't exported may be named as it likes. All checks read the tree.
+// The names of an export: that they are legal IDL, and mean where they are written what they
+// should.
 #pragma once
 
-#include "scopes/declarations.h"
+#include "tree/module.h"
 
 namespace mdktoidl {
 
-/// Checks all names but those of files, of a tree that is evaluated; of one that is not yet
-/// evaluated what can be told without knowing what it uses. Costs time in proportion to the
-/// declarations and to what they name. The rules:
+/// Checks all names but those of files, of a tree whose declarations are in their final order.
+/// Costs time in proportion to the declarations and to what they name. If names may be repaired,
+/// keywords are escaped, and what would be taken for something else is spelled otherwise; it is
+/// told of as a repair. All else is told of as not legal. The rules:
 ///
 ///   idl-identifier    a name that can't be written in IDL
 ///   idl-keyword       a keyword, or what differs from one only in capitals
@@ -21,6 +20,6 @@ namespace mdktoidl {
 ///   use-clash         a declaration named as something that its scope uses: IDL takes a used name
 ///                     as declared there ("in Color color")
 ///   name-not-visible  a name that is written without its scope where it means nothing
-void CheckNames(const Root& root);
+void MakeNamesLegal(Root& root, bool mayRepair);
 
 }  // namespace mdktoidl

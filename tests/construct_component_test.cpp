@@ -89,7 +89,7 @@ TEST(ConstructComponent, IsHeldAgainstTheGrammar) {
       {"factory seat_down(in", "factory seat_down(out"},
       {"composition process", "composition fast"},
       {"implements Dining::PlaceHome;", ""},
-      {"{ provides tool; };", "{ };"},
+      {"{ provides facet tool; }", "{ }"},
       {"eventtype Bell {", "eventtype {"},
   };
   for (const auto& [right, wrong] : faults) {

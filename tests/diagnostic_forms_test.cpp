@@ -32,7 +32,13 @@ const Diagnostic all[] = {
      "M::a\nb",
      "",
      {}},
-    {Severity::kError, "bad \xFF\xC3 text", "of-a-colleague", {"a:b/../%.uml", 0, 0}, "", "\xFF", {}},
+    {Severity::kError,
+     "bad \xFF\xC3 text",
+     "of-a-colleague",
+     {"a:b/../%.uml", 0, 0},
+     "",
+     "\xFF",
+     {}},
     {Severity::kWarning, "nothing to blame", "struct-no-members", {}, "", "", {}},
 };
 
@@ -50,8 +56,9 @@ TEST(GccForm, IsOneLineEach) {
 }
 
 TEST(JsonForm, HasWhatIsKnown) {
-  EXPECT_EQ(diagnostics::JsonForm({}),
-            "{\"version\":1,\"summary\":{\"errors\":0,\"warnings\":0,\"notes\":0},\"diagnostics\":[]}\n");
+  EXPECT_EQ(
+      diagnostics::JsonForm({}),
+      "{\"version\":1,\"summary\":{\"errors\":0,\"warnings\":0,\"notes\":0},\"diagnostics\":[]}\n");
   const json found = json::parse(diagnostics::JsonForm(all));
   EXPECT_EQ(found, json::parse(R"({
     "version": 1,
@@ -100,7 +107,11 @@ TEST(SarifForm, HasWhatTheFormatRequiresAndLeadsToTheSpot) {
                            "region": {"startLine": 3, "startColumn": 7}},
       "logicalLocations": [{"fullyQualifiedName": "M::S"}]}],
     "partialFingerprints": {"ruleAndId/v1": "struct-no-members:s1"},
-    "properties": {"id": "s1"}})"));
+    "properties": {"id": "s1"},
+    "relatedLocations": [{
+      "physicalLocation": {"artifactLocation": {"uri": "n.uml"},
+                           "region": {"startLine": 5, "startColumn": 2}},
+      "message": {"text": "the other S"}}]})"));
   EXPECT_EQ(results[1]["locations"], json::parse(R"([{
     "physicalLocation": {"artifactLocation": {"uri": "file:///a%20b/%C3%A9%23%3F.uml"},
                          "region": {"startLine": 4}},

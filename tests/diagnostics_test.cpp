@@ -79,8 +79,9 @@ TEST(Diagnostics, LeadToTheElementsThatTheyAreAbout) {
                      <C:IDLGenerator base_Artifact="out"/>)");
   const std::size_t first = files.Reader().Locate(files["m"]).line;
   const auto line = [first](std::size_t offset) { return " " + std::to_string(first + offset); };
-  EXPECT_THAT(ToldOf(files), ElementsAre("type-unknown x2" + line(3), "type-unknown x3" + line(4),
-                                         "type-unknown p" + line(8)));
+  EXPECT_THAT(ToldOf(files), ElementsAre("order-circle s" + line(1), "type-unknown x2" + line(3),
+                                         "type-unknown x3" + line(4), "name-clash x2" + line(3),
+                                         "name-clash x3" + line(4), "type-unknown p" + line(8)));
 }
 
 TEST(Diagnostics, TellOfTheReadersRemarks) {
@@ -123,18 +124,27 @@ TEST(Diagnostics, TellOfTheReadersRemarks) {
                          "template-parameter-unreadable", "template-recursive", "value-unknown"));
 }
 
+/// That without repairs, where what is repaired is silent.
+std::string SeverityShown(Message message) {
+  mdktoidl::SetVerbatim(SeverityOf(message) == mdktoidl::Severity::silent);
+  const mdktoidl::Severity severity = SeverityOf(message);
+  mdktoidl::SetVerbatim(false);
+  if (severity == mdktoidl::Severity::note) return "note";
+  return severity < mdktoidl::Severity::error ? "warning" : "error";
+}
+
 // The document has tables: | severity | `message` | `rule` | meaning and remedy |
 TEST(MessagesDocument, ExplainsEveryMessageAndRule) {
   const std::string document = support::ReadFile(IDLEXPORT_SOURCE_DIR "/docs/messages.md");
-  const std::regex row("\n(\\| (?:error|warning) \\| `[^`]*` \\| `[^`]*`) \\| [^|]+ \\|(?=\n)");
+  const std::regex row(
+      "\n(\\| (?:error|warning|note) \\| `[^`]*` \\| `[^`]*`) \\| [^|]+ \\|(?=\n)");
   std::set<std::string> rows;
   for (std::sregex_iterator each(document.begin(), document.end(), row), end; each != end; ++each) {
     rows.insert(each->str(1));
   }
   for (std::size_t index = 0; index < messageCount; ++index) {
     const auto message = static_cast<Message>(index);
-    const bool isWarning = SeverityOf(message) == mdktoidl::Severity::warning;
-    const std::string expected = (isWarning ? "| warning | `" : "| error | `") +
+    const std::string expected = "| " + SeverityShown(message) + " | `" +
                                  std::string(Text(message)) + "` | `" +
                                  std::string(RuleOf(message)) + "`";
     EXPECT_TRUE(rows.contains(expected)) << expected;

@@ -9,6 +9,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -17,6 +18,8 @@
 #include "model/model.h"
 #include "tests/support/export.h"
 #include "tests/support/message_log.h"
+#include "tests/support/small_model.h"
+#include "tests/support/xmi_files.h"
 
 namespace {
 
@@ -193,6 +196,30 @@ void BuildComponents(ExportBench& b, Element& m) {
   twice(executor, impl, otherImpl, "CORBAManages");
 }
 
+/// What small models can't say.
+void BuildTexts(ExportBench& b, Element& m) {
+  b.Attribute(b.Value(m, "V"), "grid", b.Template("array", {"long", 2}));
+  auto& i = b.Interface(m, "I");
+  b.Make(i, Symbol("Syntype"), "Box", "CORBABoxedValue");
+  auto& operation = b.Operation(i, "op");
+  b.Set(b.Parameter(operation, "p", "long"), "Direction", "sideways");
+  constexpr std::string_view contexts[] = {"", "\"user\"", "1 2"};
+  auto& mark = b.Model().Apply(b.Operation(i, "with"), b.Model().Stereotype("CORBAOperation"));
+  b.Model().SetListTag(mark, Symbol("context"), contexts);
+  b.Attribute(b.Struct(m, "S"), "number", b.Template("fixed", {40, 2}));
+  b.Default(b.Constant(m, "C", "long", 1), Symbol("ListExpression"), "");
+  auto& impl = b.Mark(b.Class(m, "Impl", ""), "CORBAComponentImpl", {{"category", "lazy"}});
+  auto& executor = b.Class(impl, "Exec", "CORBAHomeImpl");
+  auto& c = b.Component(m, "C");
+  b.Mark(b.Depend(executor, impl), "CORBAManages");
+  auto& home = b.Home(m, "H");
+  b.Mark(b.Depend(home, c), "CORBAManages");
+  b.Mark(b.Depend(executor, home), "CORBAImplements");
+  b.Mark(b.Depend(impl, c), "CORBAImplements");
+  auto& foreign = b.Port(b.Component(m, "D"), "f", "CORBAFacet", {&i});
+  b.Mark(b.Depend(b.Class(impl, "Seg", "CORBASegment"), foreign), "CORBAIsProvidedBy");
+}
+
 /// Names of every kind of fault, on top of each other.
 void BuildNames(ExportBench& b, Element& m) {
   b.Struct(m, "");
@@ -230,8 +257,40 @@ void BuildFileNames(ExportBench& b, Element& m) {
 }
 
 constexpr void (*models[])(ExportBench&, Element&) = {
-    BuildTypeDefinitions, BuildUnions, BuildConstantsAndBounds, BuildInterfaces, BuildValues,
-    BuildComponents,      BuildNames,  BuildFileNames};
+    BuildTypeDefinitions, BuildUnions, BuildConstantsAndBounds,
+    BuildInterfaces,      BuildValues, BuildComponents,
+    BuildTexts,           BuildNames,  BuildFileNames};
+
+/// What stands in the module M; it is exported both ways.
+constexpr std::string_view smallModels[] = {
+    "struct Own { field own : M::Own }",
+    "module N { interface C : M::O::F { } interface D { attr e : M::O::E } } "
+    "module O { enum E { literal e } interface F { } interface G : M::N::D { } }",
+    "struct S { private x } enum E { } struct T { field a : native field _b }",
+    "const N : double = 3 struct S { field a [ N ] field b [ 4294967296 ] }",
+    "const A = 'a' const B : any = 1 const C = 1 const D : boolean = M::C const F : double = 3",
+    "union U { switch k : octet case a = 1 } union V { switch k case a = 1 case b = 1 case c = x }",
+    "union U { switch k default a default b } union V { switch k : wchar case a = b }",
+    "union U { switch k : boolean case a = true case b = false default c }",
+    "union U { switch k : char case a = ä }",
+    "local L { } abstraction A : M::I { } interface I : M::L { attr a : M::L op f { raises M::L } "
+    "}",
+    "abstract A { state x factory make } value B { } abstract C : M::B { } value D : M::C , M::B { "
+    "}",
+    "custom A { } value B : M::A { } value C : M::B , M::A { } value D : M::B , M::B truncatable { "
+    "}",
+    "interface I { } interface J { } value V : M::I , M::J { } value W : M::V { } boxed X : M::V",
+    "interface I { } interface J { } value V : M::I { } value W : M::V , M::J { } abstract Y { }"
+    " value X : M::Y , M::V { }",
+    "interface I { attr _x } value V { finder find boxed B : long } struct S -- 'a\\\\' { field "
+    "any }",
+    "struct T { field x } module N { struct T { field y } struct S { field z : M::T } }",
+    "module A { struct S { field t : M::B::S } struct T { field x } } "
+    "module B { struct S { field t : M::A::T } }",
+    "module A { interface I { attr j : M::B::J } } module B { interface J { attr i : M::A::I } }",
+    "interface I : M::J { } interface J { attr i : M::I attr all : long [*] }",
+    "sequence Longs : long interface I { attr a [*] attr b : string [*] } struct S { field x [*] }",
+};
 
 /// Each of them takes a model, or a file system, of its own; other tests raise them.
 const std::set<Message> raisedElsewhere = {Message::settingMissing,
@@ -245,18 +304,36 @@ const std::set<Message> raisedElsewhere = {Message::settingMissing,
                                            Message::nameDeclaredTwice,
                                            Message::namesInheritedTooWidely};
 
+void AddRaisedBySmallModels(const std::string& settings, std::set<Message>& raised) {
+  for (const std::string_view members : smallModels) {
+    const ExportBench bench;
+    support::XmiFiles files;
+    const std::string text = "module M { " + std::string(members) + " }";
+    files.Write("model.uml", support::SmallModel(text, "targetDir=\"out\" " + settings)).Read();
+    Listener listener;
+    const support::MessageLog log;
+    mdktoidl::RunExport(&files["out"], &listener);
+    for (const mdktoidl::Diagnostic& each : listener.told) {
+      EXPECT_NE(each.element, nullptr) << TextOf(each);
+      raised.insert(each.message);
+    }
+  }
+}
+
 TEST(Messages, AreEachRaisedByAModelAndLeadToAnElement) {
   std::set<Message> raised = raisedElsewhere;
   for (const auto build : models) {
     // A name of the main file that is not safe refuses the export, and shows the other faults anew.
-    using Settings = std::pair<const char*, const char*>;
-    for (const auto& [mapping, fileName] :
-         {Settings("MODULE_FLAT", "x"), Settings("MODULE_STRUCTURED", "../x")}) {
+    using Settings = std::tuple<const char*, const char*, const char*>;
+    for (const auto& [mapping, fileName, isVerbatim] :
+         {Settings("MODULE_FLAT", "x", "true"), Settings("MODULE_STRUCTURED", "../x", "true"),
+          Settings("ONE_FILE", "x", "false")}) {
       ExportBench bench;
       auto& module = bench.Module("M");
       build(bench, module);
-      Element& artifact =
-          bench.Artifact({&module}, {{"fileMapping", mapping}, {"fileName", fileName}});
+      Element& artifact = bench.Artifact(
+          {&module},
+          {{"fileMapping", mapping}, {"fileName", fileName}, {"isVerbatim", isVerbatim}});
       Listener listener;
       const support::MessageLog log;
       mdktoidl::RunExport(&artifact, &listener);
@@ -269,6 +346,10 @@ TEST(Messages, AreEachRaisedByAModelAndLeadToAnElement) {
         EXPECT_TRUE(each.element != &artifact || RuleOf(each.message) == "unsafe-name") << text;
       }
     }
+  }
+  for (const char* settings :
+       {"isVerbatim=\"true\"", "isVerbatim=\"false\"", "fileMapping=\"MODULE_FLAT\""}) {
+    AddRaisedBySmallModels(settings, raised);
   }
   for (std::size_t index = 0; index < static_cast<std::size_t>(Message::count); ++index) {
     const auto message = static_cast<Message>(index);

@@ -50,6 +50,11 @@ void Component::CollectGeneralizations() {
   }
 }
 
+Expectation Component::Expects(UseRole role) const {
+  return role == UseRole::base ? Expectation{meanings::component, "component"}
+                               : Node::Expects(role);
+}
+
 void Component::ResolveTypes(NodeList& deps) {
   EvaluateChildren(deps);
   CollectGeneralizations();
@@ -57,7 +62,7 @@ void Component::ResolveTypes(NodeList& deps) {
 
 void Component::Unparse(Writer& out) const {
   UnparseHeading(out);
-  out << "component " << Name();
+  out << "component " << Written();
   if (const Use* base = uses.First(UseRole::base)) out << " : " << *base;
   if (uses.Has(UseRole::supports)) {
     out << " supports ";
@@ -68,7 +73,7 @@ void Component::Unparse(Writer& out) const {
 
 void Component::UnparseForward(Writer& out) const {
   newline(out);
-  out << "component " << Name() << ';';
+  out << "component " << Written() << ';';
 }
 
 // The type is deliberately written by its simple name, wherever it is declared: files in use are
@@ -89,29 +94,36 @@ void Port::Unparse(Writer& out) const {
   const Use* used = uses.First(UseRole::port);
   if (used == nullptr) return;
   newline(out);
-  out << Keywords() << *used << ' ' << Name() << ';';
+  out << Keywords() << *used << ' ' << Written() << ';';
 }
 
+namespace {
+
+constexpr Expectation anInterface{meanings::interface, "interface"};
+constexpr Expectation anEventType{meanings::event, "event type"};
+
+}  // namespace
+
 const PortRules& Facet::Rules() const {
-  static const PortRules rules = {properties::realized, properties::required,
+  static const PortRules rules = {properties::realized,         properties::required,
                                   Message::facetLacksInterface, Message::facetRequires,
-                                  Message::portRealizesTooMany};
+                                  Message::portRealizesTooMany, anInterface};
   return rules;
 }
 
 const PortRules& Receptacle::Rules() const {
-  static const PortRules rules = {properties::required, properties::realized,
-                                  Message::receptacleLacksInterface, Message::receptacleRealizes,
-                                  Message::portRequiresTooMany};
+  static const PortRules rules = {
+      properties::required,        properties::realized,         Message::receptacleLacksInterface,
+      Message::receptacleRealizes, Message::portRequiresTooMany, anInterface};
   return rules;
 }
 
 bool Receptacle::IsMultiple() const { return isTagTrue(Entity(), tags::isMultiple); }
 
 const PortRules& EventSource::Rules() const {
-  static const PortRules rules = {properties::required, properties::realized,
+  static const PortRules rules = {properties::required,          properties::realized,
                                   Message::eventSourceLacksType, Message::eventSourceRealizes,
-                                  Message::portRequiresTooMany};
+                                  Message::portRequiresTooMany,  anEventType};
   return rules;
 }
 
@@ -120,9 +132,9 @@ bool EventSource::IsEmitter() const {
 }
 
 const PortRules& EventSink::Rules() const {
-  static const PortRules rules = {properties::realized, properties::required,
-                                  Message::eventSinkLacksType, Message::eventSinkRequires,
-                                  Message::portRealizesTooMany};
+  static const PortRules rules = {properties::realized,         properties::required,
+                                  Message::eventSinkLacksType,  Message::eventSinkRequires,
+                                  Message::portRealizesTooMany, anEventType};
   return rules;
 }
 

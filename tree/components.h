@@ -14,11 +14,13 @@ class Component : public Container {
  public:
   Component(mdk::IMdeEntity* element, Container* parent);
 
-  static constexpr Construct kind{"component",  ScopeKind::open, Inheritance::inherits,
-                                  Forward::yes, Language::idl,   5};
+  static constexpr Construct kind{"component",     ScopeKind::open, Inheritance::inherits,
+                                  Forward::asType, Language::idl,   5};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
   void UnparseForward(Writer& out) const override;
+  Meanings Means() const override { return meanings::type | meanings::component; }
+  Expectation Expects(UseRole role) const override;
 
  protected:
   void ResolveTypes(NodeList& deps) override;
@@ -34,6 +36,7 @@ struct PortRules {
   Message lacksType;
   Message hasForbidden;
   Message hasTooMany;
+  Expectation expected;  ///< what its type has to be
 };
 
 /// A port of a component. It is left out when its type is no part of the export.
@@ -43,6 +46,8 @@ class Port : public Node {
                                   Forward::no, Language::idl,   25};
   const Construct& Kind() const override { return kind; }
   bool isDeclared() const override { return uses.Has(UseRole::port); }
+  bool writesComments() const override { return false; }
+  Expectation Expects(UseRole) const override { return Rules().expected; }
   void Unparse(Writer& out) const override;
 
  protected:
@@ -58,6 +63,7 @@ class Port : public Node {
 class Facet : public Port {
  public:
   Facet(mdk::IMdeEntity* element, Container* parent) : Port(element, parent) {}
+  Meanings Means() const override { return meanings::facet; }
 
  private:
   const PortRules& Rules() const override;

@@ -24,8 +24,14 @@ enum class Inheritance : std::uint8_t {
   inherits
 };
 
-/// Whether IDL has a forward declaration of it.
-enum class Forward : std::uint8_t { no, yes };
+/// Whether IDL has a forward declaration of it, and for whom that suffices.
+enum class Forward : std::uint8_t {
+  no,
+  /// What is of such a type holds it, so only a sequence may be made of it before it is defined.
+  inSequences,
+  /// What is of such a type refers to it, and needs no more.
+  asType
+};
 
 /// Which language declares it: IDL, or that of component implementations.
 enum class Language : std::uint8_t { idl, cidl };
@@ -34,7 +40,7 @@ enum class Language : std::uint8_t { idl, cidl };
 struct Construct {
   std::string_view word;  ///< what users call it: "struct", "operation"
   ScopeKind scope;
-  Inheritance heredity;
+  Inheritance inheritance;
   Forward forward;
   Language language;
   int rank;  ///< the order in which kinds are listed, scopes before what stands in them

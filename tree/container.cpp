@@ -6,6 +6,7 @@
 #include <list>
 
 #include "tree/classification.h"
+#include "tree/openings.h"
 #include "types/elements.h"
 
 namespace mdktoidl {
@@ -172,13 +173,16 @@ void OrderedScope::Insert(std::vector<Insertion> insertions) {
   names.reset();
 }
 
-void OrderedScope::UnparseForwards(Writer& out) const {
-  for (const Node* node : forwards) node->UnparseForward(out);
-}
+void OrderedScope::UnparseForwards(Writer& out) const { WriteForwards(*this, forwards, out); }
 
 void OrderedScope::UnparseMembers(Writer& out) const {
   UnparseForwards(out);
-  for (const Node* child : sorted) child->Unparse(out);
+  Openings openings(*this, out);
+  for (const Node* child : sorted) {
+    openings.GoTo(*child);
+    UnparseChild(*child, out);
+  }
+  openings.CloseAll();
 }
 
 }  // namespace mdktoidl

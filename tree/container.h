@@ -4,6 +4,7 @@
 #include <memory>
 #include <string_view>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "output/ordering.h"
@@ -72,6 +73,16 @@ class OrderedScope : public Container {
   bool declares(std::string_view name) const override;
   OrderedScope* AsOrderedScope() override { return this; }
 
+  /// The children that have a forward declaration, and all in output order, as far as this scope
+  /// writes them. Where modules inside this one are in each other's way, what they hold stands here
+  /// in their place; then they are opened for it, as often as need be.
+  const NodeList& Forwards() const { return forwards; }
+  const NodeList& Sorted() const { return sorted; }
+  void SetForwards(NodeList nodes) { forwards = std::move(nodes); }
+  void SetSorted(NodeList nodes) { sorted = std::move(nodes); }
+
+  /// Writes the forward declarations.
+  void UnparseForwards(Writer& out) const;
   /// Takes over declarations and puts them in their places, both in the order of creation and in
   /// that of the output; those for one place keep their order. The tree must be numbered anew
   /// before anything else is asked of it.
@@ -87,14 +98,13 @@ class OrderedScope : public Container {
   /// one is raised, once, before the messages are printed.
   void EvaluateAndSort(NodeList& outside);
 
-  /// Writes the forward declarations.
-  void UnparseForwards(Writer& out) const;
-
   /// Writes the forward declarations and the children in output order.
   void UnparseMembers(Writer& out) const override;
+  /// Writes one of these.
+  virtual void UnparseChild(const Node& child, Writer& out) const { child.Unparse(out); }
 
-  NodeList forwards;  // children on a cycle of dependencies, by creation
-  NodeList sorted;    // all children in output order
+  NodeList forwards;
+  NodeList sorted;
 
  private:
   // The names of the children; made at the first question, null before.

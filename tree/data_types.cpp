@@ -1,10 +1,13 @@
 #include "tree/data_types.h"
 
+#include <unordered_set>
+
 #include "agent/idl_exception.h"
 #include "tree/node_registry.h"
 #include "tree/type_definitions.h"
 #include "types/constant_value.h"
 #include "types/elements.h"
+#include "types/one_line.h"
 
 namespace mdktoidl {
 
@@ -20,15 +23,20 @@ Struct::Struct(mdk::IMdeEntity* element, Container* parent) : Container(element,
   }
 }
 
+void Struct::CheckLegality(const ConstantNames&) const {
+  if (!children.empty() || Elements(Entity(), properties::ownedMember).empty()) return;
+  Report(Message::structHasNoPublicMembers);
+}
+
 void Struct::Unparse(Writer& out) const {
   UnparseHeading(out);
-  out << "struct " << Name();
+  out << "struct " << Written();
   UnparseBody(out);
 }
 
 void Struct::UnparseForward(Writer& out) const {
   newline(out);
-  out << "struct " << Name() << ';';
+  out << "struct " << Written() << ';';
 }
 
 Exception::Exception(mdk::IMdeEntity* element, Container* parent) : Container(element, parent) {
@@ -40,14 +48,14 @@ Exception::Exception(mdk::IMdeEntity* element, Container* parent) : Container(el
 
 void Exception::Unparse(Writer& out) const {
   UnparseHeading(out);
-  out << "exception " << Name();
+  out << "exception " << Written();
   UnparseBody(out);
 }
 
 void Field::Unparse(Writer& out) const {
   UnparseComment(Entity(), out);
   newline(out);
-  out << type << ' ' << Name() << type.DeclaratorSuffix() << ';';
+  out << type << ' ' << Written() << type.DeclaratorSuffix() << ';';
 }
 
 Enumeration::Enumeration(mdk::IMdeEntity* element, Container* parent) : Container(element, parent) {
@@ -78,9 +86,13 @@ Enumerator* Enumeration::FindLiteral(const mdk::IMdeEntity* element) const {
   return found == byElement.end() ? nullptr : found->second;
 }
 
+void Enumeration::CheckLegality(const ConstantNames&) const {
+  if (children.empty()) Report(Message::enumHasNoEnumerators);
+}
+
 void Enumeration::Unparse(Writer& out) const {
   UnparseHeading(out);
-  out << "enum " << Name();
+  out << "enum " << Written();
   UnparseBody(out);
 }
 
@@ -126,8 +138,12 @@ void Constant::ResolveValue() {
   mdk::IMdeEntity* value = Entity()->GetEntity(properties::defaultValue, 0);
   if (value == nullptr) return Report(Message::constantHasNoValue);
   const std::string metaclass = value->GetMetaclass();
-  if (metaclass == metaclasses::realValue || metaclass == metaclasses::integerValue ||
-      metaclass == metaclasses::characterValue || metaclass == metaclasses::charstringValue) {
+  const bool isExpression =
+      metaclass == metaclasses::booleanValue || metaclass == metaclasses::opaqueExpression;
+  if (isExpression) Report(Message::constantValueIsExpression);
+  if (isExpression || metaclass == metaclasses::realValue ||
+      metaclass == metaclasses::integerValue || metaclass == metaclasses::characterValue ||
+      metaclass == metaclasses::charstringValue) {
     valueText = nodeRegistry.Store(value->GetValue(properties::valueString, 0));
   } else if (metaclass == metaclasses::ident) {
     ResolveIdentifier(value);
@@ -157,10 +173,83 @@ Node* Constant::FindValue(mdk::IMdeEntity* named) const {
   return literal != nullptr ? literal : GetNodeRef(named);
 }
 
+void Constant::Repair(const ConstantNames&) {
+  const std::string base = Base().predefined;
+  if (base.empty() || valueText.empty()) return;
+  const std::string repaired = LiteralOf(base, valueText);
+  if (repaired == valueText) return;
+  Report(Message::constantValueRepaired, {ScopedName("::"), OneLine(valueText), repaired});
+  valueText = nodeRegistry.Store(repaired);
+}
+
+// Every constant on the way remembers the end, so that many users of a long chain cost its length
+// once.
+const Constant* Constant::Last() const {
+  std::unordered_set<const Constant*> passed;
+  const Constant* current = this;
+  while (current != nullptr && !current->isLastKnown) {
+    const bool isCircle = !passed.insert(current).second;
+    const Use* named = current->NamedValue();
+    const Constant* next = named == nullptr ? nullptr : named->used->AsConstant();
+    if (!isCircle && next == nullptr) break;
+    current = isCircle ? nullptr : next;
+  }
+  if (current != nullptr && current->isLastKnown) current = current->last;
+  for (const Constant* each : passed) {
+    each->last = current;
+    each->isLastKnown = true;
+  }
+  return current;
+}
+
+Literal Constant::Value() const {
+  const Constant* end = Last();
+  return end == nullptr ? Literal() : ReadLiteral(end->valueText);
+}
+
+const Node* Constant::ValueAsEnumerator() const {
+  const Constant* end = Last();
+  const Use* named = end == nullptr ? nullptr : end->NamedValue();
+  return named != nullptr && named->used->isEnumerator() ? named->used : nullptr;
+}
+
+bool Constant::isValueLegal(const BaseType& base) const {
+  if (base.declaration != nullptr) {
+    const Node* enumerator = ValueAsEnumerator();
+    return enumerator != nullptr && enumerator->Enclosing() == base.declaration;
+  }
+  return isValueOf(Value(), base.predefined);
+}
+
+std::string Constant::TextOfValue() const {
+  const Use* named = NamedValue();
+  return named == nullptr ? OneLine(valueText) : named->used->Described();
+}
+
+void Constant::CheckLegality(const ConstantNames&) const {
+  const BaseType base = Base();
+  if (!base.isKnown()) return;
+  const bool mayBeConstant = base.declaration == nullptr
+                                 ? KindOfLiterals(base.predefined) != LiteralKind::none
+                                 : base.declaration->AsEnumeration() != nullptr;
+  if (!mayBeConstant) {
+    return Report(Message::constantTypeHasNoConstants, {ScopedName("::"), base.Text()});
+  }
+  const Use* named = NamedValue();
+  const bool isKnown = (named != nullptr || !valueText.empty()) && Last() != nullptr;
+  if (!isKnown || isValueLegal(base)) return;
+  const std::string value = TextOfValue();
+  if (named == nullptr) {
+    return Report(Message::constantValueUnfit, {ScopedName("::"), value, base.Text()});
+  }
+  Report(Message::constantValueUnfit, {ScopedName("::"), value, base.Text()}, *named->used,
+         "its value is declared here");
+}
+
 void Constant::Unparse(Writer& out) const {
   UnparseComment(Entity(), out);
   newline(out);
-  out << "const " << type << ' ' << Name() << " = ";
+  out << "const " << type << ' ' << Written() << " = ";
   if (const Use* value = uses.First(UseRole::value)) {
     out << *value;
   } else {

@@ -6,6 +6,8 @@
 
 #include "tree/container.h"
 #include "tree/members.h"
+#include "tree/type_definitions.h"
+#include "types/literal.h"
 
 namespace mdktoidl {
 
@@ -14,11 +16,14 @@ class Struct : public Container {
  public:
   Struct(mdk::IMdeEntity* element, Container* parent);
 
-  static constexpr Construct kind{
-      "struct", ScopeKind::reservesItsName, Inheritance::none, Forward::yes, Language::idl, 9};
+  static constexpr Construct kind{"struct",          ScopeKind::reservesItsName,
+                                  Inheritance::none, Forward::inSequences,
+                                  Language::idl,     9};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
   void UnparseForward(Writer& out) const override;
+  Meanings Means() const override { return meanings::type; }
+  void CheckLegality(const ConstantNames&) const override;
 };
 
 /// An IDL exception. Unlike a struct it may be empty, and IDL has no forward form of it.
@@ -29,6 +34,7 @@ class Exception : public Container {
   static constexpr Construct kind{
       "exception", ScopeKind::reservesItsName, Inheritance::none, Forward::no, Language::idl, 11};
   const Construct& Kind() const override { return kind; }
+  Meanings Means() const override { return meanings::exception; }
   void Unparse(Writer& out) const override;
 };
 
@@ -40,6 +46,7 @@ class Field : public Attribute {
   static constexpr Construct kind{"field",     ScopeKind::none, Inheritance::none,
                                   Forward::no, Language::idl,   21};
   const Construct& Kind() const override { return kind; }
+  const Node* TypeThatHoldsMine() const override { return Enclosing(); }
   void Unparse(Writer& out) const override;
   const WrittenType* TypeToName() const override { return nullptr; }
 
@@ -58,7 +65,9 @@ class Enumerator : public Node {
   const Construct& Kind() const override { return kind; }
   const Definition* NameScope() const override { return Scope()->Scope(); }
   bool isEnumerator() const override { return true; }
-  void Unparse(Writer& out) const override { out << Name(); }
+  Meanings Means() const override { return meanings::constant; }
+  bool writesComments() const override { return false; }
+  void Unparse(Writer& out) const override { out << Written(); }
 
  protected:
   void ResolveTypes(NodeList&) override {}
@@ -74,6 +83,8 @@ class Enumeration : public Container {
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
   const Enumeration* AsEnumeration() const override { return this; }
+  Meanings Means() const override { return meanings::type; }
+  void CheckLegality(const ConstantNames&) const override;
 
   const Children& Literals() const { return children; }
   /// The enumerator of a name, and the one made from an element; null for none. Of several the
@@ -100,6 +111,18 @@ class Constant : public Node {
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
   bool declaresConstant() const override { return true; }
+  const Constant* AsConstant() const override { return this; }
+  Meanings Means() const override { return meanings::constant; }
+  void Repair(const ConstantNames&) override;
+  void CheckLegality(const ConstantNames&) const override;
+
+  /// What is a constant's type in the end; what constants lead to, as a literal or an enumerator.
+  /// Known once everything is evaluated.
+  BaseType Base() const { return BaseOf(type); }
+  /// The value as a literal; no literal when it is an enumerator, or none is known.
+  Literal Value() const;
+  /// The value as an enumerator; null when it is none.
+  const Node* ValueAsEnumerator() const;
 
  protected:
   void ResolveTypes(NodeList& deps) override;
@@ -112,7 +135,15 @@ class Constant : public Node {
   /// The constant or enumerator that an identifier names; null when it is not part of the export.
   Node* FindValue(mdk::IMdeEntity* named) const;
 
+  /// The constant that has the value, behind those that lead to it; null for a circle.
+  const Constant* Last() const;
+  const Use* NamedValue() const { return uses.First(UseRole::value); }
+  bool isValueLegal(const BaseType& base) const;
+  std::string TextOfValue() const;
+
   WrittenType type;
+  mutable const Constant* last = nullptr;  // as `Last` says, once it was asked
+  mutable bool isLastKnown = false;
   std::string_view valueText;  // of a literal; empty where the value is a use
 };
 

@@ -9,6 +9,12 @@
 
 namespace mdktoidl {
 
+/// A name as it is written.
+struct Identifier {
+  std::string_view name;
+  bool isEscaped;  ///< an underscore stands before it, which makes any keyword a name
+};
+
 class Definition {
  public:
   virtual ~Definition() = default;
@@ -27,6 +33,15 @@ class Definition {
   /// The element's name as the model has it, but for what the model doesn't hold; empty without an
   /// element.
   std::string_view Name() const { return {name, nameSize}; }
+
+  /// The name that is written for it, nearly always the model's.
+  virtual std::string_view WrittenName() const { return Name(); }
+  Identifier Written() const { return {WrittenName(), escaped != 0}; }
+  /// The name by which others write it. For a composition that isn't the name that it declares:
+  /// what is managed is the implementation.
+  Identifier AsUsed() const { return {Name(), escaped != 0}; }
+  /// Lets the name be written with the underscore that makes any keyword a name.
+  void Escape() { escaped = 1; }
 
   /// The names from the outermost declaration to this one, joined.
   std::string ScopedName(std::string_view separator) const;
@@ -49,7 +64,8 @@ class Definition {
   const Definition* scope;
   mdk::IMdeEntity* entity;
   const char* name = nullptr;  // lies in memory of the run
-  std::uint32_t nameSize = 0;
+  std::uint32_t nameSize : 31 = 0;
+  std::uint32_t escaped : 1 = 0;
 };
 
 }  // namespace mdktoidl

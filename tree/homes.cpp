@@ -1,10 +1,13 @@
 #include "tree/homes.h"
 
+#include <algorithm>
+#include <array>
 #include <string>
 
 #include "tree/interfaces.h"
 #include "tree/node_registry.h"
 #include "types/elements.h"
+#include "types/one_line.h"
 
 namespace mdktoidl {
 
@@ -54,6 +57,10 @@ void Home::CollectSupertype(mdk::IMdeEntity* parent, std::unordered_set<const No
   }
 }
 
+Expectation Home::Expects(UseRole role) const {
+  return role == UseRole::base ? Expectation{meanings::home, "home"} : Node::Expects(role);
+}
+
 void Home::ResolveTypes(NodeList& deps) {
   EvaluateAndSort(deps);
   CollectGeneralizations();
@@ -75,7 +82,7 @@ void Home::UnparseUse(UseRole role, std::string_view keyword, Writer& out) const
 
 void Home::Unparse(Writer& out) const {
   UnparseHeading(out);
-  out << "home " << Name();
+  out << "home " << Written();
   UnparseUse(UseRole::base, " : ", out);
   UnparseUse(UseRole::supports, " supports ", out);
   UnparseUse(UseRole::manages, " manages ", out);
@@ -130,9 +137,22 @@ void ComponentImpl::ResolveTypes(NodeList& deps) {
   }
 }
 
+// A component whose ancestry is wider than one line has been told of already.
+void ComponentImpl::CheckLegality(const ConstantNames&) const {
+  constexpr std::array<std::string_view, 4> categories = {"entity", "process", "service",
+                                                          "session"};
+  const std::string category = Category();
+  if (std::ranges::find(categories, category) == categories.end()) {
+    Report(Message::compositionCategoryUnknown, {ScopedName("::"), OneLine(category)});
+  }
+  const Node* component = homeExecutor == nullptr ? nullptr : homeExecutor->Component();
+  if (component == nullptr) return;
+  for (const Segment* segment : segments) segment->CheckFacets(*component);
+}
+
 void ComponentImpl::Unparse(Writer& out) const {
   UnparseHeading(out);
-  out << "composition " << Category() << ' ' << compositionName;
+  out << "composition " << Category() << ' ' << Written();
   UnparseBody(out);
 }
 
@@ -151,10 +171,24 @@ void HomeImpl::ResolveTypes(NodeList&) {
   AddUse(*managed, UseRole::manages).isDependency = managed != Scope();
 }
 
+Expectation HomeImpl::Expects(UseRole role) const {
+  if (role == UseRole::implements) return {meanings::home, "home"};
+  if (role == UseRole::manages) return {meanings::composition, "component implementation"};
+  return Node::Expects(role);
+}
+
+const Node* HomeImpl::Component() const {
+  const Use* home = uses.First(UseRole::implements);
+  const Use* component = home == nullptr ? nullptr : home->used->Used().First(UseRole::manages);
+  const bool isComponent =
+      component != nullptr && (component->used->Means() & meanings::component) != 0;
+  return isComponent ? component->used : nullptr;
+}
+
 void HomeImpl::UnparseExecutor(std::span<const Segment* const> segments, Writer& out) const {
   UnparseComment(Entity(), out);
   newline(out);
-  out << "home executor " << Name() << " {";
+  out << "home executor " << Written() << " {";
   indent(out);
   newline(out);
   out << "implements ";
@@ -193,12 +227,36 @@ void Segment::ResolveTypes(NodeList&) {
   if (!uses.Has(UseRole::provides)) Report(Message::segmentProvidesNothing);
 }
 
+void Segment::Repair(const ConstantNames&) {
+  if (!isDeclared()) return;
+  isInGrammar = true;
+  Report(Message::segmentWritten);
+}
+
+void Segment::CheckFacets(const Node& component) const {
+  std::unordered_set<const Node*> ancestry;
+  const Node* each = &component;
+  while (each != nullptr && ancestry.insert(each).second) {
+    const Use* base = each->Used().First(UseRole::base);
+    each = base == nullptr ? nullptr : base->used;
+  }
+  for (const Use& use : uses) {
+    const bool isFacet = (use.used->Means() & meanings::facet) != 0;
+    if (!isFacet || ancestry.contains(use.used->Enclosing())) continue;
+    Report(Message::segmentFacetForeign,
+           {ScopedName("::"), use.used->Described(), component.Described()}, *use.used,
+           "declared here");
+  }
+}
+
+// The plain form deliberately lacks a keyword and has a semicolon too much: files in use are
+// written so, and no compiler takes them.
 void Segment::UnparseSegment(Writer& out) const {
   UnparseComment(Entity(), out);
   newline(out);
-  out << "segment " << Name() << " { provides ";
+  out << "segment " << Written() << " { provides " << (isInGrammar ? "facet " : "");
   uses.Write(UseRole::provides, out);
-  out << "; };";
+  out << (isInGrammar ? "; }" : "; };");
 }
 
 }  // namespace mdktoidl

@@ -20,6 +20,8 @@ class Home : public OrderedScope {
       "home", ScopeKind::reservesItsName, Inheritance::inherits, Forward::no, Language::idl, 4};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
+  Meanings Means() const override { return meanings::type | meanings::home; }
+  Expectation Expects(UseRole role) const override;
 
  protected:
   void ResolveTypes(NodeList& deps) override;
@@ -47,6 +49,8 @@ class ComponentImpl : public Container {
   /// The name that the composition has in the model, or else the implementation's.
   std::string_view WrittenName() const override { return compositionName; }
   void Unparse(Writer& out) const override;
+  Meanings Means() const override { return meanings::composition; }
+  void CheckLegality(const ConstantNames&) const override;
 
  protected:
   void ResolveTypes(NodeList& deps) override;
@@ -72,10 +76,13 @@ class HomeImpl : public Node {
   const Construct& Kind() const override { return kind; }
   /// Nothing: a home executor is written by its composition, which knows the segments.
   void Unparse(Writer&) const override {}
+  Expectation Expects(UseRole role) const override;
   void UnparseExecutor(std::span<const Segment* const> segments, Writer& out) const;
   /// Whether the home that it implements and the implementation that it manages are part of the
   /// export. Without both it can't be written.
   bool isComplete() const { return uses.Has(UseRole::implements) && uses.Has(UseRole::manages); }
+  /// The component of the home that it implements; null for none that is known.
+  const Node* Component() const;
 
  protected:
   void ResolveTypes(NodeList& deps) override;
@@ -97,9 +104,15 @@ class Segment : public Node {
   /// Nothing: a segment is written inside its composition's home executor alone.
   void Unparse(Writer&) const override {}
   void UnparseSegment(Writer& out) const;
+  void Repair(const ConstantNames&) override;
+  /// Reports the facets that a component, or one that it inherits from, doesn't have.
+  void CheckFacets(const Node& component) const;
 
  protected:
   void ResolveTypes(NodeList& deps) override;
+
+ private:
+  bool isInGrammar = false;  // written as compilers want it, and not as in the plain form
 };
 
 }  // namespace mdktoidl

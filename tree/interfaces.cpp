@@ -76,6 +76,22 @@ bool Interface::isLocal() const {
 
 namespace {
 
+/// The interface that a use means, through type definitions; null for anything else.
+const Interface* InterfaceOf(const Use& use) {
+  const Node* declaration = Unaliased(*use.used).declaration;
+  return declaration == nullptr ? nullptr : declaration->AsInterface();
+}
+
+bool isConcreteInterface(const Use& use) {
+  const Interface* interface = InterfaceOf(use);
+  return interface != nullptr && !interface->isAbstract();
+}
+
+bool isConcreteValue(const Use& use) {
+  const Value* value = use.used->AsValue();
+  return value != nullptr && !value->isAbstract();
+}
+
 /// Calls `take` with each generalization that has a parent, and that.
 template <typename Take>
 void ForEachParent(mdk::IMdeEntity* element, Take take) {
@@ -99,6 +115,27 @@ void Interface::CollectGeneralizations() {
   });
 }
 
+Expectation Interface::Expects(UseRole role) const {
+  return role == UseRole::base ? Expectation{meanings::interface, "interface"}
+                               : Node::Expects(role);
+}
+
+void Interface::CheckLegality(const ConstantNames&) const {
+  const bool isAbstractHere = isAbstract();
+  for (const Use& use : uses) {
+    const Interface* base = use.role == UseRole::base ? InterfaceOf(use) : nullptr;
+    if (base == nullptr) continue;
+    const bool isAbstractBase = base->isAbstract();
+    if (isAbstractHere && !isAbstractBase) {
+      Report(Message::interfaceBaseNotAbstract, {ScopedName("::"), base->Described()}, *base,
+             "declared here");
+    } else if (!isAbstractHere && !isLocal() && !isAbstractBase && base->isLocal()) {
+      Report(Message::interfaceBaseLocal, {ScopedName("::"), base->Described()}, *base,
+             "declared here");
+    }
+  }
+}
+
 void Interface::ResolveTypes(NodeList& deps) {
   EvaluateAndSort(deps);
   CollectGeneralizations();
@@ -110,7 +147,7 @@ void Interface::UnparseKind(Writer& out) const {
   } else if (isLocal()) {
     out << "local ";
   }
-  out << "interface " << Name();
+  out << "interface " << Written();
 }
 
 void Interface::Unparse(Writer& out) const {
@@ -186,6 +223,82 @@ void Value::CollectSupports() {
   });
 }
 
+Meanings Value::Means() const {
+  return meanings::type | (kindWord == "event" ? meanings::event : meanings::value);
+}
+
+Expectation Value::Expects(UseRole role) const {
+  if (role != UseRole::base) return Node::Expects(role);
+  return {meanings::value | meanings::event, "value type"};
+}
+
+const Interface* Value::SupportedInterface() const {
+  for (const Use& use : uses) {
+    if (use.role == UseRole::supports && isConcreteInterface(use)) return InterfaceOf(use);
+  }
+  return nullptr;
+}
+
+// The one base, and the one supported interface, that isn't abstract has to be the first. What can
+// be truncated stands there already.
+void Value::BringForward(UseRole role, bool (*isConcrete)(const Use&)) {
+  const Use* first = uses.First(role);
+  if (first == nullptr || first->isTruncatable || isConcrete(*first)) return;
+  for (Use& use : uses) {
+    if (use.role != role || !isConcrete(use)) continue;
+    uses.BringForward(use);
+    return Report(Message::valueBasesReordered,
+                  {kindWord, ScopedName("::"), use.used->Described()});
+  }
+}
+
+void Value::Repair(const ConstantNames&) {
+  forwardWord = kindWord;
+  BringForward(UseRole::base, isConcreteValue);
+  BringForward(UseRole::supports, isConcreteInterface);
+}
+
+void Value::CheckBases() const {
+  const Use* first = uses.First(UseRole::base);
+  for (const Use& use : uses) {
+    const Value* base = use.role == UseRole::base ? use.used->AsValue() : nullptr;
+    if (base == nullptr) continue;
+    const auto report = [&](Message message) {
+      Report(message, {kindWord, ScopedName("::"), base->Described()}, *base, "declared here");
+    };
+    if (abstract && !base->abstract) {
+      report(Message::valueAbstractOfConcrete);
+    } else if (!base->abstract && &use != first) {
+      report(use.used == first->used ? Message::valueBaseTwice : Message::valueBaseNotFirst);
+    } else if (&use != first && use.used == first->used) {
+      report(Message::valueBaseTwice);
+    } else if (!custom && !abstract && base->custom) {
+      report(Message::valueOfCustom);
+    }
+  }
+}
+
+void Value::CheckSupports() const {
+  const Interface* first = SupportedInterface();
+  for (const Use& use : uses) {
+    if (use.role != UseRole::supports || !isConcreteInterface(use)) continue;
+    if (InterfaceOf(use) == first) continue;
+    Report(Message::valueSupportsMore,
+           {kindWord, ScopedName("::"), first->Described(), use.used->Described()}, *use.used,
+           "declared here");
+  }
+}
+
+void Value::CheckLegality(const ConstantNames&) const {
+  CheckBases();
+  CheckSupports();
+  if (!abstract) return;
+  for (const auto& child : children) {
+    if ((child->Means() & (meanings::state | meanings::factory)) == 0) continue;
+    child->Report(Message::valueAbstractHolds, {child->Described(), Described()});
+  }
+}
+
 void Value::ResolveTypes(NodeList& deps) {
   ResolveKind();
   EvaluateAndSort(deps);
@@ -208,17 +321,17 @@ void Value::Unparse(Writer& out) const {
   UnparseHeading(out);
   if (abstract) out << "abstract ";
   if (custom) out << "custom ";
-  out << kindWord << "type " << Name();
+  out << kindWord << "type " << Written();
   UnparseBases(out);
   UnparseBody(out);
 }
 
-// An event type's forward declaration says "valuetype", too. That is deliberate: compilers that
-// know no event types take it, and files in use are written so.
+// In the plain form an event type's forward declaration says "valuetype", too. That is deliberate:
+// files in use are written so.
 void Value::UnparseForward(Writer& out) const {
   newline(out);
   if (abstract) out << "abstract ";
-  out << "valuetype " << Name() << ';';
+  out << forwardWord << "type " << Written() << ';';
 }
 
 }  // namespace mdktoidl

@@ -15,11 +15,16 @@ class Interface : public OrderedScope {
   Interface(mdk::IMdeEntity* element, Container* parent);
 
   static constexpr Construct kind{"interface",           ScopeKind::reservesItsName,
-                                  Inheritance::inherits, Forward::yes,
+                                  Inheritance::inherits, Forward::asType,
                                   Language::idl,         1};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
   void UnparseForward(Writer& out) const override;
+
+  const Interface* AsInterface() const override { return this; }
+  Meanings Means() const override { return meanings::type | meanings::interface; }
+  Expectation Expects(UseRole role) const override;
+  void CheckLegality(const ConstantNames&) const override;
 
   bool isAbstract() const;
   /// True for a local interface; one that is abstract as well is written as abstract.
@@ -41,14 +46,23 @@ class Value : public OrderedScope {
   Value(mdk::IMdeEntity* element, Container* parent);
 
   static constexpr Construct kind{"value type",          ScopeKind::reservesItsName,
-                                  Inheritance::inherits, Forward::yes,
+                                  Inheritance::inherits, Forward::asType,
                                   Language::idl,         2};
   static constexpr Construct eventKind{"event type",          ScopeKind::reservesItsName,
-                                       Inheritance::inherits, Forward::yes,
+                                       Inheritance::inherits, Forward::asType,
                                        Language::idl,         3};
   const Construct& Kind() const override { return kindWord == "event" ? eventKind : kind; }
   void Unparse(Writer& out) const override;
   void UnparseForward(Writer& out) const override;
+  const Value* AsValue() const override { return this; }
+  Meanings Means() const override;
+  Expectation Expects(UseRole role) const override;
+  void Repair(const ConstantNames&) override;
+  void CheckLegality(const ConstantNames&) const override;
+
+  bool isAbstract() const { return abstract; }
+  /// The first interface that it supports itself and is not abstract; null for none.
+  const Interface* SupportedInterface() const;
 
  protected:
   void ResolveTypes(NodeList& deps) override;
@@ -58,11 +72,15 @@ class Value : public OrderedScope {
   /// Both enter each supertype once and report those that have no node.
   void CollectGeneralizations();
   void CollectSupports();
+  void BringForward(UseRole role, bool (*isConcrete)(const Use&));
+  void CheckBases() const;
+  void CheckSupports() const;
   void UnparseBases(Writer& out) const;
 
   bool custom = false;
   bool abstract = false;
-  std::string_view kindWord = "value";  // written before "type"
+  std::string_view kindWord = "value";     // written before "type"
+  std::string_view forwardWord = "value";  // the same in its forward declaration
 };
 
 /// The members of interfaces and homes.

@@ -1,10 +1,14 @@
 #include "tree/members.h"
 
+#include <algorithm>
 #include <list>
 #include <utility>
 
 #include "options/options.h"
 #include "types/elements.h"
+#include "types/identifier.h"
+#include "types/one_line.h"
+#include "types/text.h"
 
 namespace mdktoidl {
 
@@ -36,15 +40,23 @@ void Attribute::Unparse(Writer& out) const {
   UnparseComment(Entity(), out);
   newline(out);
   if (isReadOnly()) out << "readonly ";
-  out << "attribute " << type << ' ' << Name() << type.DeclaratorSuffix() << ';';
+  out << "attribute " << type << ' ' << Written() << type.DeclaratorSuffix() << ';';
 }
 
-// The declarator suffix is deliberately not written here, unlike for attributes and fields: files
-// in use lack it, and an array's size is left to a typedef.
+void State::Repair(const ConstantNames&) {
+  if (type.DeclaratorSuffix().empty()) return;
+  showsSize = true;
+  Report(Message::stateSizeAdded, {ScopedName("::"), type.DeclaratorSuffix()});
+}
+
+// The plain form deliberately lacks the declarator suffix, unlike those of attributes and fields:
+// files in use do.
 void State::Unparse(Writer& out) const {
   UnparseComment(Entity(), out);
   newline(out);
-  out << (isPublic(Entity()) ? "public " : "private ") << type << ' ' << Name() << ';';
+  out << (isPublic(Entity()) ? "public " : "private ") << type << ' ' << Written();
+  if (showsSize) out << type.DeclaratorSuffix();
+  out << ';';
 }
 
 Operation::Operation(mdk::IMdeEntity* element, Container* parent)
@@ -97,6 +109,7 @@ void Operation::ResolveTypes(NodeList& deps) {
 
 void Operation::PlaceUses() {
   for (Use& use : uses) use.isBeforeName = use.role != UseRole::raises;
+  ResolveContext();
 }
 
 bool Operation::writesResult() const {
@@ -147,7 +160,7 @@ void Operation::Unparse(Writer& out) const {
   UnparseComment(Entity(), out);
   newline(out);
   UnparsePrefix(out);
-  out << Name() << '(';
+  out << Written() << '(';
   UnparseParameters(out);
   out << ')';
   if (uses.Has(UseRole::raises)) {
@@ -183,15 +196,64 @@ void Operation::UnparseParameters(Writer& out) const {
   }
 }
 
-void Operation::UnparseContext(Writer& out) const {
-  mdk::IMdeEntity* context = Entity()->EvalExpression(tags::context.Expression(), 0);
-  if (context == nullptr || !context->IsKindOf(metaclasses::listExpression)) return;
-  const std::list<mdk::IMdeEntity*> expressions = Elements(context, properties::expression);
+void Operation::ResolveContext() {
+  mdk::IMdeEntity* list = Entity()->EvalExpression(tags::context.Expression(), 0);
+  if (list == nullptr || !list->IsKindOf(metaclasses::listExpression)) return;
+  const std::list<mdk::IMdeEntity*> expressions = Elements(list, properties::expression);
   if (expressions.empty()) return;
+  context = std::make_unique<ContextStrings>();
+  for (mdk::IMdeEntity* each : expressions) {
+    context->push_back(each->GetValue(properties::value, 0));
+  }
+}
+
+namespace {
+
+// Letters, digits, underscores and points, behind a letter, and maybe an asterisk at the end.
+bool isContextName(std::string_view text) {
+  if (text.ends_with('*')) text.remove_suffix(1);
+  std::string name(text);
+  std::ranges::replace(name, '.', '_');
+  return !text.starts_with('_') && IsIdentifier(name);
+}
+
+bool isContextString(std::string_view text) {
+  text = TrimEndOfString(text);
+  return text.size() > 2 && text.front() == '"' && text.back() == '"' &&
+         isContextName(text.substr(1, text.size() - 2));
+}
+
+}  // namespace
+
+void Operation::Repair(const ConstantNames&) {
+  if (context == nullptr) return;
+  const ContextStrings given = *context;
+  std::erase_if(*context, [](const std::string& text) { return TrimEndOfString(text).empty(); });
+  for (std::string& text : *context) {
+    if (isContextName(text)) text = '"' + text + '"';
+  }
+  if (*context != given) Report(Message::contextRepaired);
+  if (context->empty()) context = nullptr;
+}
+
+void Operation::CheckLegality(const ConstantNames&) const {
+  if (isFinder() && Enclosing()->AsValue() != nullptr) {
+    Report(Message::finderInValue, {ScopedName("::"), Enclosing()->Described()});
+  }
+  if (context == nullptr) return;
+  for (const std::string& text : *context) {
+    if (!isContextString(text)) {
+      Report(Message::contextIllegal, {ScopedName("::"), OneLine(text)});
+    }
+  }
+}
+
+void Operation::UnparseContext(Writer& out) const {
+  if (context == nullptr) return;
   out << " context (";
   std::string_view separator;
-  for (mdk::IMdeEntity* each : expressions) {
-    out << separator << each->GetValue(properties::value, 0);
+  for (const std::string& each : *context) {
+    out << separator << each;
     separator = ", ";
   }
   out << ')';
@@ -235,6 +297,10 @@ bool Parameter::isDeclared() const {
   return static_cast<const Operation&>(*Scope()).Result() != this;
 }
 
+void Parameter::CheckLegality(const ConstantNames&) const {
+  if (isDeclared() && Keyword().empty()) Report(Message::parameterLacksDirection);
+}
+
 void Parameter::CheckDirection() const {
   const auto& operation = static_cast<const Operation&>(*Scope());
   if (direction != Direction::in && operation.isOneway()) {
@@ -255,7 +321,7 @@ void Parameter::ReportResult(const TypeReference& reference) const {
 }
 
 void Parameter::Unparse(Writer& out) const {
-  out << Keyword() << type << ' ' << Name() << type.DeclaratorSuffix();
+  out << Keyword() << type << ' ' << Written() << type.DeclaratorSuffix();
 }
 
 }  // namespace mdktoidl

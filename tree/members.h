@@ -3,8 +3,11 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "tree/container.h"
 
@@ -41,6 +44,9 @@ class State : public Attribute {
  public:
   using Attribute::Attribute;
 
+  Meanings Means() const override { return meanings::state; }
+  void Repair(const ConstantNames&) override;
+
   static constexpr Construct kind{"state member", ScopeKind::none, Inheritance::inherited,
                                   Forward::no,    Language::idl,   22};
   const Construct& Kind() const override { return kind; }
@@ -49,6 +55,9 @@ class State : public Attribute {
 
  protected:
   void ResolveTypes(NodeList& deps) override;
+
+ private:
+  bool showsSize = false;  // of an array, behind the name
 };
 
 class Parameter;
@@ -66,6 +75,9 @@ class Operation : public Container {
                                          Forward::no, Language::idl,   19};
   const Construct& Kind() const override { return finder || factory ? creatorKind : kind; }
   void Unparse(Writer& out) const override;
+  Meanings Means() const override { return factory || finder ? meanings::factory : Meanings(); }
+  void Repair(const ConstantNames&) override;
+  void CheckLegality(const ConstantNames&) const override;
   const WrittenType* TypeToName() const override { return writesResult() ? &type : nullptr; }
   void NameType(Node& definition) override;
 
@@ -92,10 +104,14 @@ class Operation : public Container {
   void ResolveResult(TypeReference& result) const;
   void UnparsePrefix(Writer& out) const;
   void UnparseParameters(Writer& out) const;
+  void ResolveContext();
   void UnparseContext(Writer& out) const;
 
+  using ContextStrings = std::vector<std::string>;
+
   const Parameter* returnParameter = nullptr;
-  WrittenType type;  // of the result
+  WrittenType type;                         // of the result
+  std::unique_ptr<ContextStrings> context;  // as they are written; null for none, which is usual
   bool finder;
   bool factory;
   mutable std::optional<bool> oneway;  // asked of the model at the first question
@@ -112,6 +128,8 @@ class Parameter : public Node {
   /// The operation writes the type of its result in place of the parameter.
   bool isDeclared() const override;
   void Unparse(Writer& out) const override;
+  bool writesComments() const override { return false; }
+  void CheckLegality(const ConstantNames&) const override;
   const WrittenType* TypeToName() const override { return &type; }
   void NameType(Node& definition) override { WriteTypeAs(definition, type); }
 

@@ -11,6 +11,7 @@
 #include "tree/homes.h"
 #include "tree/interfaces.h"
 #include "tree/node_registry.h"
+#include "tree/openings.h"
 #include "tree/type_definitions.h"
 #include "tree/unions.h"
 #include "types/elements.h"
@@ -58,9 +59,8 @@ void WriteInclude(std::string_view fileName, Writer& out) {
   out << "#include \"" << fileName << '"';
 }
 
-std::string FileName(const Node* fileNode) {
-  if (fileNode->isModule()) return static_cast<const Module*>(fileNode)->ScopedFileName();
-  return File::CreateFileName(options.FileName());
+void WriteIncludes(const std::vector<std::string>& files, Writer& out) {
+  for (const std::string& file : files) WriteInclude(file, out);
 }
 
 bool holdsOnlyModules(const Container::Children& children) {
@@ -70,6 +70,29 @@ bool holdsOnlyModules(const Container::Children& children) {
 }  // namespace
 
 Root* root = nullptr;
+
+// What is declared elsewhere, and used here before the includes lead to it, comes first.
+void FileScope::UnparseFrameBefore(Writer& out) const {
+  if (!isFramed()) {
+    for (const Node* file : Included()) {
+      WriteInclude(static_cast<const FileScope*>(file)->ScopedFileName(), out);
+    }
+    return;
+  }
+  WriteForwards(*root, frame_->forwards, out);
+  WriteIncludes(frame_->before, out);
+}
+
+void FileScope::UnparseFrameBehind(Writer& out) const {
+  if (isFramed()) WriteIncludes(frame_->behind, out);
+}
+
+/// Modules are left out when they have files of their own.
+void FileScope::UnparseChild(const Node& child, Writer& out) const {
+  if (options.Mapping() == ONE_FILE || !child.isModule()) child.Unparse(out);
+}
+
+std::string Root::ScopedFileName() const { return File::CreateFileName(options.FileName()); }
 
 bool Root::hasOwnFile() const {
   return options.Mapping() == ONE_FILE || !holdsOnlyModules(children);
@@ -97,28 +120,26 @@ void Root::MakeDirectories() const {
 }
 
 void Root::Unparse(Writer& out) const {
-  const bool oneFile = options.Mapping() == ONE_FILE;
-  if (hasOwnFile()) {
+  if (hasOwnFile() || isFramed()) {
     newline(out);
-    UnparseForwards(out);
-    for (const Node* child : sorted) {
-      if (oneFile || !child->isModule()) UnparseNode(*child, out);
-    }
+    UnparseFrameBefore(out);
+    UnparseMembers(out);
+    UnparseFrameBehind(out);
   }
-  if (oneFile) return;
+  if (options.Mapping() == ONE_FILE) return;
   for (const Node* child : sorted) {
     if (child->isModule()) child->Unparse(out);
   }
 }
 
-void Root::UnparseNode(const Node& node, Writer& out) const {
-  // Users' scripts know the stray "3" for a declaration outside all modules; it is deliberate.
-  if (options.Mapping() != ONE_FILE) Print("3");
-  node.Unparse(out);
+// Users' scripts know the stray "3" for a declaration outside all modules; it is deliberate.
+void Root::UnparseChild(const Node& child, Writer& out) const {
+  if (options.Mapping() != ONE_FILE && !child.isModule()) Print("3");
+  FileScope::UnparseChild(child, out);
 }
 
 Module::Module(mdk::IMdeEntity* element, Container* parent)
-    : OrderedScope(element, parent),
+    : FileScope(element, parent),
       depth(parent == nullptr ? 1 : static_cast<const Module*>(parent)->depth + 1) {
   if (depth > deepest) {
     throw IDLException({Message::moduleTooDeep, element, {std::string(Name())}});
@@ -129,6 +150,14 @@ Module::Module(mdk::IMdeEntity* element, Container* parent)
 }
 
 void Module::Init() { AdoptMembers(moduleMembers); }
+
+// Compilers refuse a module without declarations.
+bool Module::declaresNothing() const {
+  return std::ranges::all_of(children, [](const auto& child) {
+    if (!child->isModule()) return !child->isDeclared();
+    return static_cast<const Module&>(*child).declaresNothing();
+  });
+}
 
 void Module::ResolveTypes(NodeList& deps) {
   EvaluateAndSort(external);
@@ -163,41 +192,56 @@ const Node* Module::GetFileNode(const Node* node) {
 }
 
 void Module::Unparse(Writer& out) const {
-  if (options.Mapping() == ONE_FILE) return UnparseBlock(out);
+  if (options.Mapping() == ONE_FILE) {
+    if (!isLeftOut) UnparseBlock(out);
+    return;
+  }
   File::Close(out);
   if (!File::Open(ScopedFileName(), out)) return;
-  UnparsePackageRelationships(out);
-  if (!holdsOnlyModules(children)) {
+  UnparseFrameBefore(out);
+  if (!isLeftOut && !holdsOnlyModules(children)) {
     UnparseModuleScope(out);
     UnparseBlock(out);
     UnparseModuleScopeEnd(out);
   }
+  UnparseFrameBehind(out);
   for (const Node* child : sorted) {
     if (child->isModule()) child->Unparse(out);
   }
 }
 
 void Module::UnparseBlock(Writer& out) const {
-  UnparseHeading(out);
-  out << "module " << Name();
-  UnparseBody(out);
+  UnparseOpening(true, out);
+  UnparseMembers(out);
+  UnparseClosing(out);
 }
 
-void Module::UnparseMembers(Writer& out) const {
-  const bool oneFile = options.Mapping() == ONE_FILE;
-  UnparseForwards(out);
-  for (const Node* child : sorted) {
-    if (oneFile || !child->isModule()) child->Unparse(out);
-  }
+void Module::UnparseOpening(bool isFirst, Writer& out) const {
+  newline(out);
+  if (isFirst) UnparseComment(Entity(), out);
+  newline(out);
+  out << "module " << Written() << " {";
+  indent(out);
 }
 
-// The innermost enclosing module is opened first, so three levels come out in the wrong order; that
-// is deliberate, files in use are written so.
+void Module::UnparseClosing(Writer& out) const {
+  redent(out);
+  newline(out);
+  out << "};";
+}
+
+// In the plain form the innermost enclosing module is opened first, so three levels come out in the
+// wrong order; that is deliberate, files in use are written so.
 void Module::UnparseModuleScope(Writer& out) const {
   newline(out);
+  std::vector<const Definition*> around;
   for (const Definition* each = Scope(); each != nullptr; each = each->Scope()) {
+    around.push_back(each);
+  }
+  if (isFramed()) std::ranges::reverse(around);
+  for (const Definition* each : around) {
     newline(out);
-    out << "module " << each->Name() << " {";
+    out << "module " << each->Written() << " {";
     indent(out);
   }
 }
@@ -210,7 +254,7 @@ void Module::UnparseModuleScopeEnd(Writer& out) const {
   }
 }
 
-void Module::UnparsePackageRelationships(Writer& out) const {
+std::vector<const Node*> Module::Included() const {
   NodeList used = external;
   used.insert(used.end(), nested.begin(), nested.end());
   SortByCreation(used);
@@ -218,7 +262,6 @@ void Module::UnparsePackageRelationships(Writer& out) const {
   for (const Node* node : used) files.push_back(GetFileNode(node));
   std::ranges::sort(files, {}, &Node::Serial);
   files.erase(std::unique(files.begin(), files.end()), files.end());
-  for (const Node* file : files) WriteInclude(FileName(file), out);
   // A file that is imported, too, stands here once more for each import. That is deliberate: every
   // file guards itself against being included twice.
   for (mdk::IMdeEntity* dependency : Elements(Entity(), properties::clientDependency)) {
@@ -230,8 +273,9 @@ void Module::UnparsePackageRelationships(Writer& out) const {
     if (supplier == nullptr || !hasStereotype(supplier, stereotypes::corba)) continue;
     const Node* node = GetNodeRef(supplier);
     if (node == nullptr) continue;  // not part of this export, so it has no file to include
-    WriteInclude(FileName(node->isModule() ? node : GetFileNode(node)), out);
+    files.push_back(node->isModule() ? node : GetFileNode(node));
   }
+  return files;
 }
 
 std::string Include::ExtractFile() const {

@@ -1,27 +1,69 @@
 // The upper levels of the tree: its root, the modules, and the placeholders beside them.
 #pragma once
 
+#include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "tree/container.h"
 #include "tree/node_registry.h"
 
 namespace mdktoidl {
 
-/// The tree of one run: the declarations that the exported artifact names.
-class Root : public OrderedScope {
+/// What a file has besides its own declarations, where each module has one.
+struct FileFrame {
+  NodeList forwards;                ///< declarations of other files, declared before the includes
+  std::vector<std::string> before;  ///< the files that are included before the declarations
+  std::vector<std::string> behind;  ///< and behind them
+};
+
+/// A scope that may have a file of its own: the root and the modules.
+class FileScope : public OrderedScope {
  public:
-  explicit Root(mdk::IMdeEntity* artifact) : OrderedScope(artifact, nullptr) {}
+  /// The path of that file, relative to the root directory; empty for a module when everything goes
+  /// into one file.
+  virtual std::string ScopedFileName() const = 0;
+  /// Whose files are included in the plain form, in the order written; some more than once.
+  virtual std::vector<const Node*> Included() const = 0;
+  /// Gives the file another frame than that of the plain form.
+  void SetFrame(FileFrame frame) { frame_ = std::make_unique<FileFrame>(std::move(frame)); }
+  /// That; null for that of the plain form.
+  const FileFrame* Frame() const { return frame_.get(); }
+
+ protected:
+  using OrderedScope::OrderedScope;
+
+  /// Whether its frame is not that of the plain form.
+  bool isFramed() const { return frame_ != nullptr; }
+  void UnparseFrameBefore(Writer& out) const;
+  void UnparseFrameBehind(Writer& out) const;
+  void UnparseChild(const Node& child, Writer& out) const override;
+
+ private:
+  std::unique_ptr<FileFrame> frame_;
+};
+
+/// The tree of one run: the declarations that the exported artifact names.
+class Root : public FileScope {
+ public:
+  explicit Root(mdk::IMdeEntity* artifact) : FileScope(artifact, nullptr) {}
 
   static constexpr Construct kind{"artifact",  ScopeKind::open, Inheritance::none,
                                   Forward::no, Language::idl,   27};
   const Construct& Kind() const override { return kind; }
   bool isDeclared() const override { return false; }
+  bool writesComments() const override { return false; }
 
   /// Appends a declaration; the root owns it from then on.
   void AddNode(std::unique_ptr<Node> node) { Adopt(std::move(node)); }
 
-  /// Whether the main file holds more than its head and foot: includes or declarations.
+  std::string ScopedFileName() const override;
+  /// None: the plain form's main file leaves it to others what else to read.
+  std::vector<const Node*> Included() const override { return {}; }
+
+  /// Whether the main file holds more than its head, its foot and includes of modules'
+  /// files.
   bool hasOwnFile() const;
 
   /// Numbers all nodes in the order in which they stand in the tree, after some were put into it.
@@ -44,18 +86,16 @@ class Root : public OrderedScope {
   /// identifiers, or keywords.
   const std::vector<std::uint32_t>& NameHashes() const { return nodeRegistry.NameHashes(); }
   const std::vector<std::uint32_t>& DoubtfulNames() const { return nodeRegistry.DoubtfulNames(); }
-  /// The record of what they use, in the order entered.
-  const std::deque<Use>& AllUses() const { return nodeRegistry.AllUses(); }
 
  private:
-  void UnparseNode(const Node& node, Writer& out) const;
+  void UnparseChild(const Node& child, Writer& out) const override;
 };
 
 /// The tree of the current run; null between runs.
 extern Root* root;
 
 /// An IDL module: a package of the model, with the file that it may have of its own.
-class Module : public OrderedScope {
+class Module : public FileScope {
  public:
   /// A module inside `parent`, another module; at the top of the tree when that is null. Throws
   /// `IDLException` when modules are nested more than 256 deep.
@@ -66,10 +106,13 @@ class Module : public OrderedScope {
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
   bool isModule() const override { return true; }
+  bool isDeclared() const override { return !isLeftOut; }
+  void UnparseOpening(bool isFirst, Writer& out) const override;
+  void UnparseClosing(Writer& out) const override;
+  void Repair(const ConstantNames&) override { isLeftOut = declaresNothing(); }
 
-  /// The path of the file that the module has of its own, relative to the root directory; empty
-  /// when everything goes into one file.
-  std::string ScopedFileName() const;
+  std::string ScopedFileName() const override;
+  std::vector<const Node*> Included() const override;
 
   /// The node whose file holds `node`: the innermost module around it, or else the root.
   static const Node* GetFileNode(const Node* node);
@@ -80,16 +123,15 @@ class Module : public OrderedScope {
  private:
   void ObserveReferences(const Node& child, const NodeList& references) override;
   void Init();
+  bool declaresNothing() const;
   void UnparseBlock(Writer& out) const;
-  /// Modules inside this one are left out when they have files of their own.
-  void UnparseMembers(Writer& out) const override;
   void UnparseModuleScope(Writer& out) const;
   void UnparseModuleScopeEnd(Writer& out) const;
-  void UnparsePackageRelationships(Writer& out) const;
 
-  int depth;          // 1 at the top of the tree
-  NodeList external;  // what the contents use outside this module
-  NodeList nested;    // what the contents of this module's own file use in modules inside it
+  bool isLeftOut = false;  // since it declares nothing; a file that it has of its own stays
+  int depth;               // 1 at the top of the tree
+  NodeList external;       // what the contents use outside this module
+  NodeList nested;         // what the contents of this module's own file use in modules inside it
 };
 
 /// An include of an IDL file that is not part of the export.
@@ -102,6 +144,7 @@ class Include : public Node {
                                   Forward::no, Language::idl,   26};
   const Construct& Kind() const override { return kind; }
   bool isDeclared() const override { return false; }
+  bool writesComments() const override { return false; }
   void Unparse(Writer& out) const override;
 
  protected:
@@ -123,6 +166,7 @@ class Artifact : public Node {
                                   Forward::no, Language::idl,   27};
   const Construct& Kind() const override { return kind; }
   bool isDeclared() const override { return false; }
+  bool writesComments() const override { return false; }
   void Unparse(Writer&) const override {}
 
  protected:

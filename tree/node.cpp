@@ -8,6 +8,8 @@
 #include "output/comment.h"
 #include "tree/container.h"
 #include "tree/node_registry.h"
+#include "types/one_line.h"
+#include "types/text.h"
 
 namespace mdktoidl {
 
@@ -21,7 +23,7 @@ Definition::Definition(mdk::IMdeEntity* element, std::string_view given,
     : scope(enclosing), entity(element) {
   const std::string_view stored = nodeRegistry.Store(given);
   name = stored.data();
-  nameSize = static_cast<std::uint32_t>(stored.size());
+  nameSize = static_cast<std::uint32_t>(stored.size()) & 0x7FFFFFFF;
 }
 
 void Definition::BuildScopedName(std::string& result, std::string_view separator) const {
@@ -97,11 +99,15 @@ Node* Node::GetNodeRef(mdk::IMdeEntity* element) {
 
 void Node::UnparseForward(Writer&) const {}
 
+const Use* Node::NamedType() const {
+  const WrittenType* defined = DefinedType();
+  const bool isName = defined != nullptr && defined->DeclaratorSuffix().empty();
+  return isName ? defined->Named() : nullptr;
+}
+
 const WrittenType* Node::TypeToName() const { return nullptr; }
 
 void Node::NameType(Node&) {}
-
-const WrittenType* Node::DefinedType() const { return nullptr; }
 
 void Node::Number(NodeList& order) {
   serial = lastSerial = static_cast<std::uint32_t>(order.size());
@@ -120,7 +126,42 @@ void Node::EvaluateTypes(NodeList& deps) {
 void Node::Report(Message message) const { Report(message, {ScopedName("::")}); }
 
 void Node::Report(Message message, std::initializer_list<std::string_view> pieces) const {
-  mdktoidl::Report(message, Entity(), pieces);
+  mdktoidl::Report(message, Blamed(), pieces);
+}
+
+void Node::Report(Message message, std::initializer_list<std::string_view> pieces,
+                  const Node& other, std::string_view there) const {
+  Diagnostic diagnostic{message, Blamed(), {pieces.begin(), pieces.end()}, {}};
+  if (other.Blamed() != nullptr) {
+    diagnostic.related.push_back({other.Blamed(), std::string(there)});
+  }
+  mdktoidl::Report(std::move(diagnostic));
+}
+
+std::string Node::Described() const {
+  return std::string(Kind().word) + ' ' + OneLine(ScopedName("::"));
+}
+
+// Whose places want something else says so itself.
+Expectation Node::Expects(UseRole role) const {
+  switch (role) {
+    case UseRole::type:
+    case UseRole::element:
+      return {meanings::type, "type"};
+    case UseRole::supports:
+      return {meanings::interface, "interface"};
+    case UseRole::raises:
+      return {meanings::exception, "exception"};
+    case UseRole::manages:
+    case UseRole::implements:
+      return {meanings::component, "component"};
+    case UseRole::primaryKey:
+      return {meanings::value | meanings::event, "value type"};
+    case UseRole::provides:
+      return {meanings::facet, "facet"};
+    default:
+      return {};
+  }
 }
 
 void Node::ResolveType(mdk::IMdeEntity* typed, const TypeDiagnostics& diagnostics,
@@ -163,7 +204,45 @@ void Node::ReportType(const TypeReference& reference, const TypeDiagnostics& dia
   }
 }
 
+namespace {
+
+/// The numbers in a text, as they are written there.
+std::vector<std::string> NumbersIn(std::string_view text) {
+  std::vector<std::string> numbers;
+  constexpr std::string_view separators = "<>[], ";
+  while (!text.empty()) {
+    const std::string_view word = text.substr(0, text.find_first_of(separators));
+    if (IntegerLiteral(std::string(word))) numbers.emplace_back(word);
+    text.remove_prefix(std::min(word.size() + 1, text.size()));
+  }
+  return numbers;
+}
+
+constexpr long greatestSize = 0xFFFFFFFFL;
+
+}  // namespace
+
+void Node::CheckSizes(const TypeReference& reference) const {
+  if (reference.predefined == "native") Report(Message::typeIsNative, {Described()});
+  if (!reference.isAnonymous) return;
+  std::string sizes = reference.bounded + ' ' + reference.declaratorSuffix;
+  for (const SequenceLevel& level : reference.sequences) sizes += ' ' + level.bound;
+  const std::vector<std::string> numbers = NumbersIn(sizes);
+  for (const std::string& number : numbers) {
+    if (IntegerLiteral(number) > greatestSize) {
+      Report(Message::boundTooLarge, {Described(), number});
+    }
+  }
+  if (!reference.bounded.starts_with("fixed")) return;
+  constexpr long mostDigits = 31;
+  const auto digits = IntegerLiteral(numbers[0]);
+  if (digits > mostDigits || IntegerLiteral(numbers[1]) > digits) {
+    Report(Message::fixedHasWrongDigits, {Described(), reference.bounded});
+  }
+}
+
 void Node::UseType(TypeReference&& reference, WrittenType& type, UseRole role) {
+  CheckSizes(reference);
   const Use* boundUse = nullptr;
   Node* bound =
       reference.multiplicity.hasConstant ? GetNodeRef(reference.multiplicity.constant) : nullptr;
@@ -176,7 +255,9 @@ void Node::UseType(TypeReference&& reference, WrittenType& type, UseRole role) {
   const Use* named = nullptr;
   Node* node = reference.kind == unknownType ? nullptr : GetNodeRef(reference.definition);
   if (node != nullptr && reference.isAnonymous) {
-    named = &AddUse(*node, UseRole::element, SpellingInTemplate(*node));
+    Use& use = AddUse(*node, UseRole::element, SpellingInTemplate(*node));
+    use.isInSequence = !reference.sequences.empty();
+    named = &use;
   } else if (node != nullptr) {
     Use& use = AddUse(*node, role);
     Rename(use, reference.name);

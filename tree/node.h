@@ -19,14 +19,19 @@
 #include "output/layout.h"
 #include "tree/construct.h"
 #include "tree/definition.h"
+#include "tree/meaning.h"
 #include "tree/use.h"
 #include "tree/written_type.h"
 #include "types/type_reference.h"
 
 namespace mdktoidl {
 
+class Constant;
+class ConstantNames;
 class Container;
 class Enumeration;
+class Interface;
+class Value;
 class OrderedScope;
 
 /// Borrowed nodes. Kept sorted by creation where a list serves as a set.
@@ -36,6 +41,8 @@ using NodeList = std::vector<Node*>;
 struct Alias {
   const Node* declaration = nullptr;  ///< null for a predefined type, and for a template
   std::string primitive;              ///< the predefined type; empty for anything else
+  /// The type definition that names a template; null for anything else.
+  const Node* definition = nullptr;
 };
 
 class Node : public Definition {
@@ -58,8 +65,6 @@ class Node : public Definition {
   /// Whether it is part of the IDL, as far as that is known. What is not is told of nevertheless,
   /// and may be used by others.
   virtual bool isDeclared() const { return true; }
-  /// The name that is written for it, nearly always the model's.
-  virtual std::string_view WrittenName() const { return Name(); }
 
   /// Whether this is a constant, which may bound a sequence.
   virtual bool declaresConstant() const { return false; }
@@ -68,13 +73,21 @@ class Node : public Definition {
   virtual std::optional<Alias> AliasOf() const { return std::nullopt; }
   /// Shortens the way for the next question: what `AliasOf` leads to in the end.
   virtual void RememberAlias(const Alias&) const {}
+  /// The use of what this is another name of, or a name for sequences of; null for all else, arrays
+  /// included. Known when types are evaluated.
+  const Use* NamedType() const;
+  /// The scope that this is, of those that order their declarations; null for anything else.
+  virtual OrderedScope* AsOrderedScope() { return nullptr; }
+  const OrderedScope* AsOrderedScope() const { return const_cast<Node*>(this)->AsOrderedScope(); }
   /// The enumeration that this is; null for anything else.
   virtual const Enumeration* AsEnumeration() const { return nullptr; }
   virtual bool isEnumerator() const { return false; }
-  /// The scope that orders its declarations that this is; null for anything else.
-  virtual OrderedScope* AsOrderedScope() { return nullptr; }
-  /// The type that this gives another name; null for all but type definitions.
-  virtual const WrittenType* DefinedType() const;
+  /// The constant, the interface, the value or event type that this is; null for anything else.
+  virtual const Constant* AsConstant() const { return nullptr; }
+  virtual const Interface* AsInterface() const { return nullptr; }
+  virtual const Value* AsValue() const { return nullptr; }
+  /// The type that this is a name for, be it a sequence's; null for all but type definitions.
+  virtual const WrittenType* DefinedType() const { return nullptr; }
   /// Its type, where IDL takes no templates without a name; null where it takes them, and for what
   /// has no type.
   virtual const WrittenType* TypeToName() const;
@@ -83,13 +96,40 @@ class Node : public Definition {
   virtual void NameType(Node& definition);
   /// Whether this is a module; it may have a file of its own.
   virtual bool isModule() const { return false; }
+  /// Writes what begins and ends an opening of a module; nothing for anything else.
+  virtual void UnparseOpening(bool, Writer&) const {}
+  virtual void UnparseClosing(Writer&) const {}
   /// Whether this is a scope that orders its declarations, and one of that name stands in it, which
   /// hides declarations of the same name around it.
   virtual bool declares(std::string_view name) const;
 
+  /// What a name that means it may stand for.
+  virtual Meanings Means() const { return 0; }
+  /// What a name that it writes in a role has to stand for.
+  virtual Expectation Expects(UseRole role) const;
+  /// The type that this is another name of; null for what is none. Known once it is evaluated.
+  virtual const WrittenType* Denotes() const { return nullptr; }
+  /// The type that this gives its own type to, as a field does to its struct; null for none.
+  virtual const Node* TypeThatHoldsMine() const { return nullptr; }
+  /// Whether the element's comments are written before it.
+  virtual bool writesComments() const { return true; }
+
+  /// Makes legal what compilers would refuse, where that can be done in the declaration itself, and
+  /// tells of it. Not called where the plain form is wanted.
+  virtual void Repair(const ConstantNames&) {}
+  /// Reports what no compiler takes, and nothing can be written for.
+  virtual void CheckLegality(const ConstantNames&) const {}
+
+  /// The element that diagnostics about it are about: its own, where it has one.
+  virtual mdk::IMdeEntity* Blamed() const { return Entity(); }
   /// Reports for this declaration. The only piece is its scoped name, unless others are given.
   void Report(Message message) const;
   void Report(Message message, std::initializer_list<std::string_view> pieces) const;
+  /// The same about another declaration as well; `there` says what is to be seen there.
+  void Report(Message message, std::initializer_list<std::string_view> pieces, const Node& other,
+              std::string_view there) const;
+  /// The word for it with its scoped name: "struct M::S".
+  std::string Described() const;
 
   /// The node that was built in this run for `element`; null when there is none, and for null.
   static Node* GetNodeRef(mdk::IMdeEntity* element);
@@ -98,6 +138,7 @@ class Node : public Definition {
   const Node* Enclosing() const { return static_cast<const Node*>(Scope()); }
   /// What it uses by name. Empty until it is evaluated.
   const Uses& Used() const { return uses; }
+  Uses& Used() { return uses; }
   /// The place in the order of creation, from 0. What is inside it has places behind its own, up to
   /// its `LastSerial`.
   std::uint32_t Serial() const { return serial; }
@@ -109,7 +150,7 @@ class Node : public Definition {
  protected:
   /// A node inside `parent`, or at the top of the tree when that is null.
   Node(mdk::IMdeEntity* element, Container* parent);
-  /// The same for what the model doesn't hold: it was made for that element.
+  /// The same by another name than the element's, which may be null: the model doesn't hold it.
   Node(mdk::IMdeEntity* element, std::string_view name, Container* parent);
 
   /// Lets `GetNodeRef` find this node by its element.
@@ -129,6 +170,7 @@ class Node : public Definition {
   void ReportMultiplicity(const Multiplicity& multiplicity, std::string_view word) const;
   void ReportArray(const TypeReference& reference, std::string_view word) const;
   void ReportType(const TypeReference& reference, const TypeDiagnostics& diagnostics) const;
+  void CheckSizes(const TypeReference& reference) const;
   void UseType(TypeReference&& reference, WrittenType& type, UseRole role = UseRole::type);
   /// Replaces what the type uses by a declaration that means the same.
   void WriteTypeAs(Node& definition, WrittenType& type);

@@ -71,7 +71,7 @@ std::uint32_t NodeRegistry::Enter(Node* node, std::string_view name) {
 
 void NodeRegistry::Rename(std::uint32_t serial, std::string_view name) {
   nameHashes_[serial] = HashOfName(name);
-  if (!IsIdentifier(name) || MayBeKeyword(name, nameHashes_[serial])) {
+  if (!IsIdentifier(name) || IsEscaped(name) || MayBeKeyword(name, nameHashes_[serial])) {
     doubtfulNames_.push_back(serial);
   }
 }

@@ -68,8 +68,6 @@ class NodeRegistry {
 
   /// A new entry in the record of uses, all of it zero.
   Use& MakeUse() { return uses_.emplace_back(); }
-  /// All uses, in the order entered.
-  const std::deque<Use>& AllUses() const { return uses_; }
 
   /// Lets a node be found by its element. Of several nodes of one element the last counts.
   void Register(const mdk::IMdeEntity* element, std::uint32_t serial);

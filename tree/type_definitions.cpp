@@ -60,13 +60,14 @@ std::optional<Alias> Typedef::AliasOf() const {
       attribute == nullptr ? general : attribute->GetEntity(properties::type, 0);
   const std::string primitive = PrimitiveToString(base);
   if (!primitive.empty()) return Alias{nullptr, primitive};
-  return Alias{GetNodeRef(base), {}};
+  Node* node = GetNodeRef(base);
+  return Alias{node, {}, node == nullptr ? this : nullptr};
 }
 
 void Typedef::Unparse(Writer& out) const {
   UnparseComment(Entity(), out);
   newline(out);
-  out << "typedef " << type << ' ' << Name() << type.DeclaratorSuffix() << ';';
+  out << "typedef " << type << ' ' << Written() << type.DeclaratorSuffix() << ';';
 }
 
 Sequence::Sequence(mdk::IMdeEntity* element, Container* parent) : Node(element, parent) {
@@ -87,12 +88,34 @@ void Sequence::ResolveTypes(NodeList&) {
     Report(isArray ? Message::sequenceTypeIsArray : Message::sequenceTypeAnonymous);
   }
   type.WrapInSequence();
+  for (Use& use : uses) use.isInSequence = use.role == UseRole::element && !isArray;
 }
 
 void Sequence::Unparse(Writer& out) const {
   UnparseComment(Entity(), out);
   newline(out);
-  out << "typedef " << type << ' ' << Name() << ';';
+  out << "typedef " << type << ' ' << Written() << ';';
+}
+
+AddedTypedef::AddedTypedef(std::string_view name, Container* parent, const Node& user,
+                           const WrittenType& its)
+    : Node(nullptr, name, parent), blamed(user.Blamed()) {
+  const Use* named = nullptr;
+  const Use* bound = nullptr;
+  if (Node* node = its.BoundConstant()) {
+    bound = &AddUse(*node, UseRole::bound, SpellingInTemplate(*node));
+  }
+  if (Node* node = its.Definition()) {
+    Use& use = AddUse(*node, UseRole::element, SpellingInTemplate(*node));
+    use.isInSequence = !its.Sequences().empty();
+    named = &use;
+  }
+  type.CopyFrom(its, named, bound);
+}
+
+void AddedTypedef::Unparse(Writer& out) const {
+  newline(out);
+  out << "typedef " << type << ' ' << Written() << type.DeclaratorSuffix() << ';';
 }
 
 BoxedValue::BoxedValue(mdk::IMdeEntity* element, Container* parent) : Node(element, parent) {
@@ -111,10 +134,26 @@ void BoxedValue::ResolveTypes(NodeList&) {
   if (!type.DeclaratorSuffix().empty()) Report(Message::boxedValueTypeIsArray);
 }
 
+void BoxedValue::CheckLegality(const ConstantNames&) const {
+  const BaseType base = BaseOf(type);
+  const bool isOfValue =
+      base.declaration != nullptr &&
+      (base.declaration->Means() & (meanings::value | meanings::event | meanings::boxed)) != 0;
+  if (isOfValue) {
+    Report(Message::boxedValueOfValue, {ScopedName("::"), base.declaration->Described()},
+           *base.declaration, "declared here");
+  }
+  const Node* around = Enclosing();
+  if (around != nullptr && !around->isModule()) {
+    Report(Message::boxedValueNotInModule, {ScopedName("::"), around->Described()}, *around,
+           "it stands in this");
+  }
+}
+
 void BoxedValue::Unparse(Writer& out) const {
   UnparseComment(Entity(), out);
   newline(out);
-  out << "valuetype " << Name() << ' ' << type << ';';
+  out << "valuetype " << Written() << ' ' << type << ';';
 }
 
 // Every definition on the way remembers the end, so that many users of a long chain of definitions
@@ -130,6 +169,20 @@ Alias Unaliased(const Node& node) {
   }
   for (const Node* definition : passed) definition->RememberAlias(current);
   return current;
+}
+
+std::string BaseType::Text() const {
+  if (declaration != nullptr) return declaration->Described();
+  return isMadeOfElements ? "a sequence or an array" : predefined;
+}
+
+BaseType BaseOf(const WrittenType& type) {
+  if (type.isMadeOfElements()) return {nullptr, {}, true};
+  if (type.Definition() == nullptr) return {nullptr, std::string(type.Predefined()), false};
+  const Alias end = Unaliased(*type.Definition());
+  const WrittenType* named = end.definition == nullptr ? nullptr : end.definition->Denotes();
+  if (named == nullptr) return {end.declaration, end.primitive, false};
+  return {nullptr, std::string(named->Predefined()), named->isMadeOfElements()};
 }
 
 }  // namespace mdktoidl

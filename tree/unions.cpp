@@ -1,12 +1,18 @@
 #include "tree/unions.h"
 
 #include <array>
+#include <map>
+#include <optional>
+#include <tuple>
 #include <utility>
 
+#include "tree/constant_names.h"
 #include "tree/data_types.h"
 #include "tree/type_definitions.h"
 #include "types/elements.h"
 #include "types/identifier.h"
+#include "types/literal.h"
+#include "types/one_line.h"
 #include "types/text.h"
 
 namespace mdktoidl {
@@ -149,15 +155,107 @@ Alias Union::ResolveDiscriminator() {
   return resolved;
 }
 
+void Union::Repair(const ConstantNames& constants) {
+  const BaseType base = BaseOf(type);
+  if (!base.isKnown()) return;
+  for (const auto& child : children) static_cast<Case&>(*child).RepairLabels(base, constants);
+}
+
+namespace {
+
+/// What two labels can't both be: an enumerator, or a literal's sign and value.
+using LabelValue = std::tuple<const Node*, bool, std::uint64_t>;
+
+/// Checks the labels of one union, case by case.
+class LabelChecks {
+ public:
+  LabelChecks(const BaseType& type, const ConstantNames& constants)
+      : type_(type), constants_(constants) {}
+
+  void Check(const Case& next) {
+    for (const Case::Label& label : next.Labels()) CheckLabel(label, next);
+    if (!next.isDefault()) return;
+    if (default_ != nullptr) {
+      next.Report(Message::caseDefaultTwice, {next.ScopedName("::"), default_->Described()},
+                  *default_, "the other one");
+    } else {
+      default_ = &next;
+    }
+  }
+
+  /// When all cases have been seen.
+  void CheckDefault() const {
+    const Enumeration* enumeration =
+        type_.declaration == nullptr ? nullptr : type_.declaration->AsEnumeration();
+    const std::size_t count = enumeration == nullptr ? 2 : enumeration->Literals().size();
+    const bool isSmall = enumeration != nullptr || type_.predefined == "boolean";
+    if (default_ == nullptr || !isSmall || taken_.size() < count) return;
+    default_->Report(Message::caseDefaultImpossible, {default_->ScopedName("::"), type_.Text()});
+  }
+
+ private:
+  void CheckLabel(const Case::Label& label, const Case& labelled) {
+    const Node* named =
+        label.named == nullptr ? constants_.Find(labelled, label.literal) : label.named->used;
+    const std::string text = named == nullptr ? OneLine(label.literal) : named->Described();
+    const auto value = named == nullptr ? ValueOfLiteral(label.literal) : ValueOfNamed(*named);
+    if (!value) {
+      if (named != nullptr || !constants_.mayBeIncluded(label.literal)) {
+        labelled.Report(Message::caseLabelUnfit, {labelled.ScopedName("::"), text, type_.Text()});
+      }
+      return;
+    }
+    const auto [first, isNew] = taken_.try_emplace(*value, &labelled);
+    if (isNew) return;
+    labelled.Report(Message::caseLabelTwice,
+                    {labelled.ScopedName("::"), text, first->second->Described()}, *first->second,
+                    "the first to have it");
+  }
+
+  std::optional<LabelValue> ValueOfLiteral(std::string_view text) const {
+    return ValueOf(ReadLiteral(text));
+  }
+
+  std::optional<LabelValue> ValueOf(const Literal& literal) const {
+    if (!isValueOf(literal, type_.predefined)) return std::nullopt;
+    return LabelValue(nullptr, literal.isNegative && literal.number != 0, literal.number);
+  }
+
+  std::optional<LabelValue> ValueOfNamed(const Node& named) const {
+    const Constant* constant = named.AsConstant();
+    if (type_.declaration == nullptr) {
+      return constant == nullptr ? std::nullopt : ValueOf(constant->Value());
+    }
+    const Node* enumerator = constant == nullptr ? &named : constant->ValueAsEnumerator();
+    if (enumerator == nullptr || enumerator->Enclosing() != type_.declaration) return std::nullopt;
+    return LabelValue(enumerator, false, 0);
+  }
+
+  const BaseType& type_;
+  const ConstantNames& constants_;
+  const Case* default_ = nullptr;
+  std::map<LabelValue, const Case*> taken_;
+};
+
+}  // namespace
+
+void Union::CheckLegality(const ConstantNames& constants) const {
+  const BaseType base = BaseOf(type);
+  if (!base.isKnown() || !isDiscriminating({base.declaration, base.predefined})) return;
+  LabelChecks checks(base, constants);
+  for (const auto& child : children) checks.Check(static_cast<const Case&>(*child));
+  checks.CheckDefault();
+}
+
 void Union::Unparse(Writer& out) const {
   UnparseHeading(out);
-  out << "union " << Name() << " switch (" << type << ')';
+  out << "union " << Written() << " switch (" << type << ')';
   UnparseBody(out);
 }
 
 void Union::UnparseForward(Writer& out) const {
   newline(out);
-  out << "union " << Name() << ';';
+  out << "union " << Written() << ';';
 }
 
 void Case::ResolveTypes(NodeList&) {
@@ -192,13 +290,27 @@ void Case::AddLabel(Node& enumerator, Spelling spelling) {
   labels.push_back({"", &use});
 }
 
+void Case::RepairLabels(const BaseType& type, const ConstantNames& constants) {
+  for (Label& label : labels) {
+    if (label.named != nullptr) continue;
+    if (Node* constant = constants.Find(*this, label.literal)) {
+      label.named = &AddUse(*constant, UseRole::label);
+      continue;
+    }
+    std::string repaired = LiteralOf(type.predefined, label.literal);
+    if (repaired == label.literal) continue;
+    Report(Message::caseLabelRepaired, {ScopedName("::"), OneLine(label.literal), repaired});
+    label.literal = std::move(repaired);
+  }
+}
+
 void Case::Unparse(Writer& out) const {
   UnparseComment(Entity(), out);
   for (const Label& label : labels) {
     newline(out);
     out << "case ";
-    if (label.enumerator != nullptr) {
-      out << *label.enumerator;
+    if (label.named != nullptr) {
+      out << *label.named;
     } else {
       out << label.literal;
     }
@@ -210,7 +322,7 @@ void Case::Unparse(Writer& out) const {
   }
   indent(out);
   newline(out);
-  out << type << ' ' << Name() << type.DeclaratorSuffix() << ';';
+  out << type << ' ' << Written() << type.DeclaratorSuffix() << ';';
   redent(out);
 }
 

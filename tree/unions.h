@@ -8,6 +8,7 @@
 
 #include "tree/container.h"
 #include "tree/members.h"
+#include "tree/type_definitions.h"
 
 namespace mdktoidl {
 
@@ -18,11 +19,15 @@ class Union : public Container {
  public:
   Union(mdk::IMdeEntity* element, Container* parent);
 
-  static constexpr Construct kind{
-      "union", ScopeKind::reservesItsName, Inheritance::none, Forward::yes, Language::idl, 10};
+  static constexpr Construct kind{"union",           ScopeKind::reservesItsName,
+                                  Inheritance::none, Forward::inSequences,
+                                  Language::idl,     10};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
   void UnparseForward(Writer& out) const override;
+  Meanings Means() const override { return meanings::type; }
+  void Repair(const ConstantNames& constants) override;
+  void CheckLegality(const ConstantNames& constants) const override;
 
   /// Whether the cases take the discriminator's enumerators in order.
   bool isSimpleUnion() const;
@@ -47,6 +52,7 @@ class Case : public Attribute {
                                   Forward::no, Language::idl,   23};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
+  const Node* TypeThatHoldsMine() const override { return Enclosing(); }
   const WrittenType* TypeToName() const override { return nullptr; }
 
   /// Whether the case takes all values that no other takes.
@@ -59,15 +65,19 @@ class Case : public Attribute {
   void AddLabel(std::string literal) { labels.push_back({std::move(literal), nullptr}); }
   void AddLabel(Node& enumerator, Spelling spelling);
 
+  struct Label {
+    std::string literal;
+    const Use* named;  // an enumerator or a constant; null for a literal
+  };
+  const std::vector<Label>& Labels() const { return labels; }
+  /// Writes labels for that type where the model's text won't do, and lets those that are
+  /// constants' names be uses.
+  void RepairLabels(const BaseType& type, const ConstantNames& constants);
+
  protected:
   void ResolveTypes(NodeList& deps) override;
 
  private:
-  struct Label {
-    std::string literal;
-    const Use* enumerator;  // null for a literal
-  };
-
   std::vector<Label> labels;
 };
 

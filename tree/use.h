@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "output/layout.h"
@@ -14,6 +15,7 @@ namespace mdktoidl {
 
 class Definition;
 class Node;
+struct Identifier;
 
 /// The place of a name in the declaration that writes it.
 enum class UseRole : std::uint8_t {
@@ -39,9 +41,10 @@ constexpr bool isInHeader(UseRole role) {
 }
 
 enum class Spelling : std::uint8_t {
-  none,    ///< not written; what is used only has to be declared before
-  simple,  ///< by its name alone
-  scoped   ///< by its "::" name
+  none,     ///< not written; what is used only has to be declared before
+  simple,   ///< by its name alone
+  scoped,   ///< by its "::" name
+  absolute  ///< by its "::" name with "::" before it
 };
 
 /// One entry. It lies in memory of the run, and so does its text.
@@ -59,6 +62,8 @@ struct Use {
   bool isInScope : 1;
   /// It stands before its user's name, and so outside the scope that this makes: a result's type.
   bool isBeforeName : 1;
+  /// What is used is an element of a sequence.
+  bool isInSequence : 1;
   /// The base is one to which a value may be truncated.
   bool isTruncatable : 1;
 
@@ -66,8 +71,12 @@ struct Use {
   std::string_view Name() const;
 };
 
-/// Writes the name as it is spelled.
+/// The name as it is spelled.
+std::string TextOf(const Use& use);
+/// Writes it.
 Writer& operator<<(Writer& out, const Use& use);
+/// Writes a name.
+Writer& operator<<(Writer& out, const Identifier& identifier);
 
 /// The uses of one declaration, in the order entered; no larger than a pointer, since a model may
 /// have a million declarations.
@@ -102,6 +111,8 @@ class Uses {
   void Write(UseRole role, Writer& out) const;
 
   void Append(Use& use);
+  /// Puts one of them before all others.
+  void BringForward(Use& use);
 
  private:
   Use* last_ = nullptr;

@@ -23,7 +23,7 @@ void WrittenType::WrapInSequence() {
   template_->sequences.insert(template_->sequences.begin(), SequenceLevel());
 }
 
-void WrittenType::SetLike(const WrittenType& other, const Use* named, const Use* bound) {
+void WrittenType::CopyFrom(const WrittenType& other, const Use* named, const Use* bound) {
   kind_ = other.kind_;
   named_ = named;
   predefined_ = other.predefined_;

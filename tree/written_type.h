@@ -33,9 +33,9 @@ class WrittenType {
   /// Makes it an unbounded sequence of itself.
   void WrapInSequence();
 
-  /// Makes it the same as the type of another declaration, with the uses that its own has of the
-  /// definition and of the constant that bounds it.
-  void SetLike(const WrittenType& other, const Use* named, const Use* bound);
+  /// Makes it the same as another declaration's, with the uses that its own declaration has of the
+  /// definition and of the bound.
+  void CopyFrom(const WrittenType& other, const Use* named, const Use* bound);
   /// Makes it a plain name.
   void SetNamed(const Use& named);
 
@@ -46,11 +46,14 @@ class WrittenType {
   bool Writes(const Use& use) const;
 
   TypeKind Kind() const { return kind_; }
+  /// Whether it is a sequence or an array. Bounded strings and fixed-point numbers are predefined.
+  bool isMadeOfElements() const { return template_ != nullptr; }
+  /// What is predefined inside all templates: "unsigned long", "string<8>"; empty for a definition.
+  std::string_view Predefined() const { return {predefined_, predefinedSize_}; }
   /// The declaration that it names, inside all templates; null for none.
   Node* Definition() const { return named_ == nullptr ? nullptr : named_->used; }
-  /// What it is inside all templates if that is predefined: "unsigned long", "fixed<9, 2>"; else
-  /// empty.
-  std::string_view Predefined() const { return {predefined_, predefinedSize_}; }
+  /// The use by which it names that; null for none.
+  const Use* Named() const { return named_; }
   /// The sequences around that, from the outside in.
   std::span<const SequenceLevel> Sequences() const;
   /// The constant that bounds the outermost sequence by its name; null for none.

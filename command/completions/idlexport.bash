@@ -27,7 +27,7 @@ _idlexport() {
     if [[ $current == -* ]]; then
       values='-a -h -o -q --artifact --check --color --depfile --diagnostics --file-name --graph --help
         --list --map --mapping --oneway-default --output --outputs --prune --quiet --stamp --strict
-        --suffix --summary --target --verify --version --werror'
+        --suffix --summary --target --verbatim --verify --version --werror'
     else
       values=FILE
     fi

@@ -19,10 +19,11 @@ _arguments -s -S \
   '--prune[remove files of earlier exports]' \
   {-q,--quiet}'[leave out progress and what has no consequence]' \
   '--stamp=[touch this file after a successful run]:file:_files' \
-  '--strict[take names that IDL refuses for errors]' \
+  '--strict[take what is not legal for an error]' \
   '--suffix=[put a text behind the name of each file]:text:' \
   '--summary[tell at the end what was done]' \
   '--target=[name the target of the rule for make]:name:' \
+  '--verbatim[write everything as the model has it]' \
   '--verify[compare with the files in place]' \
   '(- *)--version[print the version and exit]' \
   '--werror[fail when there are warnings]' \

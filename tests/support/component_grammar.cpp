@@ -29,7 +29,7 @@ std::map<std::string, std::regex> Productions() {
   const std::string other = "(?!factory |finder )[^{};]+(\\{ [^{}]*\\} )?; ";
   const std::string body = "\\{ (" + maker + "|" + other + ")*\\} ; ";
 
-  const std::string segment = "segment " + id + "\\{ provides " + names + "; \\} ; ";
+  const std::string segment = "segment " + id + "\\{ provides facet " + names + "; \\} ";
   const std::string executor = "home executor " + id + "\\{ implements " + name + "; manages " +
                                id + "(\\{ (" + segment + ")*\\} )?; \\} ; ";
   return {

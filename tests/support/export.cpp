@@ -111,7 +111,8 @@ void ExpectOutcomes(std::span<const OutcomeCase> cases, Tags settings) {
 Exported ExportSmallModel(std::string_view text, const std::string& settings) {
   const ExportBench bench;
   XmiFiles files;
-  files.Write("model.uml", SmallModel(text, "targetDir=\"out\" isVerbatim=\"true\" " + settings)).Read();
+  files.Write("model.uml", SmallModel(text, "targetDir=\"out\" isVerbatim=\"true\" " + settings))
+      .Read();
   return bench.Run(&files["out"]);
 }
 

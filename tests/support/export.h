@@ -44,8 +44,8 @@ class ExportBench : public ModelBuilder {
   ExportBench();
   ~ExportBench();
 
-  /// An artifact named "Out" that manifests `elements`. Its files go under "out", in the plain form,
-  /// unless the settings say something else.
+  /// An artifact named "Out" that manifests `elements`. Its files go under "out", in the plain
+  /// form, unless the settings say something else.
   Element& Artifact(std::initializer_list<Element*> elements, Tags settings = {});
 
   /// Runs the agent on an artifact, which may be none of this model, or null.

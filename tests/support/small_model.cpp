@@ -24,7 +24,10 @@ const std::map<std::string_view, Form> forms = {
     {"package", {"packagedElement", "Package", "", ""}},
     {"class", {"packagedElement", "Class", "", ""}},
     {"interface", {"packagedElement", "Interface", "CORBAInterface", ""}},
+    {"local", {"packagedElement", "Interface", "CORBAInterface", ""}},
+    {"abstraction", {"packagedElement", "Interface", "CORBAInterface", "isAbstract=\"true\""}},
     {"value", {"packagedElement", "Class", "CORBAValue", ""}},
+    {"custom", {"packagedElement", "Class", "CORBAValue", ""}},
     {"abstract", {"packagedElement", "Class", "CORBAValue", "isAbstract=\"true\""}},
     {"event", {"packagedElement", "Class", "CORBAEvent", ""}},
     {"home", {"packagedElement", "Interface", "CORBAHome", ""}},
@@ -45,9 +48,12 @@ const std::map<std::string_view, Form> forms = {
     {"private", {"ownedAttribute", "Property", "", "visibility=\"private\""}},
     {"switch", {"ownedAttribute", "Property", "", ""}},
     {"case", {"ownedAttribute", "Property", "case", ""}},
+    {"default", {"ownedAttribute", "Property", "case", ""}},
     {"facet", {"ownedAttribute", "Port", "CORBAFacet", ""}},
+    {"sink", {"ownedAttribute", "Port", "CORBAEventSink", ""}},
     {"op", {"ownedOperation", "Operation", "", ""}},
     {"factory", {"ownedOperation", "Operation", "CORBAFactory", ""}},
+    {"finder", {"ownedOperation", "Operation", "CORBAFinder", ""}},
     {"in", {"ownedParameter", "Parameter", "", ""}},
     {"out", {"ownedParameter", "Parameter", "", "direction=\"out\""}},
 };
@@ -101,8 +107,23 @@ class Writer {
   }
 
   std::string TypeOf(const std::string& name) {
-    static const std::set<std::string> predefined = {"long", "short", "string", "boolean",
-                                                     "double"};
+    static const std::set<std::string> predefined = {"any",
+                                                     "boolean",
+                                                     "char",
+                                                     "double",
+                                                     "float",
+                                                     "long",
+                                                     "long_long",
+                                                     "native",
+                                                     "octet",
+                                                     "short",
+                                                     "string",
+                                                     "TypeCode",
+                                                     "unsigned_long",
+                                                     "unsigned_long_long",
+                                                     "unsigned_short",
+                                                     "wchar",
+                                                     "wstring"};
     if (predefined.contains(name)) return "<type href=\"CORBA.library.uml#" + name + "\"/>";
     return "<type xmi:idref=\"" + name + "\"/>";
   }
@@ -121,7 +142,9 @@ class Writer {
         text += "<ownedAttribute xmi:id=\"" + NewId(id + ".t") + "\" name=\"t\">" + TypeOf(type) +
                 "</ownedAttribute>";
       } else if (isClassifier) {
-        text += "<generalization xmi:id=\"" + NewId("g") + "\" general=\"" + type + "\"/>";
+        const std::string general = NewId("g");
+        text += "<generalization xmi:id=\"" + general + "\" general=\"" + type + "\"/>";
+        if (Accept("truncatable")) Apply("CORBATruncatable", "Generalization", general, "");
       } else if (word == "op") {
         text += "<ownedParameter xmi:id=\"" + NewId("r") + "\" direction=\"return\">" +
                 TypeOf(type) + "</ownedParameter>";
@@ -144,8 +167,18 @@ class Writer {
   }
 
   std::string Tags(const std::string& word) {
-    if (word == "const") return "isConstant=\"true\"";
+    static const std::map<std::string_view, std::string_view> flags = {{"const", "isConstant"},
+                                                                       {"local", "isLocal"},
+                                                                       {"custom", "isCustom"},
+                                                                       {"default", "isDefault"}};
+    const auto flag = flags.find(word);
+    if (flag != flags.end()) return std::string(flag->second) + "=\"true\"";
     return word == "case" && Accept("=") ? "label=\"" + Next() + "\"" : "";
+  }
+
+  static std::string Unquoted(const std::string& word) {
+    return word.starts_with('\'') ? Replaced(word.substr(1, word.size() - 2), "\\n", "&#10;")
+                                  : word;
   }
 
   std::string Declaration(const std::string& path, bool isInPackage) {
@@ -161,6 +194,7 @@ class Writer {
           "<manifestation xmi:id=\"" + NewId("m") + "\" supplier=\"" + id + "\" client=\"out\"/>";
     }
     std::string body = Details(word, id);
+    if (Accept("--")) body += "<ownedComment body=\"" + Unquoted(Next()) + "\"/>";
     if (!form.stereotype.empty()) Apply(form.stereotype, form.type, id, Tags(word));
     std::string raised;
     if (Accept("{")) {

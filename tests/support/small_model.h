@@ -8,10 +8,12 @@
 //     union U { switch kind : M::Color case a = red }
 //   }
 //
-// Further words: value, event, exception, typedef, sequence, boxed, state, private, factory,
-// component, home, facet, manages. Names in quotes may hold anything; "\n" in them is a line end.
-// Types are paths from the top, or predefined types; "long" may be left out. Everything at the top
-// is manifested by the artifact "Out".
+// Further words: local and abstraction (interfaces), value, abstract and custom (value types),
+// event, exception, typedef, sequence, boxed, state, private, default (a case), factory, finder,
+// component, home, facet, sink. A base may be followed by "truncatable", a declaration's head by
+// "--" and its comment. Names in quotes may hold anything; "\n" in them is a line end. Types are
+// paths from the top, or predefined types, "unsigned_long"; "long" may be left out. Everything at
+// the top is manifested by the artifact "Out".
 #pragma once
 
 #include <string>

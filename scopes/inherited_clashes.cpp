@@ -6,13 +6,13 @@
 #include <utility>
 #include <vector>
 
-#include "scopes/name_checks.h"
-#include "tree/use.h"
+#include "scopes/clashes.h"
+#include "scopes/scope_table.h"
 
 namespace mdktoidl {
 namespace {
 
-bool IsHeir(const Node& node) { return node.Kind().heredity == Inheritance::inherits; }
+bool IsHeir(const Node& node) { return node.Kind().inheritance == Inheritance::inherits; }
 
 /// An edge from a base to what inherits it.
 struct Edge {
@@ -34,8 +34,7 @@ std::vector<Edge> EdgesOf(std::span<const Node* const> heirs) {
   std::vector<Edge> edges;
   for (const Node* heir : heirs) {
     for (const Use& use : heir->Used()) {
-      const bool isBase = use.role == UseRole::base || use.role == UseRole::supports;
-      if (isBase && IsHeir(*use.used)) edges.push_back({use.used, heir});
+      if (isBase(use.role) && IsHeir(*use.used)) edges.push_back({use.used, heir});
     }
   }
   std::ranges::sort(edges, {}, [](const Edge& edge) {
@@ -45,17 +44,16 @@ std::vector<Edge> EdgesOf(std::span<const Node* const> heirs) {
 }
 
 /// How a name stands in an interface, or in what else inherits.
-enum class Role { inherited, own, used };
+enum class Role { inherited, own };
 
 struct Member {
   NameNumber name;
   const Node* owner;
   const Node* declaration;
   Role role;
-  const Node* user = nullptr;  // what uses it, if it is used
 };
 
-/// Collects all that stands in what can inherit, and all that it uses.
+/// Collects all that stands in what can inherit.
 class MemberCollector {
  public:
   MemberCollector(const Root& root, const DeclaredNames& names)
@@ -64,23 +62,9 @@ class MemberCollector {
   /// An enumerator counts as a member where its enumeration does.
   void AddMembers(const Node& owner) {
     ForEachNameIn(root_, owner, [&](const Node& member) {
-      const bool isInherited = member.Kind().heredity == Inheritance::inherited;
+      const bool isInherited = member.Kind().inheritance == Inheritance::inherited;
       Add({names_.Of(member), &owner, &member, isInherited ? Role::inherited : Role::own});
     });
-  }
-
-  /// What an heir uses, by the first name that it is written with.
-  void AddUses(const Node& owner) {
-    for (std::uint32_t serial = owner.Serial(); serial <= owner.LastSerial(); ++serial) {
-      const Node& user = *root_.Nodes()[serial];
-      if (!user.isDeclared()) continue;
-      for (const Use& use : user.Used()) {
-        const bool isInBody = !isInHeader(use.role) && use.spelling != Spelling::none;
-        if (!isInBody || owner.Encloses(*use.used)) continue;
-        const Node& written = use.spelling == Spelling::simple ? *use.used : Outermost(*use.used);
-        Add({names_.Of(written), &owner, use.used, Role::used, &user});
-      }
-    }
   }
 
   /// By name, those of one name in the order added. What is alone of its name is left out: nothing
@@ -105,15 +89,10 @@ class MemberCollector {
 };
 
 std::vector<Member> MembersOf(const Root& root, std::span<const Node* const> heirs,
-                              const DeclaredNames& names, std::span<const Edge> edges) {
-  std::vector<bool> inherits(root.Nodes().size());
-  for (const Edge& edge : edges) inherits[edge.heir->Serial()] = true;
+                              const DeclaredNames& names) {
   MemberCollector collector(root, names);
   for (const Node* owner : heirs) {
     if (names.MayClashIn(*owner)) collector.AddMembers(*owner);
-  }
-  for (const Node* owner : heirs) {
-    if (inherits[owner->Serial()] && names.MayClashIn(*owner)) collector.AddUses(*owner);
   }
   return std::move(collector).Sorted();
 }
@@ -122,21 +101,16 @@ std::vector<Member> MembersOf(const Root& root, std::span<const Node* const> hei
 /// inherits is entered once for each name, so neither diamonds nor circles make it long.
 class NameInheritance {
  public:
-  NameInheritance(std::span<const Edge> edges) : edges_(edges) {}
+  explicit NameInheritance(std::span<const Edge> edges) : edges_(edges) {}
 
   /// Returns how much there was to do.
   std::size_t Check(std::span<const Member> members) {
     // Emptying a table costs as much as the largest name had in it, a new one nothing.
     inherited_ = {};
     own_ = {};
-    used_ = {};
     reported_ = {};
     queue_.clear();
     for (const Member& member : members) {
-      if (member.role == Role::used) {
-        used_.try_emplace(member.owner, &member);
-        continue;
-      }
       own_.try_emplace(member.owner, member.declaration);
       if (member.role != Role::inherited) continue;
       if (inherited_.try_emplace(member.owner, member.declaration).second) {
@@ -162,7 +136,6 @@ class NameInheritance {
   void Receive(const Node& heir, const Node& member) {
     const auto [entry, isNew] = inherited_.try_emplace(&heir, &member);
     if (isNew) queue_.push_back(&heir);
-    CheckUse(heir, member);
     const auto own = own_.find(&heir);
     const bool isOwn = own != own_.end() && own->second != &member;
     const Node& other = *entry->second;
@@ -178,20 +151,10 @@ class NameInheritance {
     }
   }
 
-  void CheckUse(const Node& heir, const Node& member) {
-    const auto used = used_.find(&heir);
-    if (used == used_.end() || used->second->declaration == &member) return;
-    const Node& user = *used->second->user;
-    user.Report(Message::nameHiddenByInherited,
-                {Describe(user), Describe(*used->second->declaration), Describe(member)});
-    used_.erase(used);
-  }
-
   std::span<const Edge> edges_;
   // Looked up only, never walked through: their order means nothing.
   std::unordered_map<const Node*, const Node*> own_;        // by owner, the first
   std::unordered_map<const Node*, const Node*> inherited_;  // what each passes on
-  std::unordered_map<const Node*, const Member*> used_;     // by owner, the first
   std::unordered_set<const Node*> reported_;
   std::vector<const Node*> queue_;
 };
@@ -207,12 +170,12 @@ bool MayClash(std::span<const Member> members) {
 
 // Names that only one interface declares, which is most of them, cost nothing further. What many
 // declare is followed as far as that costs no more than a fixed multiple of the model's size.
-void CheckInheritance(const Root& root, const DeclaredNames& names) {
+void CheckInheritedNames(const Root& root, const DeclaredNames& names) {
   constexpr std::size_t stepsPerDeclaration = 64;
   const std::vector<const Node*> heirs = HeirsIn(root);
   const std::vector<Edge> edges = EdgesOf(heirs);
   if (edges.empty()) return;
-  const std::vector<Member> members = MembersOf(root, heirs, names, edges);
+  const std::vector<Member> members = MembersOf(root, heirs, names);
   NameInheritance inheritance(edges);
   std::size_t steps = 0;
   for (auto first = members.begin(); first != members.end();) {

@@ -1,0 +1,68 @@
+#include "tree/constant_names.h"
+
+#include <algorithm>
+#include <unordered_set>
+#include <vector>
+
+#include "tree/module.h"
+#include "types/identifier.h"
+
+namespace mdktoidl {
+
+namespace {
+
+bool isScopedName(std::string_view text) {
+  if (text.starts_with("::")) text.remove_prefix(2);
+  while (true) {
+    const std::size_t end = text.find("::");
+    if (!IsIdentifier(text.substr(0, end))) return false;
+    if (end == std::string_view::npos) return text != "TRUE" && text != "FALSE";
+    text.remove_prefix(end + 2);
+  }
+}
+
+}  // namespace
+
+const ConstantNames::Index& ConstantNames::ByScopedName() const {
+  if (index_) return *index_;
+  index_.emplace();
+  for (Node* node : root_.Nodes()) {
+    if (node->declaresConstant()) index_->try_emplace(node->ScopedName("::"), node);
+  }
+  return *index_;
+}
+
+Node* ConstantNames::FindScoped(const std::string& scopedName) const {
+  const Index& index = ByScopedName();
+  const auto found = index.find(scopedName);
+  return found == index.end() ? nullptr : found->second;
+}
+
+Node* ConstantNames::FindIn(const Node& scope, std::string_view name) const {
+  std::unordered_set<const Node*> seen = {&scope};
+  std::vector<const Node*> ahead = {&scope};
+  for (std::size_t next = 0; next < ahead.size(); ++next) {
+    const Node& each = *ahead[next];
+    if (Node* found = FindScoped(each.ScopedName("::") + "::" + std::string(name))) return found;
+    for (const Use& use : each.Used()) {
+      if (use.role == UseRole::base && seen.insert(use.used).second) ahead.push_back(use.used);
+    }
+  }
+  return nullptr;
+}
+
+Node* ConstantNames::Find(const Node& user, std::string_view name) const {
+  if (!isScopedName(name) || ByScopedName().empty()) return nullptr;
+  if (name.starts_with("::")) return FindScoped(std::string(name.substr(2)));
+  for (const Node* scope = user.Enclosing(); scope != nullptr; scope = scope->Enclosing()) {
+    if (Node* found = FindIn(*scope, name)) return found;
+  }
+  return FindScoped(std::string(name));
+}
+
+bool ConstantNames::mayBeIncluded(std::string_view text) const {
+  const auto isInclude = [](const Node* node) { return &node->Kind() == &Include::kind; };
+  return isScopedName(text) && std::ranges::any_of(root_.Nodes(), isInclude);
+}
+
+}  // namespace mdktoidl
