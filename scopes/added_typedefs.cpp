@@ -85,14 +85,25 @@ class TypeNamer {
     return each == nullptr || each->isModule() ? nullptr : each;
   }
 
-  /// The interface that holds what a type consists of, so that a definition of the type must stand
-  /// in it; that around the user comes first. Null for none.
+  /// The interface in which a definition of the user's type must stand: one that holds both the
+  /// user and what the type consists of needs the definition and is needed by it. Else that of the
+  /// element, unless it would come to need more than it does. Null for none.
   const Node* InterfaceOf(const Node& user) const {
     const WrittenType& type = *user.TypeToName();
     const Node* ofElement = NestedIn(type.Definition());
-    const Node* ofBound = NestedIn(type.BoundConstant());
-    if (ofBound != nullptr && (ofElement == nullptr || ofBound->Encloses(user))) return ofBound;
-    return ofElement;
+    const Node* bound = type.BoundConstant();
+    const Node* ofBound = NestedIn(bound);
+    if (ofBound != nullptr && ofBound->Encloses(user)) return ofBound;
+    if (ofElement == nullptr || ofElement->Encloses(user) || bound == nullptr) return ofElement;
+    return isAround(*bound, *ofElement) ? ofElement : nullptr;
+  }
+
+  /// Whether a declaration stands in an interface, or in a scope around it and in the same file.
+  static bool isAround(const Node& declaration, const Node& interface) {
+    if (interface.Encloses(declaration)) return true;
+    const Node* scope = declaration.Enclosing();
+    if (scope != nullptr && !scope->Encloses(interface)) return false;
+    return options.Mapping() == ONE_FILE || scope == ModuleAround(interface);
   }
 
   TypeNumber Next() const { return static_cast<TypeNumber>(numbers_.size()); }

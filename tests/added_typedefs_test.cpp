@@ -68,6 +68,25 @@ const TypedefCase typedefCases[] = {
      " interface J { op f { in p : M::I::S [*] } } }",
      "module M {\ninterface I {\ntypedef sequence<S, MAX> SSeq_MAX;\ntypedef sequence<S> SSeq;\n"
      "attribute SSeq_MAX a;\ninterface J {\nvoid f(in M::I::SSeq p);\n"},
+    // Not where that would come to need what needs it, nor what another file holds.
+    {"module M { interface I { struct S { field x } } interface K : M::I { const MAX = 3 }"
+     " interface J { attr a : M::I::S [ M::K::MAX ] } }",
+     "module M {\ninterface I {\ninterface K : I {\n"
+     "typedef sequence<M::I::S, M::K::MAX> SSeq_MAX;\ninterface J {\nattribute SSeq_MAX a;\n"},
+    {"module M { interface I { const MAX = 3 struct S { field x } } struct E { field s : M::I::S }"
+     " interface J { attr a : M::E [ M::I::MAX ] } }",
+     "module M {\ninterface I {\ntypedef sequence<E, M::I::MAX> ESeq_MAX;\ninterface J {\n"
+     "attribute ESeq_MAX a;\n"},
+    {"module N { const MAX = 3 interface J { attr a : O::I::S [ N::MAX ] } }"
+     " module O { interface I { struct S { field x } } }",
+     "module N {\ntypedef sequence<O::I::S, MAX> SSeq_MAX;\ninterface J {\n"
+     "attribute SSeq_MAX a;\n",
+     "MODULE_FLAT", "N.idl"},
+    {"module A { interface I { const MAX = 3 } } module B { typedef T : long }"
+     " module C { interface J { attr a : B::T [ A::I::MAX ] } }",
+     "module C {\ntypedef sequence<B::T, A::I::MAX> TSeq_MAX;\ninterface J {\n"
+     "attribute TSeq_MAX a;\n",
+     "MODULE_FLAT", "C.idl"},
     // The model's own: the nearest that means the same; fields keep their types.
     {"module M { struct S { field x [*] } sequence Far : long module N { sequence Near : long"
      " typedef Other : long interface I { attr a [*] } } interface J { attr a [*] } }",
