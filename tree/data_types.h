@@ -16,8 +16,9 @@ class Struct : public Container {
  public:
   Struct(mdk::IMdeEntity* element, Container* parent);
 
-  static constexpr Construct kind{
-      "struct", ScopeKind::reservesItsName, Inheritance::none, Forward::inSequences, Language::idl, 9};
+  static constexpr Construct kind{"struct",          ScopeKind::reservesItsName,
+                                  Inheritance::none, Forward::inSequences,
+                                  Language::idl,     9};
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
   void UnparseForward(Writer& out) const override;
@@ -143,6 +144,7 @@ class Constant : public Node {
   WrittenType type;
   mutable const Constant* last = nullptr;  // as `Last` says, once it was asked
   mutable bool isLastKnown = false;
+  bool hasText = false;
   std::string_view valueText;  // of a literal; empty where the value is a use
 };
 
