@@ -130,7 +130,10 @@ TEST(ConstructRules, UnionsTellTheirCasesApart) {
       {"const K = 1 union U { switch k case a = K case b = 2 }", "", "case K:"},
       {"const K = 1 union U { switch k case a = K case b = 1 }", "label 1 is that of case M::U::a"},
       {"module N { const K = 1 } module M { union U { switch k case a = N::K } }", ""},
-      {"interface I { const K = 1 } interface J : M::I { union U { switch k case a = K } }", ""},
+      {"interface I { const K = 1 } interface J : M::I { union U { switch k case a = K } }", "",
+       "case K:"},
+      {"union U { switch k case a = M::K case b = ::M::L } const K = 1 const L = 2", "",
+       "case M::K:"},
       {"const K = 70000 union U { switch k : short case a = K }",
        "label constant M::K is no value of short"},
       {"const K : char = 'a' union U { switch k case a = K }", "constant M::K is no value of long"},
@@ -259,6 +262,13 @@ TEST(ConstructRules, ValueTypesInheritAndSupportWhatTheyMay) {
       {"interface I { } boxed A : M::I boxed B : any", ""},
   };
   ExpectJudgements(cases);
+}
+
+TEST(ConstructRules, LabelsOfOtherFilesAreIncluded) {
+  const support::Exported run = support::ExportSmallModel(
+      "module A { union U { switch k case a = B::K } } module B { const K = 1 }",
+      "isVerbatim=\"false\" fileMapping=\"MODULE_FLAT\"");
+  EXPECT_THAT(run.files.at("A.idl"), HasSubstr("#include \"B.idl\""));
 }
 
 TEST(ConstructRules, CommentsEndWithTheirLines) {
