@@ -104,8 +104,10 @@ void MakeLegal(Root& tree) {
   const bool mayRepair = !options.isVerbatim();
   if (mayRepair) RepairDeclarations(tree);
   CheckDeclarations(tree);
-  if (mayRepair) NameTypes(tree);
-  if (mayRepair) Arrange(tree);
+  if (mayRepair) {
+    NameTypes(tree);
+    Arrange(tree);
+  }
   MakeNamesLegal(tree, mayRepair);
 }
 

@@ -9,10 +9,8 @@ const Node* StartOf(const Use& use) {
 }
 
 bool Enters(const Use& use, const Node* scope, const Node* start) {
-  if (scope == nullptr || isInHeader(use.role)) return false;
-  if (scope->isModule()) return scope == start;
-  // An exception is used in the operation that raises it.
-  return use.role != UseRole::raises || scope == use.user;
+  if (scope == nullptr) return false;
+  return scope == start || (!scope->isModule() && !isInHeader(use.role));
 }
 
 namespace {

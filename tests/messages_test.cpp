@@ -263,6 +263,9 @@ constexpr void (*models[])(ExportBench&, Element&) = {
 
 /// What stands in the module M; it is exported both ways.
 constexpr std::string_view smallModels[] = {
+    "struct Own { field own : M::Own }",
+    "module N { interface C : M::O::F { } interface D { attr e : M::O::E } } "
+    "module O { enum E { literal e } interface F { } interface G : M::N::D { } }",
     "struct S { private x } enum E { } struct T { field a : native field _b }",
     "const N : double = 3 struct S { field a [ N ] field b [ 4294967296 ] }",
     "const A = 'a' const B : any = 1 const C = 1 const D : boolean = M::C const F : double = 3",

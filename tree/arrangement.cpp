@@ -148,7 +148,8 @@ class Arrangement {
     const std::uint32_t place = ranks_[before.Serial()];
     if (place < ranks_[after.Serial()]) return State::plain;
     if (demand.isHard) return State::isDisordered;
-    return isForward_[demand.before->Serial()] ? State::plain : State::lacksForwards;
+    const bool isForward = &before == demand.before && isForward_[before.Serial()];
+    return isForward ? State::plain : State::lacksForwards;
   }
 
   /// The innermost scope around both, which orders them; null when they are in different files.

@@ -73,10 +73,6 @@ class OrderedScope : public Container {
   bool declares(std::string_view name) const override;
   OrderedScope* AsOrderedScope() override { return this; }
 
-  /// Takes over declarations and puts them in their places, both in the order of creation and in
-  /// that of the output; those for one place keep their order. The tree must be numbered anew
-  /// before anything else is asked of it.
-  void Insert(std::vector<Insertion> insertions);
   /// The children that have a forward declaration, and all in output order, as far as this scope
   /// writes them. Where modules inside this one are in each other's way, what they hold stands here
   /// in their place; then they are opened for it, as often as need be.
@@ -87,6 +83,10 @@ class OrderedScope : public Container {
 
   /// Writes the forward declarations.
   void UnparseForwards(Writer& out) const;
+  /// Takes over declarations and puts them in their places, both in the order of creation and in
+  /// that of the output; those for one place keep their order. The tree must be numbered anew
+  /// before anything else is asked of it.
+  void Insert(std::vector<Insertion> insertions);
 
  protected:
   using Container::Container;

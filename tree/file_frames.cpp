@@ -1,6 +1,8 @@
 #include "tree/file_frames.h"
 
 #include <algorithm>
+#include <string>
+#include <unordered_set>
 
 #include "tree/circles.h"
 
@@ -21,6 +23,7 @@ class FileFrames {
       if (node == &root || node->isModule()) files_.push_back(static_cast<const FileScope*>(node));
     }
     numbering_.Number({files_.begin(), files_.end()});
+    for (const FileScope* file : files_) names_.insert(file->ScopedFileName());
   }
 
   void Run() {
@@ -128,14 +131,17 @@ class FileFrames {
     const bool isMain = file == 0;
     const bool isDeep =
         !isMain && files_[file]->Scope() != nullptr && files_[file]->Scope()->Scope() != nullptr;
-    if (!isOnCircle && !isDeep && (!isMain || included_[file].empty())) return;
+    const bool isMistaken = std::ranges::any_of(
+        included_[file], [&](const Node* other) { return isFoundNearer(file, *other); });
+    const bool isPlain = !isOnCircle && !isDeep && !isMistaken;
+    if (isPlain && (!isMain || included_[file].empty())) return;
     FileFrame frame;
     if (isOnCircle) {
       SortByCreation(forwards_[file]);
       frame.forwards = std::move(forwards_[file]);
       IncludeNeighbours(file, frame);
     } else {
-      frame.before = included_[file];
+      for (const Node* other : included_[file]) frame.before.push_back(PathFrom(file, *other));
     }
     FileScope& scope = static_cast<FileScope&>(*root_.Nodes()[files_[file]->Serial()]);
     scope.SetFrame(std::move(frame));
@@ -144,18 +150,41 @@ class FileFrames {
 
   void IncludeNeighbours(std::size_t file, FileFrame& frame) const {
     for (const Node* other : included_[file]) {
-      if (!areInOneCircle(file, numbering_.Of(*other))) frame.before.push_back(other);
+      if (areInOneCircle(file, numbering_.Of(*other))) continue;
+      frame.before.push_back(PathFrom(file, *other));
     }
     const auto& members = members_[components_[file]];
     const std::size_t place = places_[file];
-    if (place > 0) frame.before.push_back(files_[members[place - 1]]);
-    if (place + 1 < members.size()) frame.behind.push_back(files_[members[place + 1]]);
+    if (place > 0) frame.before.push_back(PathFrom(file, *files_[members[place - 1]]));
+    if (place + 1 < members.size()) {
+      frame.behind.push_back(PathFrom(file, *files_[members[place + 1]]));
+    }
+  }
+
+  /// Preprocessors look beside the file that includes, first: what they would find there of the
+  /// same path is another file.
+  bool isFoundNearer(std::size_t file, const Node& other) const {
+    const std::string own = files_[file]->ScopedFileName();
+    const std::size_t slash = own.rfind('/');
+    if (slash == std::string::npos) return false;
+    const std::string& path = static_cast<const FileScope&>(other).ScopedFileName();
+    return names_.contains(own.substr(0, slash + 1) + path);
+  }
+
+  /// The path by which a file includes another.
+  std::string PathFrom(std::size_t file, const Node& other) const {
+    std::string path = static_cast<const FileScope&>(other).ScopedFileName();
+    if (!isFoundNearer(file, other)) return path;
+    const std::string own = files_[file]->ScopedFileName();
+    for (auto left = std::ranges::count(own, '/'); left > 0; --left) path.insert(0, "../");
+    return path;
   }
 
   Root& root_;
   Precedence& precedence_;
   Numbering numbering_;
   std::vector<const FileScope*> files_;  // the main file is the first
+  std::unordered_set<std::string> names_;
   // By the numbers of files.
   std::vector<std::vector<const Node*>> included_;
   std::vector<NodeList> forwards_;

@@ -59,10 +59,8 @@ void WriteInclude(std::string_view fileName, Writer& out) {
   out << "#include \"" << fileName << '"';
 }
 
-void WriteIncludes(const std::vector<const Node*>& files, Writer& out) {
-  for (const Node* file : files) {
-    WriteInclude(static_cast<const FileScope*>(file)->ScopedFileName(), out);
-  }
+void WriteIncludes(const std::vector<std::string>& files, Writer& out) {
+  for (const std::string& file : files) WriteInclude(file, out);
 }
 
 bool holdsOnlyModules(const Container::Children& children) {
@@ -75,7 +73,12 @@ Root* root = nullptr;
 
 // What is declared elsewhere, and used here before the includes lead to it, comes first.
 void FileScope::UnparseFrameBefore(Writer& out) const {
-  if (!isFramed()) return WriteIncludes(Included(), out);
+  if (!isFramed()) {
+    for (const Node* file : Included()) {
+      WriteInclude(static_cast<const FileScope*>(file)->ScopedFileName(), out);
+    }
+    return;
+  }
   WriteForwards(*root, frame_->forwards, out);
   WriteIncludes(frame_->before, out);
 }

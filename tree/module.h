@@ -14,8 +14,8 @@ namespace mdktoidl {
 /// What a file has besides its own declarations, where each module has one.
 struct FileFrame {
   NodeList forwards;                ///< declarations of other files, declared before the includes
-  std::vector<const Node*> before;  ///< whose files are included before the declarations
-  std::vector<const Node*> behind;  ///< and behind them
+  std::vector<std::string> before;  ///< the files that are included before the declarations
+  std::vector<std::string> behind;  ///< and behind them
 };
 
 /// A scope that may have a file of its own: the root and the modules.
@@ -104,9 +104,10 @@ class Module : public FileScope {
   const Construct& Kind() const override { return kind; }
   void Unparse(Writer& out) const override;
   bool isModule() const override { return true; }
-  void Repair(const ConstantNames&) override { isLeftOut = declaresNothing(); }
+  bool isDeclared() const override { return !isLeftOut; }
   void UnparseOpening(bool isFirst, Writer& out) const override;
   void UnparseClosing(Writer& out) const override;
+  void Repair(const ConstantNames&) override { isLeftOut = declaresNothing(); }
 
   std::string ScopedFileName() const override;
   std::vector<const Node*> Included() const override;

@@ -31,6 +31,11 @@ void Places::PlaceMembers(const OrderedScope& scope) {
 void Places::PlaceForwards(const OrderedScope& scope) {
   for (const Node* node : scope.Forwards()) {
     if (node->Kind().forward == Forward::no) continue;
+    // Modules are opened for it.
+    for (const Node* each = node->Enclosing(); each != nullptr && each != &scope;
+         each = each->Enclosing()) {
+      declared_[each->Serial()] = std::min(declared_[each->Serial()], next_);
+    }
     std::uint32_t& declared = declared_[node->Serial()];
     declared = std::min(declared, next_++);
   }
@@ -46,7 +51,8 @@ void Places::OpenModules(const Node& declaration, const Node& scope) {
   }
   for (; !modules.empty(); modules.pop_back()) {
     const Node& module = *modules.back();
-    defined_[module.Serial()] = declared_[module.Serial()] = next_++;
+    defined_[module.Serial()] = next_++;
+    declared_[module.Serial()] = std::min(declared_[module.Serial()], defined_[module.Serial()]);
     PlaceForwards(*module.AsOrderedScope());
   }
 }

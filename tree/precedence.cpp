@@ -7,7 +7,6 @@ namespace mdktoidl {
 namespace {
 
 constexpr std::uint32_t none = std::numeric_limits<std::uint32_t>::max();
-constexpr std::uint32_t unknown = none - 1;
 
 bool isNamedAsType(const Use& use) {
   return use.role == UseRole::type || use.role == UseRole::element;
@@ -23,8 +22,7 @@ bool isLegalInside(const Use& use) {
 
 }  // namespace
 
-Precedence::Precedence(const Root& root)
-    : nodes_(root.Nodes()), units_(nodes_.size(), none), elements_(nodes_.size(), unknown) {
+Precedence::Precedence(const Root& root) : nodes_(root.Nodes()), units_(nodes_.size(), none) {
   for (std::uint32_t serial = 0; serial < nodes_.size(); ++serial) {
     const Node& node = *nodes_[serial];
     const Node* around = node.Enclosing();
@@ -46,35 +44,14 @@ bool Precedence::isHard(const Use& use) {
   }
 }
 
-/// The struct or union whose sequences a used definition names: only that itself, and names for
-/// more such sequences, may use them before it is complete. Null for all other uses.
+/// The struct or union of which a used definition names sequences: only that itself may use them
+/// before it is complete. Null for all other uses.
 const Node* Precedence::ElementToComplete(const Use& use) {
-  if (use.used->NamedType() == nullptr || use.user->NamedType() == &use) return nullptr;
-  const Node* element = IncompleteElement(*use.used);
-  return element == nullptr || element->Encloses(*use.user) ? nullptr : element;
-}
-
-// Each definition on the way remembers the answer; one that leads back to itself names nothing.
-const Node* Precedence::IncompleteElement(const Node& definition) {
-  std::vector<std::uint32_t> passed;
-  std::uint32_t found = none;
-  for (const Node* each = &definition; each != nullptr;) {
-    if (elements_[each->Serial()] != unknown) {
-      found = elements_[each->Serial()];
-      break;
-    }
-    const Use* named = each->NamedType();
-    if (named == nullptr) break;
-    elements_[each->Serial()] = none;
-    passed.push_back(each->Serial());
-    each = named->used;
-    if (named->isInSequence && each->Kind().forward == Forward::inSequences) {
-      found = each->Serial();
-      break;
-    }
-  }
-  for (const std::uint32_t serial : passed) elements_[serial] = found;
-  return found == none ? nullptr : nodes_[found];
+  const Use* named = use.used->NamedType();
+  if (named == nullptr || !named->isInSequence) return nullptr;
+  const Node& element = *named->used;
+  const bool isStructured = element.Kind().forward == Forward::inSequences;
+  return !isStructured || element.Encloses(*use.user) ? nullptr : &element;
 }
 
 std::optional<Demand> Precedence::DemandOn(const Use& use, const Node& used, bool isHard) const {

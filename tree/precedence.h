@@ -27,7 +27,7 @@ class Precedence {
   /// Calls `take` with each demand of a use: none, one, or a second one on what the used sequence
   /// can't be complete without.
   template <typename Take>
-  void ForEachDemand(const Use& use, Take take) {
+  void ForEachDemand(const Use& use, Take take) const {
     if (!use.isDependency) return;
     if (const auto demand = DemandOn(use, *use.used, isHard(use))) take(*demand);
     const Node* element = ElementToComplete(use);
@@ -37,16 +37,13 @@ class Precedence {
 
  private:
   static bool isHard(const Use& use);
-  const Node* ElementToComplete(const Use& use);
-  const Node* IncompleteElement(const Node& definition);
+  static const Node* ElementToComplete(const Use& use);
   std::optional<Demand> DemandOn(const Use& use, const Node& used, bool isHard) const;
   std::optional<Demand> DemandInside(const Use& use, const Node& used, bool isHard) const;
 
   const std::vector<Node*>& nodes_;
   // By serial, that of the child of a module or the root that is or encloses a node.
   std::vector<std::uint32_t> units_;
-  // By serial, of what struct or union a definition names sequences; see the numbers in the code.
-  std::vector<std::uint32_t> elements_;
 };
 
 }  // namespace mdktoidl

@@ -52,12 +52,12 @@ class WrittenType {
   std::string_view Predefined() const { return {predefined_, predefinedSize_}; }
   /// The declaration that it names, inside all templates; null for none.
   Node* Definition() const { return named_ == nullptr ? nullptr : named_->used; }
+  /// The use by which it names that; null for none.
+  const Use* Named() const { return named_; }
   /// The sequences around that, from the outside in.
   std::span<const SequenceLevel> Sequences() const;
   /// The constant that bounds the outermost sequence by its name; null for none.
   Node* BoundConstant() const;
-  /// The use by which it names that; null for none.
-  const Use* Named() const { return named_; }
   /// What is written behind the declared name; "[2][3]" for an array, mostly empty.
   std::string_view DeclaratorSuffix() const;
 

@@ -4,6 +4,8 @@
 #include <unordered_map>
 
 #include "agent/vocabulary.h"
+#include "options/options.h"
+#include "types/elements.h"
 
 namespace mdktoidl {
 
@@ -38,15 +40,22 @@ const std::unordered_map<std::string_view, std::string_view> predefinedTypes = {
     {"Charstring", "string"},
 };
 
+bool isDeclaration(mdk::IMdeEntity* element) {
+  if (element->IsKindOf(metaclasses::ident)) element = element->GetEntity(properties::definition, 0);
+  return element != nullptr && hasStereotype(element, stereotypes::corba);
+}
+
 }  // namespace
 
-std::string_view PredefinedType(const std::string& name) {
+std::string_view PredefinedType(mdk::IMdeEntity* element, const std::string& name) {
   const auto row = predefinedTypes.find(name);
-  return row == predefinedTypes.end() ? std::string_view() : row->second;
+  if (row == predefinedTypes.end()) return {};
+  return !options.isVerbatim() && isDeclaration(element) ? std::string_view() : row->second;
 }
 
 std::string PrimitiveToString(mdk::IMdeEntity* type) {
-  return type == nullptr ? "" : std::string(PredefinedType(type->GetValue(properties::name, 0)));
+  if (type == nullptr) return "";
+  return std::string(PredefinedType(type, type->GetValue(properties::name, 0)));
 }
 
 }  // namespace mdktoidl

@@ -8,11 +8,12 @@
 
 namespace mdktoidl {
 
-/// The IDL text of the predefined type of that name in models; empty for any other name.
-std::string_view PredefinedType(const std::string& name);
+/// The IDL text of the predefined type that an element of that name is; empty for any other. In the
+/// plain form the name alone decides, so that a declaration of such a name can't be used; else it is
+/// no predefined type if it is marked as a declaration.
+std::string_view PredefinedType(mdk::IMdeEntity* element, const std::string& name);
 
-/// The IDL text of a predefined type, found by the element's name alone; empty for any other
-/// element and for null.
+/// The same, of a type that may be null, which is none.
 std::string PrimitiveToString(mdk::IMdeEntity* type);
 
 }  // namespace mdktoidl

@@ -28,7 +28,7 @@ mdk::IMdeEntity* EvaluateIdentifier(mdk::IMdeEntity* element, TypeReference& res
   mdk::IMdeEntity* found = element->GetEntity(properties::type, 0);
   if (found == nullptr) return nullptr;
   std::string name = found->GetValue(properties::name, 0);
-  const std::string_view predefined = PredefinedType(name);
+  const std::string_view predefined = PredefinedType(found, name);
   if (predefined.empty()) {
     SetDefinition(found, definition, std::move(name), result);
   } else {
@@ -69,7 +69,7 @@ mdk::IMdeEntity* EvaluateBaseType2(mdk::IMdeEntity* expression, mdk::IMdeEntity*
 mdk::IMdeEntity* EvaluatePlainType(mdk::IMdeEntity* expression, mdk::IMdeEntity* user,
                                    TypeReference& result) {
   std::string name = expression->GetValue(properties::name, 0);
-  const std::string_view predefined = PredefinedType(name);
+  const std::string_view predefined = PredefinedType(expression, name);
   if (!predefined.empty()) {
     SetPredefined(predefined, result);
     return expression;

@@ -38,6 +38,11 @@ void* operator new(std::size_t size) {
   return memory;
 }
 
+// Who asks so does without when there is none, as sorting does.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  return std::malloc(size == 0 ? 1 : size);
+}
+
 void operator delete(void* memory) noexcept { std::free(memory); }
 void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
