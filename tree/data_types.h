@@ -144,6 +144,7 @@ class Constant : public Node {
   WrittenType type;
   mutable const Constant* last = nullptr;  // as `Last` says, once it was asked
   mutable bool isLastKnown = false;
+  bool hasText = false;
   std::string_view valueText;  // of a literal; empty where the value is a use
 };
 

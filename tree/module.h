@@ -117,6 +117,9 @@ class Module : public FileScope {
   /// The node whose file holds `node`: the innermost module around it, or else the root.
   static const Node* GetFileNode(const Node* node);
 
+  /// Lets the file of `user` include that of what it turned out to use after it was evaluated.
+  static void NoteUse(const Node& user, Node& used);
+
  protected:
   void ResolveTypes(NodeList& deps) override;
 
