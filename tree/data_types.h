@@ -66,7 +66,6 @@ class Enumerator : public Node {
   const Definition* NameScope() const override { return Scope()->Scope(); }
   bool isEnumerator() const override { return true; }
   Meanings Means() const override { return meanings::constant; }
-  bool writesComments() const override { return false; }
   void Unparse(Writer& out) const override { out << Written(); }
 
  protected:

@@ -53,7 +53,6 @@ class Root : public FileScope {
                                   Forward::no, Language::idl,   27};
   const Construct& Kind() const override { return kind; }
   bool isDeclared() const override { return false; }
-  bool writesComments() const override { return false; }
 
   /// Appends a declaration; the root owns it from then on.
   void AddNode(std::unique_ptr<Node> node) { Adopt(std::move(node)); }
@@ -147,7 +146,6 @@ class Include : public Node {
                                   Forward::no, Language::idl,   26};
   const Construct& Kind() const override { return kind; }
   bool isDeclared() const override { return false; }
-  bool writesComments() const override { return false; }
   void Unparse(Writer& out) const override;
 
  protected:
@@ -169,7 +167,6 @@ class Artifact : public Node {
                                   Forward::no, Language::idl,   27};
   const Construct& Kind() const override { return kind; }
   bool isDeclared() const override { return false; }
-  bool writesComments() const override { return false; }
   void Unparse(Writer&) const override {}
 
  protected:
