@@ -47,9 +47,13 @@ void Report(Message message, mdk::IMdeEntity* element,
   Report({message, element, {pieces.begin(), pieces.end()}});
 }
 
+void TellObserver(const Diagnostic& diagnostic) {
+  if (observer != nullptr) observer->Told(diagnostic);
+}
+
 void Tell(const Diagnostic& diagnostic) {
   Print(TextOf(diagnostic) + "\n");
-  if (observer != nullptr) observer->Told(diagnostic);
+  TellObserver(diagnostic);
 }
 
 namespace {

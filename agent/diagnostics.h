@@ -49,6 +49,9 @@ void Report(Message message, mdk::IMdeEntity* element,
 /// Tells the user at once, on a line of its own, instead of with the lists.
 void Tell(const Diagnostic& diagnostic);
 
+/// Tells an observer at once, if there is one; for a repair that is found when the lists are told.
+void TellObserver(const Diagnostic& diagnostic);
+
 /// Sorts both lists by their texts, removes duplicates, and prints the warnings, the errors and, if
 /// there was any, a summary. The summary has no line end, so what is printed next continues its
 /// line. A text that several elements have is printed once; the observer hears of each, and then of

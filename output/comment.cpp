@@ -51,22 +51,20 @@ void ForEachLine(mdk::IMdeEntity* element, Visit visit) {
 
 }  // namespace
 
-void WriteComments(mdk::IMdeEntity* element, Writer& out) {
+bool WriteComments(mdk::IMdeEntity* element, Writer& out) {
+  const bool mayRepair = !options.isVerbatim();
+  bool isRepaired = false;
   ForEachLine(element, [&](std::string_view line) {
     newline(out);
     out << "// ";
-    if (!options.isVerbatim() && NeedsRepair(line)) {
-      out << Repaired(line);
-    } else {
+    if (!mayRepair || !NeedsRepair(line)) {
       out << line;
+    } else {
+      out << Repaired(line);
+      isRepaired = true;
     }
   });
-}
-
-bool CommentsNeedRepair(mdk::IMdeEntity* element) {
-  bool doNeed = false;
-  ForEachLine(element, [&](std::string_view line) { doNeed = doNeed || NeedsRepair(line); });
-  return doNeed;
+  return isRepaired;
 }
 
 }  // namespace mdktoidl

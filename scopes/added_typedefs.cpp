@@ -255,7 +255,7 @@ class TypeNamer {
   /// With the name of the element's module before it, where several have that name.
   std::string WantedName(const Group& group) const {
     const WrittenType& type = group.Type();
-    const std::string name = CoreNameOf(type) + TemplatesNameOf(type);
+    std::string name = CoreNameOf(type) + TemplatesNameOf(type);
     if (!elements_.at(PlainName(group)).second || type.Definition() == nullptr) return name;
     const Node* module = ModuleAround(*type.Definition());
     return module == nullptr ? name : std::string(module->Name()) + name;

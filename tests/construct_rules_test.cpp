@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <span>
 #include <string>
 #include <string_view>
@@ -13,6 +14,9 @@
 
 namespace {
 
+using model::Element;
+using model::Symbol;
+using support::ExportBench;
 using support::ProcessResult;
 using testing::HasSubstr;
 
@@ -126,7 +130,10 @@ TEST(ConstructRules, UnionsTellTheirCasesApart) {
       {"const K = 1 union U { switch k case a = K case b = 2 }", "", "case K:"},
       {"const K = 1 union U { switch k case a = K case b = 1 }", "label 1 is that of case M::U::a"},
       {"module N { const K = 1 } module M { union U { switch k case a = N::K } }", ""},
-      {"interface I { const K = 1 } interface J : M::I { union U { switch k case a = K } }", ""},
+      {"interface I { const K = 1 } interface J : M::I { union U { switch k case a = K } }", "",
+       "case K:"},
+      {"union U { switch k case a = M::K case b = ::M::L } const K = 1 const L = 2", "",
+       "case M::K:"},
       {"const K = 70000 union U { switch k : short case a = K }",
        "label constant M::K is no value of short"},
       {"const K : char = 'a' union U { switch k case a = K }", "constant M::K is no value of long"},
@@ -257,6 +264,13 @@ TEST(ConstructRules, ValueTypesInheritAndSupportWhatTheyMay) {
   ExpectJudgements(cases);
 }
 
+TEST(ConstructRules, LabelsOfOtherFilesAreIncluded) {
+  const support::Exported run = support::ExportSmallModel(
+      "module A { union U { switch k case a = B::K } } module B { const K = 1 }",
+      "isVerbatim=\"false\" fileMapping=\"MODULE_FLAT\"");
+  EXPECT_THAT(run.files.at("A.idl"), HasSubstr("#include \"B.idl\""));
+}
+
 TEST(ConstructRules, CommentsEndWithTheirLines) {
   const RuleCase cases[] = {
       {"struct S -- 'as in C:\\' { field x } struct T { field y : M::S }", "", "// as in C:\\ .\n"},
@@ -276,6 +290,123 @@ TEST(ConstructRules, ComponentsUseWhatTheyMay) {
        "port M::C::s: value type M::V is no event type"},
   };
   ExpectJudgements(cases, false);
+}
+
+/// Members of the module M that a small model can't say; the words behind are a `RuleCase`'s.
+struct BuiltCase {
+  const char* what;
+  void (*build)(ExportBench& bench, Element& module);
+  std::string_view finding;
+  std::string_view text = "";
+};
+
+Element& WithContext(ExportBench& b, Element& m, std::initializer_list<std::string_view> strings) {
+  auto& operation = b.Operation(b.Interface(m, "I"), "op");
+  auto& mark = b.Model().Apply(operation, b.Model().Stereotype("CORBAOperation"));
+  b.Model().SetTag(mark, Symbol("overrideIsDefaultAsync"), "true");
+  b.Model().SetListTag(mark, Symbol("context"), {strings.begin(), strings.size()});
+  return operation;
+}
+
+Element& Price(ExportBench& b, Element& m, int digits, int scale) {
+  auto& price = b.Class(m, "Price", "CORBATypedef");
+  b.Attribute(price, "of", b.Template("fixed", {digits, scale}));
+  return price;
+}
+
+constexpr BuiltCase builtCases[] = {
+    {"an array as state",
+     [](ExportBench& b, Element& m) {
+       b.Attribute(b.Value(m, "V"), "grid", b.Template("array", {"long", 2, 3}));
+     },
+     "", "public long grid[2][3];"},
+    {"a fixed-point constant",
+     [](ExportBench& b, Element& m) {
+       auto& price = Price(b, m, 5, 2);
+       b.Default(b.Constant(m, "A", price, 0), "RealValue", "-1.25");
+       b.Constant(m, "B", price, 3);
+     },
+     "", "A = -1.25d;"},
+    {"too many digits in a fixed-point constant",
+     [](ExportBench& b, Element& m) {
+       b.Default(b.Constant(m, "A", Price(b, m, 5, 2), 0), "RealValue", "1234567.5");
+     },
+     "constant M::A: 1234567.5 is no value of fixed<5, 2>"},
+    {"31 digits", [](ExportBench& b, Element& m) { Price(b, m, 31, 31); }, ""},
+    {"32 digits", [](ExportBench& b, Element& m) { Price(b, m, 32, 2); },
+     "typedef M::Price is a fixed<32, 2>"},
+    {"more digits behind the point", [](ExportBench& b, Element& m) { Price(b, m, 5, 6); },
+     "typedef M::Price is a fixed<5, 6>"},
+    {"a bounded string constant",
+     [](ExportBench& b, Element& m) {
+       auto& text = b.Class(m, "Text", "CORBATypedef");
+       b.Attribute(text, "of", b.Template("string", {3}));
+       b.Default(b.Constant(m, "A", text, 0), "CharstringValue", "\"a\\x41c\"");
+     },
+     ""},
+    {"a bounded string constant that is too long",
+     [](ExportBench& b, Element& m) {
+       auto& text = b.Class(m, "Text", "CORBATypedef");
+       b.Attribute(text, "of", b.Template("string", {3}));
+       b.Default(b.Constant(m, "A", text, 0), "CharstringValue", "\"abcd\"");
+     },
+     "constant M::A: \"abcd\" is no value of string<3>"},
+    {"a constant without a text",
+     [](ExportBench& b, Element& m) {
+       b.Default(b.Constant(m, "A", "long", 0), "OpaqueExpression", "");
+     },
+     "constant M::A:  is no value of long"},
+    {"a line end in a string",
+     [](ExportBench& b, Element& m) {
+       b.Default(b.Constant(m, "A", "string", 0), "CharstringValue", "\"a\nb\"");
+     },
+     "", "A = \"a\\nb\";"},
+    {"a context",
+     [](ExportBench& b, Element& m) {
+       WithContext(b, m, {"\"A*\"", "\"b.c\""});
+     },
+     "", "context (\"A*\", \"b.c\")"},
+    {"a context without quotes",
+     [](ExportBench& b, Element& m) {
+       WithContext(b, m, {"A", " "});
+     },
+     "", "op() context (\"A\");"},
+    {"an empty context", [](ExportBench& b, Element& m) { WithContext(b, m, {""}); }, "", "op();"},
+    {"no name in a context", [](ExportBench& b, Element& m) { WithContext(b, m, {"\"1 2\""}); },
+     "operation M::I::op: \"1 2\" is no context string"},
+    {"a parameter without a direction",
+     [](ExportBench& b, Element& m) {
+       b.Parameter(b.Operation(b.Interface(m, "I"), "op"), "p", "long", "DkSideways");
+     },
+     "parameter M::I::op::p has no direction"},
+    {"a boxed value in an interface",
+     [](ExportBench& b, Element& m) {
+       b.Attribute(b.Make(b.Interface(m, "I"), "Syntype", "Box", "CORBABoxedValue"), "of", "long");
+     },
+     "boxed value M::I::Box cannot stand in interface M::I"},
+};
+
+TEST(ConstructRules, HoldForWhatOtherHostsSay) {
+  for (const auto& [what, build, finding, text] : builtCases) {
+    SCOPED_TRACE(what);
+    for (const char* way : {"false", "true"}) {
+      ExportBench bench;
+      auto& module = bench.Module("M");
+      build(bench, module);
+      const support::Exported run = bench.Export({&module}, {{"isVerbatim", way}});
+      const bool isUsual = way == std::string_view("false");
+      if (isUsual) {
+        EXPECT_THAT(run.Diagnostics(), HasSubstr(std::string(finding)));
+        EXPECT_EQ(run.Diagnostics().find("Error"), finding.empty() ? std::string::npos : 0);
+      }
+      const bool isWritten = run.Diagnostics().find("Error") == std::string::npos;
+      if (!isWritten || isUsual != finding.empty()) continue;
+      EXPECT_THAT(run.Body(), HasSubstr(std::string(text)));
+      const ProcessResult compiled =
+          support::RunProcess({IDLEXPORT_OMNIIDL, "-bdump", "out/Out.idl"}, bench.Directory());
+      EXPECT_EQ(compiled.status == 0, finding.empty()) << run.Body() << compiled.errors;
+    }
+  }
 }
 
 }  // namespace

@@ -282,8 +282,8 @@ constexpr std::string_view smallModels[] = {
     "interface I { } interface J { } value V : M::I , M::J { } value W : M::V { } boxed X : M::V",
     "interface I { } interface J { } value V : M::I { } value W : M::V , M::J { } abstract Y { }"
     " value X : M::Y , M::V { }",
-    "interface I { attr _x } value V { finder find boxed B : long } struct S -- 'a\\\\' { field "
-    "any }",
+    "interface I { attr _x } value V { finder find boxed B : long } struct S { field any }",
+    "struct S -- 'a\\' { field x }",
     "struct T { field x } module N { struct T { field y } struct S { field z : M::T } }",
     "module A { struct S { field t : M::B::S } struct T { field x } } "
     "module B { struct S { field t : M::A::T } }",

@@ -46,7 +46,6 @@ class Port : public Node {
                                   Forward::no, Language::idl,   25};
   const Construct& Kind() const override { return kind; }
   bool isDeclared() const override { return uses.Has(UseRole::port); }
-  bool writesComments() const override { return false; }
   Expectation Expects(UseRole) const override { return Rules().expected; }
   void Unparse(Writer& out) const override;
 

@@ -1,6 +1,5 @@
 #include "tree/constant_names.h"
 
-#include <algorithm>
 #include <unordered_set>
 #include <vector>
 
@@ -23,19 +22,22 @@ bool isScopedName(std::string_view text) {
 
 }  // namespace
 
-const ConstantNames::Index& ConstantNames::ByScopedName() const {
+const ConstantNames::Index& ConstantNames::All() const {
   if (index_) return *index_;
   index_.emplace();
   for (Node* node : root_.Nodes()) {
-    if (node->declaresConstant()) index_->try_emplace(node->ScopedName("::"), node);
+    if (&node->Kind() == &Include::kind) index_->hasIncludes = true;
+    if (!node->declaresConstant()) continue;
+    index_->byScopedName.try_emplace(node->ScopedName("::"), node);
+    index_->names.insert(node->Name());
   }
   return *index_;
 }
 
 Node* ConstantNames::FindScoped(const std::string& scopedName) const {
-  const Index& index = ByScopedName();
-  const auto found = index.find(scopedName);
-  return found == index.end() ? nullptr : found->second;
+  const auto& byScopedName = All().byScopedName;
+  const auto found = byScopedName.find(scopedName);
+  return found == byScopedName.end() ? nullptr : found->second;
 }
 
 Node* ConstantNames::FindIn(const Node& scope, std::string_view name) const {
@@ -52,7 +54,10 @@ Node* ConstantNames::FindIn(const Node& scope, std::string_view name) const {
 }
 
 Node* ConstantNames::Find(const Node& user, std::string_view name) const {
-  if (!isScopedName(name) || ByScopedName().empty()) return nullptr;
+  if (!isScopedName(name)) return nullptr;
+  const std::size_t separator = name.rfind("::");
+  const std::size_t begin = separator == std::string_view::npos ? 0 : separator + 2;
+  if (!All().names.contains(name.substr(begin))) return nullptr;
   if (name.starts_with("::")) return FindScoped(std::string(name.substr(2)));
   for (const Node* scope = user.Enclosing(); scope != nullptr; scope = scope->Enclosing()) {
     if (Node* found = FindIn(*scope, name)) return found;
@@ -61,8 +66,7 @@ Node* ConstantNames::Find(const Node& user, std::string_view name) const {
 }
 
 bool ConstantNames::mayBeIncluded(std::string_view text) const {
-  const auto isInclude = [](const Node* node) { return &node->Kind() == &Include::kind; };
-  return isScopedName(text) && std::ranges::any_of(root_.Nodes(), isInclude);
+  return isScopedName(text) && All().hasIncludes;
 }
 
 }  // namespace mdktoidl

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "tree/node.h"
 
@@ -25,9 +26,13 @@ class ConstantNames {
   bool mayBeIncluded(std::string_view text) const;
 
  private:
-  using Index = std::unordered_map<std::string, Node*>;
+  struct Index {
+    std::unordered_map<std::string, Node*> byScopedName;
+    std::unordered_set<std::string_view> names;  // simple ones, of all constants
+    bool hasIncludes = false;
+  };
 
-  const Index& ByScopedName() const;
+  const Index& All() const;
   Node* FindIn(const Node& scope, std::string_view name) const;
   Node* FindScoped(const std::string& scopedName) const;
 

@@ -144,6 +144,7 @@ void Constant::ResolveValue() {
   if (isExpression || metaclass == metaclasses::realValue ||
       metaclass == metaclasses::integerValue || metaclass == metaclasses::characterValue ||
       metaclass == metaclasses::charstringValue) {
+    hasText = true;
     valueText = nodeRegistry.Store(value->GetValue(properties::valueString, 0));
   } else if (metaclass == metaclasses::ident) {
     ResolveIdentifier(value);
@@ -236,7 +237,7 @@ void Constant::CheckLegality(const ConstantNames&) const {
     return Report(Message::constantTypeHasNoConstants, {ScopedName("::"), base.Text()});
   }
   const Use* named = NamedValue();
-  const bool isKnown = (named != nullptr || !valueText.empty()) && Last() != nullptr;
+  const bool isKnown = (named != nullptr || hasText) && Last() != nullptr;
   if (!isKnown || isValueLegal(base)) return;
   const std::string value = TextOfValue();
   if (named == nullptr) {

@@ -66,7 +66,6 @@ class Enumerator : public Node {
   const Definition* NameScope() const override { return Scope()->Scope(); }
   bool isEnumerator() const override { return true; }
   Meanings Means() const override { return meanings::constant; }
-  bool writesComments() const override { return false; }
   void Unparse(Writer& out) const override { out << Written(); }
 
  protected:
@@ -144,6 +143,7 @@ class Constant : public Node {
   WrittenType type;
   mutable const Constant* last = nullptr;  // as `Last` says, once it was asked
   mutable bool isLastKnown = false;
+  bool hasText = false;
   std::string_view valueText;  // of a literal; empty where the value is a use
 };
 

@@ -1,8 +1,5 @@
 #include "tree/legality.h"
 
-#include <string>
-
-#include "output/comment.h"
 #include "tree/constant_names.h"
 #include "tree/data_types.h"
 #include "tree/local_types.h"
@@ -51,11 +48,7 @@ void CheckUses(const Node& user) {
 void RepairDeclarations(const Root& root) {
   const ConstantNames constants(root);
   for (Node* node : root.Nodes()) {
-    if (!node->isDeclared()) continue;
-    node->Repair(constants);
-    if (node->writesComments() && CommentsNeedRepair(node->Entity())) {
-      node->Report(Message::commentRepaired, {node->Described()});
-    }
+    if (node->isDeclared()) node->Repair(constants);
   }
 }
 

@@ -128,7 +128,6 @@ class Parameter : public Node {
   /// The operation writes the type of its result in place of the parameter.
   bool isDeclared() const override;
   void Unparse(Writer& out) const override;
-  bool writesComments() const override { return false; }
   void CheckLegality(const ConstantNames&) const override;
   const WrittenType* TypeToName() const override { return &type; }
   void NameType(Node& definition) override { WriteTypeAs(definition, type); }

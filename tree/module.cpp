@@ -254,6 +254,12 @@ void Module::UnparseModuleScopeEnd(Writer& out) const {
   }
 }
 
+void Module::NoteUse(const Node& user, Node& used) {
+  const Node* file = GetFileNode(&user);
+  if (!file->isModule() || GetFileNode(&used) == file) return;
+  static_cast<Module*>(nodeRegistry.Nodes()[file->Serial()])->external.push_back(&used);
+}
+
 std::vector<const Node*> Module::Included() const {
   NodeList used = external;
   used.insert(used.end(), nested.begin(), nested.end());

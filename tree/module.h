@@ -53,7 +53,6 @@ class Root : public FileScope {
                                   Forward::no, Language::idl,   27};
   const Construct& Kind() const override { return kind; }
   bool isDeclared() const override { return false; }
-  bool writesComments() const override { return false; }
 
   /// Appends a declaration; the root owns it from then on.
   void AddNode(std::unique_ptr<Node> node) { Adopt(std::move(node)); }
@@ -117,6 +116,9 @@ class Module : public FileScope {
   /// The node whose file holds `node`: the innermost module around it, or else the root.
   static const Node* GetFileNode(const Node* node);
 
+  /// Lets the file of `user` include that of what it turned out to use after it was evaluated.
+  static void NoteUse(const Node& user, Node& used);
+
  protected:
   void ResolveTypes(NodeList& deps) override;
 
@@ -144,7 +146,6 @@ class Include : public Node {
                                   Forward::no, Language::idl,   26};
   const Construct& Kind() const override { return kind; }
   bool isDeclared() const override { return false; }
-  bool writesComments() const override { return false; }
   void Unparse(Writer& out) const override;
 
  protected:
@@ -166,7 +167,6 @@ class Artifact : public Node {
                                   Forward::no, Language::idl,   27};
   const Construct& Kind() const override { return kind; }
   bool isDeclared() const override { return false; }
-  bool writesComments() const override { return false; }
   void Unparse(Writer&) const override {}
 
  protected:

@@ -326,7 +326,9 @@ bool Node::isHiddenHere(const Node& other) const {
 }
 
 void Node::UnparseComment(mdk::IMdeEntity* element, Writer& out) const {
-  WriteComments(element, out);
+  if (WriteComments(element, out)) {
+    TellObserver({Message::commentRepaired, element, {Described()}});
+  }
 }
 
 void Node::UnparseHeading(Writer& out) const {

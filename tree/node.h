@@ -111,8 +111,6 @@ class Node : public Definition {
   virtual const WrittenType* Denotes() const { return nullptr; }
   /// The type that this gives its own type to, as a field does to its struct; null for none.
   virtual const Node* TypeThatHoldsMine() const { return nullptr; }
-  /// Whether the element's comments are written before it.
-  virtual bool writesComments() const { return true; }
 
   /// Makes legal what compilers would refuse, where that can be done in the declaration itself, and
   /// tells of it. Not called where the plain form is wanted.

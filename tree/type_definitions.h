@@ -68,7 +68,6 @@ class AddedTypedef : public Node {
   const Node* TypeThatHoldsMine() const override { return this; }
   mdk::IMdeEntity* Blamed() const override { return blamed; }
   Meanings Means() const override { return meanings::type; }
-  bool writesComments() const override { return false; }
 
  protected:
   void ResolveTypes(NodeList&) override {}

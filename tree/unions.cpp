@@ -8,6 +8,7 @@
 
 #include "tree/constant_names.h"
 #include "tree/data_types.h"
+#include "tree/module.h"
 #include "tree/type_definitions.h"
 #include "types/elements.h"
 #include "types/identifier.h"
@@ -290,11 +291,21 @@ void Case::AddLabel(Node& enumerator, Spelling spelling) {
   labels.push_back({"", &use});
 }
 
+namespace {
+
+Spelling SpellingAsIn(std::string_view name) {
+  if (name.starts_with("::")) return Spelling::absolute;
+  return name.find("::") == std::string_view::npos ? Spelling::simple : Spelling::scoped;
+}
+
+}  // namespace
+
 void Case::RepairLabels(const BaseType& type, const ConstantNames& constants) {
   for (Label& label : labels) {
     if (label.named != nullptr) continue;
     if (Node* constant = constants.Find(*this, label.literal)) {
-      label.named = &AddUse(*constant, UseRole::label);
+      label.named = &AddUse(*constant, UseRole::label, SpellingAsIn(label.literal));
+      Module::NoteUse(*this, *constant);
       continue;
     }
     std::string repaired = LiteralOf(type.predefined, label.literal);

@@ -281,11 +281,10 @@ std::string Prefixed(bool isWide, std::string_view text) {
 std::string FloatingOf(std::string_view text) {
   const Literal literal = ReadLiteral(text);
   if (literal.kind != LiteralKind::integer) return std::string(text);
-  const bool isDecimal = literal.isTooLarge || literal.number == 0 || text.find('x') == text.npos;
   std::string_view digits = text;
   digits.remove_prefix(std::min(digits.find_first_of("0123456789"), digits.size()));
-  const bool isOther = digits.size() > 1 && digits.front() == '0';
-  if (isDecimal && !isOther) return std::string(text) + ".0";
+  const bool isDecimal = digits.size() == 1 || digits.front() != '0';
+  if (isDecimal) return std::string(text) + ".0";
   if (literal.isTooLarge) return std::string(text);
   return (literal.isNegative ? "-" : "") + std::to_string(literal.number) + ".0";
 }

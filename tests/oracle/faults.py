@@ -173,7 +173,7 @@ def a_default_without_values_left(chance):
 
 def a_label_of_another_type(chance):
     switch, label = chance.choice(
-        [(Basic("short"), Literal(40000)), (Basic("char"), Literal(1)), (LONG, Literal("x", "'x'")), (LONG, Literal(1.5))]
+        [(Basic("short"), Literal(40000)), (Basic("char"), Literal(10)), (LONG, Literal("x", "'x'")), (LONG, Literal(1.5))]
     )
     return [Union("BadUnion", switch, [Case("a", LONG, [label])])]
 
