@@ -42,9 +42,10 @@ Meaning LookUp::OfFirst(const Use& use, const Node& first) {
   const NameNumber name = names_.Of(first);
   if (!MayClash(name)) return OfUnique(use, first);
   const Node* start = StartOf(use);
+  std::vector<const Node*> entered;
   for (const Node* scope = start;; scope = NameScopeOf(*scope)) {
     const Node* hit = table_.Declared(scope, name);
-    if (hit != nullptr && isRight(*hit, first)) return {};
+    if (hit != nullptr && isRight(*hit, first)) return Enter(first, name, entered);
     if (hit != nullptr && Enters(use, scope, start)) {
       return {Meaning::Kind::clash, &first, hit, scope, false};
     }
@@ -53,12 +54,26 @@ Meaning LookUp::OfFirst(const Use& use, const Node& first) {
     }
     if (Inherits(scope)) {
       const auto [inherited, isAmbiguous] = table_.InheritedBy(*scope, name);
-      if (inherited != nullptr && !isAmbiguous && isRight(*inherited, first)) return {};
+      if (inherited != nullptr && !isAmbiguous && isRight(*inherited, first)) {
+        return Enter(first, name, entered);
+      }
       if (inherited != nullptr) return {Meaning::Kind::hidden, &first, inherited, scope, true};
       if (table_.IsExhausted()) return {Meaning::Kind::nothing};
     }
     if (scope == nullptr) return {Meaning::Kind::nothing};
+    if (Enters(use, scope, start)) entered.push_back(table_.ScopeOf(scope));
   }
+}
+
+Meaning LookUp::Enter(const Node& first, NameNumber name, const std::vector<const Node*>& scopes) {
+  for (const Node* scope : scopes) {
+    const auto entry = entered_.find({scope, name});
+    if (entry != entered_.end() && !isRight(*entry->second, first)) {
+      return {Meaning::Kind::clash, &first, entry->second, scope, false};
+    }
+  }
+  for (const Node* scope : scopes) entered_.try_emplace({scope, name}, &first);
+  return {};
 }
 
 // Nothing can hide it or clash with it: it has to be found alone.

@@ -6,6 +6,10 @@
 // declared there as well, except in a module around the scopes that use it.
 #pragma once
 
+#include <map>
+#include <utility>
+#include <vector>
+
 #include "scopes/scope_table.h"
 #include "tree/places.h"
 
@@ -44,7 +48,8 @@ class LookUp {
   LookUp(const Root& root, const DeclaredNames& names, const Places& places)
       : names_(names), places_(places), table_(root, names) {}
 
-  /// What a use would mean if it were spelled so.
+  /// What a use would mean if it were spelled so. Where that is right, the use counts as spelled so
+  /// from then on: what it enters into scopes is in the way of others.
   Meaning Of(const Use& use, Spelling spelling);
 
   const ScopeTable& Table() const { return table_; }
@@ -52,11 +57,13 @@ class LookUp {
  private:
   Meaning OfFirst(const Use& use, const Node& first);
   Meaning OfUnique(const Use& use, const Node& first);
+  Meaning Enter(const Node& first, NameNumber name, const std::vector<const Node*>& scopes);
   bool isRight(const Node& hit, const Node& first) const;
 
   const DeclaredNames& names_;
   const Places& places_;
   ScopeTable table_;
+  std::map<std::pair<const Node*, NameNumber>, const Node*> entered_;  // looked up only
 };
 
 }  // namespace mdktoidl

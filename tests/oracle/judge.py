@@ -241,6 +241,7 @@ class Judge:
             return Failure("fault-accepted", case.fault)
         failure = self.of_refusal(exported)
         words = [rf"(?<!\w){re.escape(name)}(?!\w)" for name in case.names if len(name) > 1]
+        words += ["has no name"] if "" in case.names else []
         if failure or not words or any(re.search("|".join(words), error) for error in errors_of(exported)):
             return failure
         sound = case._replace(model=generate.Generator(case.seed).made(), fault="")
