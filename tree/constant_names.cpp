@@ -23,8 +23,8 @@ bool isScopedName(std::string_view text) {
 }  // namespace
 
 const ConstantNames::Index& ConstantNames::All() const {
-  if (index_) return *index_;
-  index_.emplace();
+  if (index_ != nullptr) return *index_;
+  index_ = std::make_unique<Index>();
   for (Node* node : root_.Nodes()) {
     if (&node->Kind() == &Include::kind) index_->hasIncludes = true;
     if (!node->declaresConstant()) continue;

@@ -1,7 +1,7 @@
 // What labels that are constants' names mean: the model has them as texts.
 #pragma once
 
-#include <optional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -37,7 +37,7 @@ class ConstantNames {
   Node* FindScoped(const std::string& scopedName) const;
 
   const Root& root_;
-  mutable std::optional<Index> index_;
+  mutable std::unique_ptr<Index> index_;  // null before the first question
 };
 
 }  // namespace mdktoidl
