@@ -113,9 +113,9 @@ bool areOnlyConstants(const std::vector<const Demand*>& steps) {
 }  // namespace
 
 Diagnostic CircleOf(Message message, const Node& node, const std::vector<const Demand*>& steps) {
-  Diagnostic circle{message, node.Entity(), {node.ScopedName("::"), ""}, {}};
+  Diagnostic circle{message, node.Blamed(), {node.ScopedName("::"), ""}, {}};
   for (const Demand* step : steps) {
-    circle.related.push_back({step->use->user->Entity(), StepOf(*step)});
+    circle.related.push_back({step->use->user->Blamed(), StepOf(*step)});
     if (!circle.pieces.back().empty()) circle.pieces.back() += "; ";
     circle.pieces.back() += circle.related.back().text;
   }
